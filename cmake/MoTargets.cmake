@@ -1,0 +1,51 @@
+include_guard(GLOBAL)
+
+# What every target of the tree has in common: standard, warnings, sanitizers.
+function(mo_setup_target target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                           $<$<BOOL:${MO_WARNINGS_AS_ERRORS}>:-Werror>)
+    if(MO_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${MO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${MO_SANITIZE})
+    endif()
+endfunction()
+
+# mo_add_library(<name> ALIAS <mo::name> [SHARED] BASE_DIR <dir> HEADERS <public>... SOURCES <files>... LINK <public targets>...)
+#
+# BASE_DIR is what goes on the include path: a header is included by its path below it, in the tree and installed alike.
+function(mo_add_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED" "ALIAS;BASE_DIR" "HEADERS;SOURCES;LINK")
+    set(kind)
+    if(arg_SHARED)
+        set(kind SHARED)
+    endif()
+    add_library(${name} ${kind})
+    add_library(${arg_ALIAS} ALIAS ${name})
+    string(REPLACE "mo::" "" exported ${arg_ALIAS})
+    set_target_properties(${name} PROPERTIES EXPORT_NAME ${exported} VERIFY_INTERFACE_HEADER_SETS ON
+                          POSITION_INDEPENDENT_CODE ON)
+    target_sources(${name} PRIVATE ${arg_SOURCES}
+                   PUBLIC FILE_SET HEADERS BASE_DIRS ${arg_BASE_DIR} FILES ${arg_HEADERS})
+    target_link_libraries(${name} PUBLIC ${arg_LINK})
+    mo_setup_target(${name})
+    install(TARGETS ${name} EXPORT moUndoStackTargets FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+endfunction()
+
+# mo_add_test(<name> SOURCES <files>... [LINK <targets>...])
+#
+# One executable, GoogleTest's main replaced by the one of tests/support. With MO_WHOLE_SUITES it is one test of ctest's that
+# runs all in one process, shuffled; otherwise each TEST is one of ctest's tests and has a process of its own.
+function(mo_add_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
+    add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE mo_test_support ${arg_LINK})
+    mo_setup_target(${name})
+    if(MO_WHOLE_SUITES)
+        add_test(NAME ${name} COMMAND ${name} --gtest_shuffle --gtest_brief=1)
+        set_tests_properties(${name} PROPERTIES ENVIRONMENT "${MO_TEST_ENVIRONMENT}" TIMEOUT 600)
+    else()
+        gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ENVIRONMENT "${MO_TEST_ENVIRONMENT}")
+    endif()
+endfunction()

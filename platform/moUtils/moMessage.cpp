@@ -1,0 +1,36 @@
+#include <moUtils/moMessage.h>
+
+#include <algorithm>
+
+namespace {
+
+// More than any command sets, so that a message allocates its list once.
+constexpr std::size_t typicalKeyCount = 10;
+
+template<class Entries>
+auto findEntry(Entries& entries, const std::string& key)
+{
+    return std::find_if(entries.begin(), entries.end(), [&key](const auto& entry) { return entry.first == key; });
+}
+
+} // namespace
+
+moMessage::moMessage()
+{
+    m_entries.reserve(typicalKeyCount);
+}
+
+void moMessage::set(const std::string& key, const boost::any& value, bool overwrite)
+{
+    const auto entry = findEntry(m_entries, key);
+    if (entry == m_entries.end())
+        m_entries.emplace_back(key, value);
+    else if (overwrite)
+        entry->second = value;
+}
+
+const boost::any* moMessage::find(const std::string& key) const
+{
+    const auto entry = findEntry(m_entries, key);
+    return entry == m_entries.end() ? nullptr : &entry->second;
+}

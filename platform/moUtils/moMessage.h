@@ -1,0 +1,31 @@
+#pragma once
+
+#include <boost/any.hpp>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+/// A record of keys and values. Entries keep the order in which their keys were first set.
+///
+/// A message has a handful of keys, so it is a flat list: setting and finding are linear.
+class moMessage
+{
+public:
+    using Entry = std::pair<std::string, boost::any>;
+
+    moMessage();
+
+    /// Sets a key. A key that is there already keeps its place; `overwrite` decides whether it takes the new value or
+    /// keeps the old one.
+    void set(const std::string& key, const boost::any& value, bool overwrite = true);
+
+    /// The value of a key; null when the key was not set. Valid until the next set().
+    const boost::any* find(const std::string& key) const;
+
+    /// All entries in the order in which their keys were set.
+    const std::vector<Entry>& entries() const { return m_entries; }
+
+private:
+    std::vector<Entry> m_entries;
+};
