@@ -1,0 +1,92 @@
+#pragma once
+
+#include <OpenSG/OSGFieldContainer.h>
+#include <OpenSG/OSGFieldContainerFactory.h>
+
+#include <utility>
+
+// The one place of the library that looks containers up, asks handles for their ids, opens edits and counts references.
+
+/// Id of a container; 0 for the null handle, which must not be asked.
+inline unsigned int containerId(const osg::FieldContainerPtr& container)
+{
+    return container == osg::NullFC ? 0 : container.getFieldContainerId();
+}
+
+/// The container with this id as a handle of the given type; null when it is gone, was never there or is of another type.
+template<class Ptr>
+Ptr findContainer(unsigned int id)
+{
+    return Ptr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
+}
+
+template<>
+inline osg::FieldContainerPtr findContainer<osg::FieldContainerPtr>(unsigned int id)
+{
+    return osg::FieldContainerFactory::the()->getContainer(id);
+}
+
+/// An edit of a container by the user: open from construction to destruction, also when the edit throws. The container's
+/// change notification goes out when it closes. A null container makes it do nothing.
+class ContainerEdit
+{
+public:
+    ContainerEdit(const osg::FieldContainerPtr& container, osg::BitVector mask) : m_container(container), m_mask(mask)
+    {
+        osg::beginEditCP(m_container, m_mask, origin);
+    }
+    ~ContainerEdit() noexcept(false) { osg::endEditCP(m_container, m_mask, origin); }
+    ContainerEdit(const ContainerEdit&) = delete;
+    ContainerEdit& operator=(const ContainerEdit&) = delete;
+
+private:
+    static constexpr osg::UInt32 origin = osg::ChangedOrigin::External;
+
+    osg::FieldContainerPtr m_container;
+    osg::BitVector m_mask;
+};
+
+/// For the few commands that hand a reference over; everybody else holds a ContainerReference. Null handles are ignored.
+inline void addReference(const osg::FieldContainerPtr& container)
+{
+    osg::addRefCP(container);
+}
+
+/// May destroy the container; only the handle given becomes null then.
+inline void releaseReference(const osg::FieldContainerPtr& container)
+{
+    osg::subRefCP(container);
+}
+
+/// Keeps a container alive: one reference from construction to destruction. Found again by id, so that nothing happens at the
+/// end when somebody has destroyed the container all the same.
+class ContainerReference
+{
+public:
+    ContainerReference() = default;
+    explicit ContainerReference(const osg::FieldContainerPtr& container) : m_id(containerId(container))
+    {
+        addReference(container);
+    }
+    ~ContainerReference() { releaseReference(findContainer<osg::FieldContainerPtr>(m_id)); }
+    ContainerReference(ContainerReference&& other) noexcept : m_id(std::exchange(other.m_id, 0)) {}
+    ContainerReference& operator=(ContainerReference&& other) noexcept
+    {
+        std::swap(m_id, other.m_id);
+        return *this;
+    }
+    ContainerReference(const ContainerReference&) = delete;
+    ContainerReference& operator=(const ContainerReference&) = delete;
+
+    /// 0 when it holds nothing.
+    unsigned int id() const { return m_id; }
+
+    template<class Ptr>
+    Ptr find() const
+    {
+        return findContainer<Ptr>(m_id);
+    }
+
+private:
+    unsigned int m_id = 0;
+};

@@ -1,0 +1,119 @@
+#include <moUndoStack/core/moMultiCommand.h>
+
+#include <moUndoStack/core/moUndoCommand.h>
+#include <moUndoStack/core/moUndoStack.h>
+
+#include <moUndoUtils/moUndoString.h>
+
+#include <utility>
+
+MO_UNDO_COMMAND_ID_IMPL(moMultiCommand)
+
+namespace {
+
+using Step = void (QUndoCommand::*)();
+
+/// Runs a step on each child in turn and then the after function. What was through when one of them throws is taken back, in
+/// the opposite order; a second failure while doing so changes nothing about the first.
+template<class ChildAt>
+void runWhole(int count, const ChildAt& childAt, Step step, Step opposite, const std::function<void()>& after)
+{
+    int through = 0;
+    try {
+        for (; through < count; ++through)
+            (childAt(through)->*step)();
+        if (after) after();
+    } catch (...) {
+        while (through > 0) {
+            --through;
+            try {
+                (childAt(through)->*opposite)();
+            } catch (...) { // NOLINT(bugprone-empty-catch): the first exception is the one to report
+            }
+        }
+        throw;
+    }
+}
+
+} // namespace
+
+moMultiCommand::moMultiCommand(const moUndoString& text) : moMultiCommand(text, nullptr) {}
+
+moMultiCommand::moMultiCommand(const moUndoString& text, QUndoCommand* parent)
+    : moUndoCommandBase(text, parent ? parent : moUndoStack::getCurrentCommandParent())
+{
+}
+
+moMultiCommand::moMultiCommand(const moUndoString& text, QUndoCommand* /*parent*/, bool mergeEnabled)
+    : moUndoCommandBase(text, moUndoStack::getCurrentCommandParent()), m_mergeEnabled(mergeEnabled)
+{
+}
+
+moMultiCommand::moMultiCommand(const moUndoString& text, std::function<void()> after)
+    : moUndoCommandBase(text, moUndoStack::getCurrentCommandParent()), m_after(std::move(after))
+{
+}
+
+moMultiCommand::~moMultiCommand() = default;
+
+void moMultiCommand::undo()
+{
+    const int last = childCount() - 1;
+    runWhole(
+        childCount(), [this, last](int i) { return childAt(last - i); }, &QUndoCommand::undo, &QUndoCommand::redo, m_after);
+}
+
+void moMultiCommand::redo()
+{
+    runWhole(
+        childCount(), [this](int i) { return childAt(i); }, &QUndoCommand::redo, &QUndoCommand::undo, m_after);
+}
+
+bool moMultiCommand::mergeWith(const QUndoCommand* other)
+{
+    if (!canMergeWith(other)) return false;
+    for (int i = 0; i < childCount(); ++i)
+        childAt(i)->mergeWith(other->child(i));
+    setText(other->text());
+    return true;
+}
+
+void moMultiCommand::makeMessage(moMessage& message) const
+{
+    if (childCount() == 0) return;
+    if (const auto* first = dynamic_cast<const moUndoCommand*>(child(0))) first->makeMessage(message);
+}
+
+bool moMultiCommand::canMergeWith(const QUndoCommand* other) const
+{
+    if (!other || !m_mergeEnabled || other->id() != id() || other->childCount() != childCount()) return false;
+    for (int i = 0; i < childCount(); ++i) {
+        const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i));
+        if (!command || !command->canMergeWith(other->child(i))) return false;
+    }
+    return true;
+}
+
+void moMultiCommand::setMergeEnabled(bool enabled)
+{
+    m_mergeEnabled = enabled;
+}
+
+bool moMultiCommand::isMergeEnabled() const
+{
+    return m_mergeEnabled;
+}
+
+bool moMultiCommand::hasChild(const QUndoCommand* command) const
+{
+    for (int i = 0; i < childCount(); ++i) {
+        if (child(i) == command) return true;
+    }
+    return false;
+}
+
+QUndoCommand* moMultiCommand::childAt(int index) const
+{
+    // Qt hands children out as const only; they are this command's own.
+    return const_cast<QUndoCommand*>(child(index));
+}

@@ -1,0 +1,50 @@
+#include <moUndoStack/core/moUndoCommand.h>
+
+#include <moUndoStack/core/moUndoClock_p.h>
+#include <moUndoStack/core/moUndoStack.h>
+
+#include <moUtils/moMessage.h>
+
+#include <unordered_map>
+
+moUndoCommand::moUndoCommand(const moUndoString& text, QUndoCommand* parent)
+    : moUndoCommandBase(text, parent ? parent : moUndoStack::getCurrentCommandParent()),
+      m_creationTime(moUndoClock::seconds())
+{
+}
+
+moUndoCommand::~moUndoCommand() = default;
+
+void moUndoCommand::makeMessage(moMessage& message) const
+{
+    message.set("id", id(), true);
+}
+
+bool moUndoCommand::canMergeWith(const QUndoCommand* other) const
+{
+    const auto* newer = dynamic_cast<const moUndoCommand*>(other);
+    if (!newer || !newer->m_mergeEnabled || newer->id() != id()) return false;
+    if (!(newer->m_mergeResponseDelta >= 0.0)) return true;
+    return m_creationTime > newer->m_creationTime - newer->m_mergeResponseDelta;
+}
+
+int moUndoCommand::makeId(std::type_index type)
+{
+    static std::unordered_map<std::type_index, int> s_ids;
+    static int s_lastId = 0;
+
+    const auto known = s_ids.find(type);
+    if (known != s_ids.end()) return known->second;
+    s_ids.emplace(type, s_lastId + 1);
+    return ++s_lastId;
+}
+
+void moUndoCommand::setMergeResponseDelta(const double& seconds)
+{
+    m_mergeResponseDelta = seconds;
+}
+
+void moUndoCommand::setMergeEnabled(bool enabled)
+{
+    m_mergeEnabled = enabled;
+}

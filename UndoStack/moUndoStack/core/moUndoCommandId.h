@@ -1,0 +1,46 @@
+#pragma once
+
+#include <typeindex>
+
+// The identity of a command class, declared and defined in one line each. Every concrete command class has
+//
+//     static int commandId();         its id, made on first use and the same for the life of the process
+//     int id() const override;        commandId(): Qt asks two commands to merge only if they answer alike
+//     static void classNameTest();    private and empty: names the class in its own scope
+//
+// MO_UNDO_COMMAND_ID stands in the class body and leaves the access at private.
+
+#define MO_UNDO_COMMAND_ID                                                                                             \
+public:                                                                                                                \
+    static int commandId();                                                                                            \
+    int id() const override;                                                                                           \
+                                                                                                                       \
+private:                                                                                                               \
+    static void classNameTest();
+
+#define MO_UNDO_COMMAND_ID_IMPL(Class)                                                                                 \
+    int Class::commandId()                                                                                             \
+    {                                                                                                                  \
+        static const int cmdId = moUndoCommand::makeId(std::type_index(typeid(Class)));                                \
+        return cmdId;                                                                                                  \
+    }                                                                                                                  \
+    int Class::id() const { return commandId(); }                                                                      \
+    void Class::classNameTest() {}
+
+/// The same for a class template with one type parameter, before its explicit instantiations.
+#define MO_UNDO_COMMAND_ID_TEMPLATE_IMPL(Class, T)                                                                     \
+    template<class T>                                                                                                  \
+    int Class<T>::commandId()                                                                                          \
+    {                                                                                                                  \
+        static const int cmdId = moUndoCommand::makeId(std::type_index(typeid(Class<T>)));                             \
+        return cmdId;                                                                                                  \
+    }                                                                                                                  \
+    template<class T>                                                                                                  \
+    int Class<T>::id() const                                                                                           \
+    {                                                                                                                  \
+        return commandId();                                                                                            \
+    }                                                                                                                  \
+    template<class T>                                                                                                  \
+    void Class<T>::classNameTest()                                                                                     \
+    {                                                                                                                  \
+    }

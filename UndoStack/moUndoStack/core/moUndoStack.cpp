@@ -1,0 +1,475 @@
+#include <moUndoStack/core/moUndoStack.h>
+
+#include <moUndoStack/core/moMultiCommand.h>
+#include <moUndoStack/core/moUndoCommand.h>
+
+#include <moUndoUtils/moUndoString.h>
+#include <moUtils/moLog.h>
+#include <moUtils/moMessage.h>
+
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QUndoStack>
+#include <QtWidgets/QUndoView>
+
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+unsigned int moUndoStack::s_undoEnableCount = 0;
+unsigned int moUndoStack::s_blockUndoCount = 0;
+QStack<QPair<moMultiCommand*, moUndoStack::StackType>> moUndoStack::s_multiCommands;
+std::vector<moMultiCommand*> moUndoStack::s_abandoned;
+
+namespace {
+
+constexpr const char* redoMessage = "moURManager::redo";
+constexpr const char* undoMessage = "moURManager::undo";
+constexpr unsigned int stackCount = 2;
+
+} // namespace
+
+/// Both stacks; the second one is destroyed first.
+struct moUndoStacks
+{
+    moUndoStack all[stackCount];
+
+    static moUndoStacks& the()
+    {
+        static moUndoStacks s_stacks;
+        return s_stacks;
+    }
+
+    moUndoStacks() = default;
+    moUndoStacks(const moUndoStacks&) = delete;
+    moUndoStacks& operator=(const moUndoStacks&) = delete;
+    ~moUndoStacks()
+    {
+        qRemovePostRoutine(closeHistories);
+        while (!moUndoStack::s_multiCommands.isEmpty())
+            moUndoStack::abandon(moUndoStack::s_multiCommands.pop().first);
+        for (const moMultiCommand* composite : moUndoStack::s_abandoned)
+            delete composite;
+        moUndoStack::s_abandoned.clear();
+    }
+
+    /// A widget must be gone before the application object is. Its destructor calls this; if the application object is never
+    /// destroyed, the handler of process exit does, before anything that Qt made earlier goes.
+    static void closeHistories()
+    {
+        for (moUndoStack& stack : the().all)
+            stack.closeHistory();
+    }
+
+    static void closeHistoriesInTime()
+    {
+        qAddPostRoutine(closeHistories);
+        static const int s_registered = std::atexit(closeHistories);
+        Q_UNUSED(s_registered)
+    }
+};
+
+moUndoStack::moUndoStack() : m_stack(new QUndoStack)
+{
+    connect(m_stack, &QUndoStack::indexChanged, this, &moUndoStack::indexChanged);
+}
+
+moUndoStack::~moUndoStack()
+{
+    closeHistory();
+    // Qt's stack reports its own end; nobody is to hear of it through an object that is half gone.
+    m_stack->disconnect(this);
+    delete m_stack;
+}
+
+moUndoStack& moUndoStack::get(unsigned int type)
+{
+    return moUndoStacks::the().all[type < stackCount ? type : DefaultStack];
+}
+
+moUndoStack::StackType moUndoStack::getType() const
+{
+    return this == &get(SecondStack) ? SecondStack : DefaultStack;
+}
+
+// --- recording ------------------------------------------------------------------------------------------------------
+
+bool moUndoStack::undoEnabled()
+{
+    return s_undoEnableCount != 0 && s_blockUndoCount == 0;
+}
+
+bool moUndoStack::undoBlocked()
+{
+    return s_blockUndoCount != 0;
+}
+
+void moUndoStack::beginUndo()
+{
+    ++s_undoEnableCount;
+}
+
+void moUndoStack::endUndo()
+{
+    if (s_undoEnableCount == 0)
+        moLog::errorNR("moUndoStack::endUndo(): no matching beginUndo()");
+    else
+        --s_undoEnableCount;
+}
+
+void moUndoStack::beginBlockUndo()
+{
+    ++s_blockUndoCount;
+}
+
+void moUndoStack::endBlockUndo()
+{
+    if (s_blockUndoCount == 0)
+        moLog::errorNR("moUndoStack::endBlockUndo(): no matching beginBlockUndo()");
+    else
+        --s_blockUndoCount;
+}
+
+// --- composition ----------------------------------------------------------------------------------------------------
+
+QUndoCommand* moUndoStack::currentMultiCommand()
+{
+    return s_multiCommands.isEmpty() ? nullptr : s_multiCommands.top().first;
+}
+
+QUndoCommand* moUndoStack::getCurrentCommandParent()
+{
+    return undoEnabled() ? currentMultiCommand() : nullptr;
+}
+
+bool moUndoStack::isChildOfMultiCommand(const QUndoCommand* command)
+{
+    for (const auto& composition : s_multiCommands) {
+        if (composition.first->hasChild(command)) return true;
+    }
+    return false;
+}
+
+void moUndoStack::beginMultiCommand(const QString& text, const QString& description, bool mergeEnabled)
+{
+    auto* composite = new moMultiCommand(moUndoString(text, description, QString()), nullptr, mergeEnabled);
+    s_multiCommands.push({composite, getType()});
+}
+
+void moUndoStack::endMultiCommand()
+{
+    if (s_multiCommands.isEmpty()) {
+        moLog::errorNR("moUndoStack::endMultiCommand(): no matching beginMultiCommand()");
+        return;
+    }
+    if (s_multiCommands.top().second != getType()) {
+        moLog::errorNR("moUndoStack::endMultiCommand(): no matching beginMultiCommand() for stack %i.",
+                       static_cast<int>(getType()));
+        return;
+    }
+
+    moMultiCommand* composite = s_multiCommands.pop().first;
+    if (!s_multiCommands.isEmpty()) {
+        abandon(composite);
+        return;
+    }
+    const int count = composite->childCount();
+    if (count < 1) {
+        delete composite;
+        return;
+    }
+
+    if (composite->getDescription().isEmpty()) {
+        if (const auto* first = dynamic_cast<const moUndoCommandBase*>(composite->child(0)))
+            composite->setDescription(QStringLiteral("Set ") + first->getDescription());
+    }
+    if (composite->text().isEmpty()) {
+        QString text = tr("Set ");
+        for (int i = 0; i < count; ++i) {
+            const QString name = composite->child(i)->text();
+            text += count == 1 ? name : QLatin1Char('(') + name + QLatin1String(") ");
+        }
+        composite->setText(text);
+    }
+    addOrExecute(composite);
+}
+
+void moUndoStack::clearMultiCommands()
+{
+    if (s_multiCommands.isEmpty()) return;
+    moLog::warningNR("moUndoStack::clearMultiCommands() called while multi command is composed.");
+    while (s_multiCommands.size() > 1)
+        abandon(s_multiCommands.pop().first);
+    delete s_multiCommands.pop().first;
+}
+
+/// A nested composite lives on as a child of the one around it. Without a parent it was begun while recording was off: nobody
+/// runs or records it, it is only kept until the process ends, as somebody may have made commands for it.
+void moUndoStack::abandon(moMultiCommand* composite)
+{
+    if (!composite->parent()) s_abandoned.push_back(composite);
+}
+
+// --- work on Qt's stack ---------------------------------------------------------------------------------------------
+
+void moUndoStack::keepException()
+{
+    if (!m_exception) {
+        m_exception = std::current_exception();
+        return;
+    }
+    try {
+        throw;
+    } catch (const std::exception& later) {
+        moLog::error("moUndoStack: another exception in the same operation: %s", later.what());
+    } catch (...) {
+        moLog::error("moUndoStack: another exception in the same operation");
+    }
+}
+
+template<class Call>
+void moUndoStack::work(const Call& call)
+{
+    ++m_busyDepth;
+    try {
+        call();
+    } catch (...) {
+        keepException();
+    }
+    --m_busyDepth;
+    m_pushing = false;
+}
+
+/// Carries a call out, or lets it wait while this stack is at work; the outermost call then sees to those that wait.
+template<class Call>
+void moUndoStack::perform(Call call)
+{
+    if (m_busyDepth > 0) {
+        m_waiting.push_back(std::move(call));
+        return;
+    }
+    work(call);
+    for (std::size_t i = 0; i < m_waiting.size(); ++i) {
+        const std::function<void()> next = std::move(m_waiting[i]);
+        work(next);
+    }
+    m_waiting.clear();
+    if (m_exception) std::rethrow_exception(std::exchange(m_exception, nullptr));
+}
+
+bool moUndoStack::owns(const QUndoCommand* command) const
+{
+    const QUndoCommand* last = m_stack->command(m_stack->count() - 1);
+    if (!last || last == command) return last;
+    return last->childCount() > 0 && last->child(last->childCount() - 1) == command;
+}
+
+void moUndoStack::push(QUndoCommand* command)
+{
+    perform([this, command] {
+        m_pushing = true;
+        try {
+            m_stack->push(command);
+        } catch (...) {
+            // Qt takes a command over only after it was run and not merged. Listeners do not throw into Qt, see indexChanged().
+            const auto* ours = dynamic_cast<const moUndoCommandBase*>(command);
+            if (!owns(command) && !(ours && ours->parent())) delete command;
+            throw;
+        }
+    });
+}
+
+void moUndoStack::add(QUndoCommand* command)
+{
+    if (command && s_multiCommands.isEmpty()) push(command);
+}
+
+void moUndoStack::addOrExecute(moUndoCommandBase* command)
+{
+    if (!command) return;
+    if (!command->parent() && !undoEnabled()) {
+        const std::unique_ptr<moUndoCommandBase> owned(command);
+        command->redo();
+        sendRedoNotification(command, -1, true);
+        return;
+    }
+    // A command with a parent is pushed even while nothing is being composed: intended.
+    add(command);
+}
+
+void moUndoStack::undo()
+{
+    perform([this] { m_stack->undo(); });
+}
+
+void moUndoStack::redo()
+{
+    perform([this] { m_stack->redo(); });
+}
+
+void moUndoStack::beginMacro(const QString& text)
+{
+    perform([this, text] { m_stack->beginMacro(text); });
+}
+
+void moUndoStack::endMacro()
+{
+    perform([this] {
+        m_pushing = true;
+        m_stack->endMacro();
+    });
+}
+
+void moUndoStack::mark()
+{
+    perform([this] { m_markIndex = m_stack->index(); });
+}
+
+void moUndoStack::reset()
+{
+    perform([this] { m_stack->setIndex(m_markIndex); });
+}
+
+void moUndoStack::clear()
+{
+    perform([this] {
+        m_stack->clear();
+        m_lastIndex = 0;
+        m_pushing = false;
+        m_markIndex = 0;
+        clearMultiCommands();
+        Q_EMIT cleared();
+    });
+}
+
+void moUndoStack::clearAll()
+{
+    get(DefaultStack).clear();
+    get(SecondStack).clear();
+}
+
+// --- queries --------------------------------------------------------------------------------------------------------
+
+bool moUndoStack::canUndo() const
+{
+    return m_stack->canUndo();
+}
+
+bool moUndoStack::canRedo() const
+{
+    return m_stack->canRedo();
+}
+
+const QUndoCommand* moUndoStack::currentCommand() const
+{
+    return m_stack->command(m_stack->index() - 1);
+}
+
+int moUndoStack::size() const
+{
+    return m_stack->count();
+}
+
+bool moUndoStack::isEmpty() const
+{
+    return m_stack->count() == 0;
+}
+
+// --- history --------------------------------------------------------------------------------------------------------
+
+void moUndoStack::showHistory()
+{
+    if (!qobject_cast<QApplication*>(QCoreApplication::instance())) {
+        moLog::errorNR("moUndoStack::showHistory(): there is no QApplication");
+        return;
+    }
+    if (!m_historyView) {
+        constexpr int width = 300;
+        constexpr int height = 100;
+        m_historyView = new QUndoView(m_stack);
+        m_historyView->setWindowTitle(tr("Undo/Redo History"));
+        m_historyView->resize(width, height);
+        // The view lays its whole list out again at each step; with rows of one height that needs no look at each.
+        m_historyView->setUniformItemSizes(true);
+        moUndoStacks::closeHistoriesInTime();
+    }
+    m_historyView->show();
+    m_historyView->raise();
+}
+
+void moUndoStack::closeHistory()
+{
+    delete m_historyView;
+}
+
+// --- notifications --------------------------------------------------------------------------------------------------
+
+void moUndoStack::setMessageCallback(MessageCallback callback)
+{
+    m_messageCallback = callback;
+}
+
+/// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear. Nothing may be thrown into Qt while it is
+/// at work for us: it could not say any more who owns the command. A click into the history comes from Qt itself.
+void moUndoStack::indexChanged(int i)
+{
+    if (m_busyDepth == 0) {
+        perform([this, i] { reportIndexChange(i); });
+        return;
+    }
+    try {
+        reportIndexChange(i);
+    } catch (...) {
+        keepException();
+    }
+}
+
+void moUndoStack::reportIndexChange(int i)
+{
+    const bool forward = m_lastIndex <= i;
+    const bool added = m_pushing;
+    m_lastIndex = i;
+    m_pushing = false;
+
+    if (forward) {
+        sendRedoNotification(m_stack->command(i - 1), i - 1, added);
+        return;
+    }
+    const QUndoCommand* undone = m_stack->command(i);
+    Q_EMIT undoPerformed(undone);
+    sendMessage(undoMessage, i, false);
+    callChangedCB(undone, false);
+}
+
+void moUndoStack::sendRedoNotification(const QUndoCommand* command, int index, bool added)
+{
+    Q_EMIT redoPerformed(command, added);
+    sendMessage(command, redoMessage, index, added);
+    callChangedCB(command, true);
+}
+
+void moUndoStack::sendMessage(const char* name, int index, bool added) const
+{
+    sendMessage(m_stack->command(index), name, index, added);
+}
+
+void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const
+{
+    if (!command || !m_messageCallback) return;
+
+    moMessage message;
+    message.set("index", index, true);
+    message.set("added", added, true);
+    message.set("text", command->text().toStdString(), true);
+    if (const auto* described = dynamic_cast<const moUndoCommandBase*>(command))
+        message.set("description", described->getDescription().toStdString(), true);
+    if (const auto* composite = dynamic_cast<const moMultiCommand*>(command))
+        composite->makeMessage(message);
+    else if (const auto* single = dynamic_cast<const moUndoCommand*>(command))
+        single->makeMessage(message);
+    m_messageCallback(name, message, 0);
+}
+
+void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)
+{
+    if (const auto* ours = dynamic_cast<const moUndoCommandBase*>(command)) ours->callChangedCB(done);
+}

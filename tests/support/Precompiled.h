@@ -1,0 +1,12 @@
+// The heavy headers that every test includes, compiled once.
+#include <QtCore/QObject>
+#include <QtCore/QString>
+#include <QtTest/QSignalSpy>
+#include <QtWidgets/QUndoStack>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>

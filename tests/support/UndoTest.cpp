@@ -1,0 +1,40 @@
+#include <support/UndoTest.h>
+
+#include <support/ProbeCommand.h>
+
+#include <OpenSG/OSGFieldContainer.h>
+#include <OpenSG/OSGFieldContainerFactory.h>
+
+#include <algorithm>
+
+std::size_t liveContainerCount()
+{
+    const auto& store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
+    return static_cast<std::size_t>(
+        std::count_if(store.begin(), store.end(), [](const auto& container) { return container != osg::NullFC; }));
+}
+
+UndoTest::UndoTest() = default;
+UndoTest::~UndoTest() = default;
+
+void UndoTest::SetUp()
+{
+    m_containersBefore = liveContainerCount();
+    m_probesBefore = ProbeCommand::liveCount();
+    moUndoStack::beginUndo();
+}
+
+void UndoTest::TearDown()
+{
+    EXPECT_EQ(moUndoStack::getCurrentCommandParent(), nullptr) << "a composition is still open";
+    moUndoStack::clearAll();
+    moUndoStack::endUndo();
+    EXPECT_FALSE(moUndoStack::undoEnabled()) << "beginUndo() without endUndo()";
+    EXPECT_FALSE(moUndoStack::undoBlocked()) << "beginBlockUndo() without endBlockUndo()";
+    while (moUndoStack::undoEnabled()) moUndoStack::endUndo();
+    while (moUndoStack::undoBlocked()) moUndoStack::endBlockUndo();
+    EXPECT_EQ(describe(stack), "0 steps, at start, no undo, no redo");
+    EXPECT_EQ(describe(second), "0 steps, at start, no undo, no redo");
+    EXPECT_EQ(liveContainerCount(), m_containersBefore) << "containers were left behind";
+    EXPECT_EQ(ProbeCommand::liveCount(), m_probesBefore) << "commands were left behind";
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <support/Describe.h>
+#include <support/FakeClock.h>
+#include <support/LogCapture.h>
+
+#include <moUndoStack/core/moUndoStack.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+/// A test of recorded commands: recording is on, time stands still unless `clock` is told to go on, and the log is captured.
+///
+/// At the end both stacks are cleared, and the process must be as it was found: no step, no composition, counters at zero, no
+/// container and no probe command more than before.
+class UndoTest : public testing::Test
+{
+protected:
+    UndoTest();
+    ~UndoTest() override;
+
+    void SetUp() override;
+    void TearDown() override;
+
+    moUndoStack& stack = moUndoStack::get(moUndoStack::DefaultStack);
+    moUndoStack& second = moUndoStack::get(moUndoStack::SecondStack);
+    FakeClock clock;
+    LogCapture log;
+
+private:
+    std::size_t m_containersBefore = 0;
+    int m_probesBefore = 0;
+};
+
+/// Number of containers that exist in the process, prototypes included.
+std::size_t liveContainerCount();
