@@ -1,0 +1,80 @@
+#pragma once
+
+#include <moUndoStack/core/moUndoCommand.h>
+#include <moUndoStack/core/moUndoStackExport.h>
+
+#include <moUndoUtils/moUndoString.h>
+
+#include <OpenSG/OSGBaseTypes.h>
+#include <OpenSG/OSGFieldContainerPtr.h>
+
+#include <functional>
+#include <string>
+
+namespace osg {
+class Field;
+}
+
+/// What all commands on one field of one container share: which field it is, who is told when it was written, and the
+/// two message entries. A template with an empty parameter list; moFieldBaseUndoCommand<> is its only instantiation.
+///
+/// The container is kept by id and found again at every undo and redo. A container that is null, a field that does not
+/// exist or an id out of range makes the command inert: all ids are 0 and undo and redo change nothing. The same holds
+/// for a container that has gone meanwhile; the command keeps no reference to it.
+///
+/// Merges (rule for the members that do not say otherwise) with a newer command of the same class on the same
+/// container, field id and field mask, made within its merge interval. Message: "id", "container" (unsigned int),
+/// "fieldId" (unsigned int).
+template<class... Nothing>
+class MO_UNDO_STACK_EXPORT moFieldBaseUndoCommand : public moUndoCommand
+{
+    static_assert(sizeof...(Nothing) == 0, "moFieldBaseUndoCommand<> is the only instantiation");
+
+public:
+    /// \param fieldName  as moUndoUtil::findField() takes it: the case of the first letter does not matter.
+    moFieldBaseUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, std::string fieldName,
+                           QUndoCommand* parent = nullptr);
+
+    /// \param fieldId  counts from 1; ids that the container's type does not have make the command inert.
+    moFieldBaseUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, int fieldId,
+                           QUndoCommand* parent = nullptr);
+
+    void makeMessage(moMessage& message) const override;
+    bool canMergeWith(const QUndoCommand* other) const override;
+
+    /// Id of the container; 0 when the field was not found at construction.
+    unsigned int containerId() const { return m_containerId; }
+
+    /// Replaces what is called after each undo and redo that wrote the field, once its edit is closed; an empty
+    /// function removes it. The function may replace itself while it runs.
+    void setNotifyFunction(std::function<void()> function);
+
+protected:
+    /// Calls the notify function if there is one.
+    void notify() const;
+
+    /// The field, if the container is there and the field is a FieldType; else null.
+    template<class FieldType>
+    FieldType* findTypedField() const;
+
+    /// The one way in which a member of the family writes its field: finds it, calls write(FieldType&) inside an edit
+    /// of the field's mask, then notifies. Returns false, having done nothing, when the field is not there or of
+    /// another type.
+    template<class FieldType, class Write>
+    bool apply(Write write);
+
+    /// The same with afterEdit() called between the end of the edit and notify().
+    template<class FieldType, class Write, class AfterEdit>
+    bool apply(Write write, AfterEdit afterEdit);
+
+    /// The merge of commands that keep their own value: takes over the time of a command that canMergeWith() accepts.
+    bool mergeTime(const QUndoCommand* other);
+
+private:
+    osg::UInt32 m_containerId = 0;
+    osg::UInt32 m_fieldId = 0;
+    osg::BitVector m_fieldMask = 0;
+    std::function<void()> m_notify;
+};
+
+extern template class moFieldBaseUndoCommand<>;
