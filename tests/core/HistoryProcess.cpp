@@ -1,0 +1,110 @@
+// Shows the history in a process whose application object lives and dies in one of several ways. Exit status 0: all as it
+// should be, and nothing crashed on the way out.
+
+#include <moUndoStack/core/moGenericFunctionUndoCommand.h>
+#include <moUndoStack/core/moUndoStack.h>
+
+#include <moUndoUtils/moUndoString.h>
+#include <moUtils/moLog.h>
+
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QUndoView>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+namespace {
+
+int s_argc = 1;
+char s_name[] = "history_process";
+char* s_argv[] = {s_name, nullptr};
+
+int s_errors = 0;
+
+void check(bool holds, const char* what)
+{
+    if (holds) return;
+    std::fprintf(stderr, "failed: %s\n", what);
+    ++s_errors;
+}
+
+void record(moUndoStack& stack)
+{
+    moUndoStack::beginUndo();
+    for (int i = 0; i < 3; ++i)
+        stack.addOrExecute(new moGenericFunctionUndoCommand(moUndoString("step", ""), [] {}, [] {}, nullptr));
+    moUndoStack::endUndo();
+}
+
+int visibleHistories()
+{
+    int count = 0;
+    for (const QWidget* widget : QApplication::topLevelWidgets())
+        count += qobject_cast<const QUndoView*>(widget) && widget->isVisible() ? 1 : 0;
+    return count;
+}
+
+void showBoth()
+{
+    for (const unsigned int type : {0U, 1U}) {
+        moUndoStack& stack = moUndoStack::get(type);
+        record(stack);
+        stack.showHistory();
+        stack.undo();
+    }
+    QApplication::processEvents();
+    check(visibleHistories() == 2, "both histories are on the screen");
+}
+
+void showNothing()
+{
+    int lines = 0;
+    moLog::setListener([&lines](moLog::Kind, const std::string&) { ++lines; });
+    moUndoStack::get(0).showHistory();
+    moLog::setListener({});
+    check(lines == 1, "one line says that there is no QApplication");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    const std::string how = argc > 1 ? argv[1] : "";
+
+    if (how == "on-stack") {
+        const QApplication application(s_argc, s_argv);
+        showBoth();
+    } else if (how == "on-heap-deleted") {
+        const auto application = std::make_unique<QApplication>(s_argc, s_argv);
+        showBoth();
+    } else if (how == "on-heap-leaked") {
+        static const QApplication* s_application = new QApplication(s_argc, s_argv);
+        check(s_application != nullptr, "there is an application");
+        showBoth();
+    } else if (how == "static-application") {
+        static const QApplication s_application(s_argc, s_argv);
+        showBoth();
+    } else if (how == "stack-before-application") {
+        record(moUndoStack::get(0));
+        static const QApplication* s_application = new QApplication(s_argc, s_argv);
+        check(s_application != nullptr, "there is an application");
+        showBoth();
+    } else if (how == "second-application") {
+        for (int i = 0; i < 2; ++i) {
+            const QApplication application(s_argc, s_argv);
+            showBoth();
+        }
+    } else if (how == "core-application") {
+        const QCoreApplication application(s_argc, s_argv);
+        showNothing();
+    } else if (how == "no-application") {
+        showNothing();
+    } else {
+        std::fprintf(stderr, "unknown case '%s'\n", how.c_str());
+        return 2;
+    }
+    return s_errors == 0 ? 0 : 1;
+}

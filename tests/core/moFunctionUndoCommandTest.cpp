@@ -1,0 +1,249 @@
+#include <support/Trace.h>
+#include <support/UndoTest.h>
+
+#include <moUndoStack/core/moFunctionUndoCommand.h>
+#include <moUndoUtils/moUndoString.h>
+
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGTransform.h>
+
+#include <memory>
+#include <stdexcept>
+
+namespace {
+
+using testing::ElementsAre;
+
+/// Sets the name of a node: the smallest command that a host could write.
+class RenameCommand : public moFunctionUndoCommand<std::string>
+{
+    MO_UNDO_COMMAND_ID
+
+public:
+    RenameCommand(osg::NodePtr node, std::string name)
+        : moFunctionUndoCommand(moUndoString("Rename", "Rename a node", ""), node, std::move(name), nullptr)
+    {
+    }
+
+protected:
+    std::string get(osg::NodePtr node) override { return osg::getName(node) ? osg::getName(node) : ""; }
+    void set(osg::NodePtr node, std::string name) override { osg::setName(node, name); }
+};
+
+/// The same for the traversal mask, a type of value that the library does not instantiate itself.
+class TravMaskCommand : public moFunctionUndoCommand<osg::UInt32>
+{
+    MO_UNDO_COMMAND_ID
+
+public:
+    TravMaskCommand(osg::NodePtr node, osg::UInt32 mask)
+        : moFunctionUndoCommand(moUndoString("Mask", ""), node, mask, nullptr)
+    {
+    }
+
+protected:
+    osg::UInt32 get(osg::NodePtr node) override { return node->getTravMask(); }
+    void set(osg::NodePtr node, osg::UInt32 mask) override { node->setTravMask(mask); }
+};
+
+MO_UNDO_COMMAND_ID_IMPL(RenameCommand)
+MO_UNDO_COMMAND_ID_IMPL(TravMaskCommand)
+
+class FunctionUndoCommand : public UndoTest
+{
+protected:
+    void SetUp() override
+    {
+        UndoTest::SetUp();
+        node = namedNode("before");
+        other = namedNode("before");
+    }
+    void TearDown() override
+    {
+        osg::subRefCP(node);
+        osg::subRefCP(other);
+        UndoTest::TearDown();
+    }
+
+    static osg::NodePtr namedNode(const char* name)
+    {
+        osg::NodePtr made = osg::Node::create();
+        osg::addRefCP(made);
+        osg::setName(made, name);
+        return made;
+    }
+
+    void rename(const char* name) { stack.addOrExecute(new RenameCommand(node, name)); }
+    std::string name() const { return osg::getName(node); }
+
+    osg::NodePtr node;
+    osg::NodePtr other;
+};
+
+TEST_F(FunctionUndoCommand, ReadsNothingAndChangesNothingBeforeItsFirstRedo)
+{
+    const RenameCommand command(node, "after");
+    EXPECT_EQ(name(), "before");
+}
+
+TEST_F(FunctionUndoCommand, SwapsItsValueWithTheNodesAtEachStep)
+{
+    rename("after");
+    EXPECT_EQ(name(), "after");
+    for (int i = 0; i < 3; ++i) {
+        stack.undo();
+        EXPECT_EQ(name(), "before");
+        stack.redo();
+        EXPECT_EQ(name(), "after");
+    }
+}
+
+TEST_F(FunctionUndoCommand, TakesUpAnEditMadeBesideTheStack)
+{
+    rename("after");
+    osg::setName(node, "beside");
+    stack.undo();
+    EXPECT_EQ(name(), "before");
+    stack.redo();
+    EXPECT_EQ(name(), "beside");
+}
+
+TEST_F(FunctionUndoCommand, WorksForTypesThatTheLibraryDoesNotUseItself)
+{
+    stack.add(new TravMaskCommand(node, 5));
+    EXPECT_EQ(node->getTravMask(), 5U);
+    stack.undo();
+    EXPECT_EQ(node->getTravMask(), ~0U);
+}
+
+TEST_F(FunctionUndoCommand, SeriesWithinTheIntervalIsOneStepBackToBeforeTheFirst)
+{
+    rename("a");
+    clock.advance(0.3);
+    rename("b");
+    clock.advance(0.3);
+    rename("c");
+    EXPECT_EQ(describe(stack), "1 step, at \"Rename\", undo, no redo") << "the interval slides";
+    stack.undo();
+    EXPECT_EQ(name(), "before");
+    stack.redo();
+    EXPECT_EQ(name(), "c");
+}
+
+TEST_F(FunctionUndoCommand, AfterAPauseStartsANewStep)
+{
+    rename("a");
+    clock.advance(0.5);
+    rename("b");
+    EXPECT_EQ(stack.size(), 2);
+    stack.undo();
+    EXPECT_EQ(name(), "a");
+}
+
+TEST_F(FunctionUndoCommand, NeverMergesWithOneForAnotherNode)
+{
+    rename("a");
+    stack.add(new RenameCommand(other, "a"));
+    EXPECT_EQ(stack.size(), 2);
+}
+
+TEST_F(FunctionUndoCommand, NeverMergesWithOneOfAnotherClass)
+{
+    rename("a");
+    stack.add(new TravMaskCommand(node, 5));
+    EXPECT_EQ(stack.size(), 2);
+}
+
+TEST_F(FunctionUndoCommand, RefusesToMergeWithACommandThatOnlyPretendsToHaveItsId)
+{
+    struct Impostor : moUndoCommand
+    {
+        Impostor() : moUndoCommand(moUndoString("impostor", ""), nullptr) {}
+        int id() const override { return RenameCommand::commandId(); }
+    };
+    rename("a");
+    stack.add(new Impostor);
+    EXPECT_EQ(stack.size(), 2);
+}
+
+TEST_F(FunctionUndoCommand, OfANodeThatHasGoneDoesNothingAndKeepsItsValue)
+{
+    rename("after");
+    osg::subRefCP(node);
+    stack.undo();
+    stack.redo();
+    EXPECT_EQ(describe(stack), "1 step, at \"Rename\", undo, no redo");
+    EXPECT_THAT(log.take(), testing::IsEmpty());
+}
+
+TEST_F(FunctionUndoCommand, OfANullNodeHasTheIdZeroAndNeverDoesAnything)
+{
+    Trace trace(stack);
+    stack.add(new RenameCommand(osg::NullFC, "after"));
+    stack.undo();
+    EXPECT_THAT(trace.takeMessages().front(), testing::HasSubstr("node=uint:0"));
+}
+
+TEST_F(FunctionUndoCommand, OfSomethingThatIsNoNodeDoesNothing)
+{
+    const RenameCommand ofANode(node, "after");
+    const unsigned int id = osg::getContainerId(node);
+    osg::TransformPtr core = osg::Transform::create();
+    EXPECT_EQ(moUndoDetail::findNode(osg::getContainerId(core)), osg::NullFC);
+    EXPECT_EQ(moUndoDetail::findNode(id), node);
+    EXPECT_EQ(moUndoDetail::findNode(0), osg::NullFC);
+    osg::subRefCP(core);
+}
+
+TEST_F(FunctionUndoCommand, DescribesItselfWithItsIdAndItsNode)
+{
+    Trace trace(stack);
+    rename("after");
+    EXPECT_THAT(trace.takeMessages(),
+                ElementsAre("moURManager::redo index=int:0 added=bool:true text=string:\"Rename\" "
+                            "description=string:\"Rename a node\" id=int:" +
+                            std::to_string(RenameCommand::commandId()) +
+                            " node=uint:" + std::to_string(osg::getContainerId(node))));
+}
+
+TEST_F(FunctionUndoCommand, OverriddenRedoChangesUndoToo)
+{
+    struct Twice : RenameCommand
+    {
+        Twice(osg::NodePtr renamed, int& count) : RenameCommand(renamed, "x"), m_count(count) {}
+        void redo() override { ++m_count; }
+        int& m_count;
+    };
+    int count = 0;
+    stack.add(new Twice(node, count));
+    stack.undo();
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(name(), "before");
+}
+
+TEST_F(FunctionUndoCommand, WhoseSetterThrowsKeepsItsValueForAnotherTry)
+{
+    struct Fragile : RenameCommand
+    {
+        using RenameCommand::RenameCommand;
+        void set(osg::NodePtr renamed, std::string value) override
+        {
+            if (broken) throw std::runtime_error("set");
+            RenameCommand::set(renamed, value);
+        }
+        bool broken = false;
+    };
+    auto* command = new Fragile(node, "after");
+    stack.add(command);
+    command->broken = true;
+    EXPECT_THROW(stack.undo(), std::runtime_error);
+    EXPECT_EQ(name(), "after");
+    command->broken = false;
+    stack.undo();
+    EXPECT_EQ(name(), "before");
+    stack.redo();
+    EXPECT_EQ(name(), "after");
+}
+
+} // namespace

@@ -1,0 +1,44 @@
+#include <support/FakeClock.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+int s_counterReadings = 0;
+int s_frequencyReadings = 0;
+
+TEST(UndoClock, CountsSecondsFromItsFirstReading)
+{
+    FakeClock clock;
+    clock.advance(0.0);
+    EXPECT_EQ(moUndoClock::seconds(), 0.0);
+    clock.advance(2.5);
+    EXPECT_EQ(moUndoClock::seconds(), 2.5);
+}
+
+TEST(UndoClock, ReadsTheFrequencyOnceAndTheCounterOncePerCall)
+{
+    const moUndoClock::Source real = moUndoClock::setSource({[]() -> std::int64_t { return 10 * ++s_counterReadings; },
+                                                             []() -> std::int64_t {
+                                                                 ++s_frequencyReadings;
+                                                                 return 20;
+                                                             }});
+    EXPECT_EQ(s_counterReadings, 1) << "the origin";
+    EXPECT_EQ(moUndoClock::seconds(), 0.5);
+    EXPECT_EQ(moUndoClock::seconds(), 1.0);
+    EXPECT_EQ(s_counterReadings, 3);
+    EXPECT_EQ(s_frequencyReadings, 1);
+    moUndoClock::setSource(real);
+}
+
+TEST(UndoClock, NeverRunsBackwards)
+{
+    double last = moUndoClock::seconds();
+    for (int i = 0; i < 1000; ++i) {
+        const double now = moUndoClock::seconds();
+        ASSERT_GE(now, last);
+        last = now;
+    }
+}
+
+} // namespace

@@ -1,0 +1,189 @@
+#include <support/ProbeCommand.h>
+#include <support/UndoTest.h>
+
+#include <moUndoStack/core/moMultiCommand.h>
+#include <moUndoUtils/moUndoString.h>
+#include <moUtils/moMessage.h>
+
+#include <limits>
+#include <memory>
+#include <typeinfo>
+
+namespace {
+
+template<int>
+struct Tag
+{
+};
+
+TEST(CommandIds, CountUpByOneInTheOrderOfFirstAsking)
+{
+    const int first = moUndoCommand::makeId(typeid(Tag<0>));
+    const int second = moUndoCommand::makeId(typeid(Tag<1>));
+    EXPECT_GE(first, 1);
+    EXPECT_EQ(second, first + 1);
+}
+
+TEST(CommandIds, StayTheSameForAClass)
+{
+    const int first = moUndoCommand::makeId(typeid(Tag<2>));
+    moUndoCommand::makeId(typeid(Tag<3>));
+    EXPECT_EQ(moUndoCommand::makeId(typeid(Tag<2>)), first);
+}
+
+TEST(CommandIds, AreThoseOfTheClassForEveryInstance)
+{
+    const moMultiCommand a(moUndoString("a", ""));
+    const moMultiCommand b(moUndoString("b", ""));
+    EXPECT_EQ(a.id(), moMultiCommand::commandId());
+    EXPECT_EQ(b.id(), a.id());
+    EXPECT_GT(a.id(), 0);
+}
+
+using UndoCommand = UndoTest;
+
+TEST_F(UndoCommand, ThatDeclaresNoIdReportsMinusOneAndSaysSoInItsMessage)
+{
+    const ProbeCommand command("a");
+    moMessage message;
+    command.makeMessage(message);
+    EXPECT_EQ(describe(message), "id=int:-1");
+}
+
+TEST_F(UndoCommand, IsStampedWithTheTimeOfItsConstruction)
+{
+    const ProbeCommand first("a");
+    clock.advance(1.5);
+    const ProbeCommand second("b");
+    EXPECT_EQ(second.creationTime() - first.creationTime(), 1.5);
+}
+
+TEST_F(UndoCommand, WithANullParentBecomesAChildOfTheCompositeBeingComposed)
+{
+    stack.beginMultiCommand("composite", "", true);
+    auto* composite = moUndoStack::getCurrentCommandParent();
+    const auto* command = new ProbeCommand("a");
+    EXPECT_EQ(command->parent(), composite);
+    EXPECT_EQ(composite->child(0), command);
+    stack.endMultiCommand();
+}
+
+TEST_F(UndoCommand, WithAParentOfItsOwnLeavesTheCompositeBeingComposedAlone)
+{
+    stack.beginMultiCommand("composite", "", true);
+    auto* composite = moUndoStack::getCurrentCommandParent();
+    QUndoCommand own;
+    const auto* command = new ProbeCommand("a", &own);
+    EXPECT_EQ(command->parent(), &own);
+    EXPECT_EQ(composite->childCount(), 0);
+    stack.endMultiCommand();
+}
+
+TEST_F(UndoCommand, StaysParentlessWhileRecordingIsOff)
+{
+    stack.beginMultiCommand("composite", "", true);
+    moUndoStack::beginBlockUndo();
+    const std::unique_ptr<ProbeCommand> command(new ProbeCommand("a"));
+    EXPECT_EQ(command->parent(), nullptr);
+    moUndoStack::endBlockUndo();
+    stack.endMultiCommand();
+}
+
+/// The merge interval. `later()` makes a newer command, so many seconds after the older one.
+class MergeInterval : public UndoTest
+{
+protected:
+    static constexpr int id = 4711;
+
+    ProbeCommand& later(double seconds, int withId = id)
+    {
+        clock.advance(seconds);
+        newer = std::make_unique<ProbeCommand>("newer");
+        newer->withId(withId);
+        return *newer;
+    }
+
+    std::unique_ptr<ProbeCommand> older{(new ProbeCommand("older"))->withId(id)};
+    std::unique_ptr<ProbeCommand> newer;
+};
+
+TEST_F(MergeInterval, IsFourTenthsOfASecondUnlessSet)
+{
+    EXPECT_TRUE(older->canMergeWith(&later(0.399)));
+    EXPECT_FALSE(older->canMergeWith(&later(0.002)));
+}
+
+TEST_F(MergeInterval, EndsStrictlyBeforeItsLength)
+{
+    later(0.5).setMergeResponseDelta(0.5);
+    EXPECT_FALSE(older->canMergeWith(newer.get()));
+    newer->setMergeResponseDelta(std::nextafter(0.5, 1.0));
+    EXPECT_TRUE(older->canMergeWith(newer.get()));
+}
+
+TEST_F(MergeInterval, IsTheNewerCommandsOwn)
+{
+    older->setMergeResponseDelta(100.0);
+    EXPECT_FALSE(older->canMergeWith(&later(1.0)));
+    older->setMergeResponseDelta(0.0);
+    newer->setMergeResponseDelta(2.0);
+    EXPECT_TRUE(older->canMergeWith(newer.get()));
+}
+
+TEST_F(MergeInterval, OfZeroMergesNothingMadeAtTheSameMoment)
+{
+    later(0.0).setMergeResponseDelta(0.0);
+    EXPECT_FALSE(older->canMergeWith(newer.get()));
+    newer->setMergeResponseDelta(-0.0);
+    EXPECT_FALSE(older->canMergeWith(newer.get())) << "minus zero is not negative";
+}
+
+TEST_F(MergeInterval, ThatIsNegativeHasNoLimit)
+{
+    later(1e6).setMergeResponseDelta(-1.0);
+    EXPECT_TRUE(older->canMergeWith(newer.get()));
+}
+
+TEST_F(MergeInterval, ThatIsNotANumberHasNoLimit)
+{
+    later(1e6).setMergeResponseDelta(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_TRUE(older->canMergeWith(newer.get()));
+}
+
+TEST_F(MergeInterval, DoesNotHelpCommandsOfDifferentIds)
+{
+    EXPECT_FALSE(older->canMergeWith(&later(0.0, id + 1)));
+    newer->setMergeResponseDelta(-1.0);
+    EXPECT_FALSE(older->canMergeWith(newer.get()));
+}
+
+TEST_F(MergeInterval, DoesNotHelpANewerCommandWithMergingDisabled)
+{
+    later(0.0).setMergeEnabled(false);
+    EXPECT_FALSE(older->canMergeWith(newer.get()));
+    newer->setMergeResponseDelta(-1.0);
+    EXPECT_FALSE(older->canMergeWith(newer.get()));
+}
+
+TEST_F(MergeInterval, AsksTheNewerCommandOnlyWhetherMergingIsEnabled)
+{
+    older->setMergeEnabled(false);
+    EXPECT_TRUE(older->canMergeWith(&later(0.1)));
+}
+
+TEST_F(MergeInterval, SlidesWithTheCreationTimeTakenOver)
+{
+    older->adoptCreationTime(later(0.3));
+    EXPECT_TRUE(older->canMergeWith(&later(0.3)));
+    older->adoptCreationTime(*newer);
+    EXPECT_FALSE(older->canMergeWith(&later(0.5)));
+}
+
+TEST_F(MergeInterval, RefusesWhatIsNoCommandOfOurs)
+{
+    QUndoCommand plain;
+    EXPECT_FALSE(older->withId(-1)->canMergeWith(&plain));
+    EXPECT_FALSE(older->canMergeWith(nullptr));
+}
+
+} // namespace
