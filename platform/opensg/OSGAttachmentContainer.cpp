@@ -1,0 +1,78 @@
+#include <OpenSG/OSGAttachmentContainer.h>
+
+namespace osg {
+
+OSG_ABSTRACT_CONTAINER_IMPL(AttachmentContainer, FieldContainer, OSG_ATTACHMENTCONTAINER_FIELDS)
+
+namespace {
+
+UInt32 attachmentKey(UInt32 groupId, UInt16 binding)
+{
+    return groupId << 16 | binding;
+}
+
+} // namespace
+
+AttachmentContainer::AttachmentContainer(const AttachmentContainer& source) : Inherited(source)
+{
+    _sfAttachments.getValue().clear();
+    for (const auto& [key, attachment] : source.getAttachments())
+        addAttachment(attachment);
+}
+
+AttachmentContainer::~AttachmentContainer()
+{
+    AttachmentMap attachments;
+    attachments.swap(_sfAttachments.getValue());
+    for (const auto& [key, attachment] : attachments)
+        release(attachment);
+}
+
+void AttachmentContainer::addAttachment(const AttachmentPtr& attachment, UInt16 binding)
+{
+    if (!attachment) return;
+    const AttachmentPtr added = attachment;
+    addRefCP(added);
+    beginEditCP(added, Attachment::ParentsFieldMask);
+    added->addParent(getPtr());
+    endEditCP(added, Attachment::ParentsFieldMask);
+
+    AttachmentPtr& place = _sfAttachments.getValue()[attachmentKey(added->getGroupId(), binding)];
+    const AttachmentPtr former = place;
+    place = added;
+    release(former);
+}
+
+void AttachmentContainer::subAttachment(const AttachmentPtr& attachment, UInt16 binding)
+{
+    if (!attachment) return;
+    AttachmentMap& attachments = _sfAttachments.getValue();
+    const auto found = attachments.find(attachmentKey(attachment->getGroupId(), binding));
+    if (found == attachments.end()) return;
+    const AttachmentPtr former = found->second;
+    attachments.erase(found);
+    release(former);
+}
+
+AttachmentPtr AttachmentContainer::findAttachment(UInt32 groupId, UInt16 binding) const
+{
+    const AttachmentMap& attachments = _sfAttachments.getValue();
+    const auto found = attachments.find(attachmentKey(groupId, binding));
+    return found == attachments.end() ? AttachmentPtr() : found->second;
+}
+
+AttachmentPtr AttachmentContainer::findAttachment(const FieldContainerType& type, UInt16 binding) const
+{
+    return findAttachment(type.getGroupId(), binding);
+}
+
+void AttachmentContainer::release(const AttachmentPtr& attachment)
+{
+    if (!attachment) return;
+    beginEditCP(attachment, Attachment::ParentsFieldMask);
+    attachment->subParent(getPtr());
+    endEditCP(attachment, Attachment::ParentsFieldMask);
+    subRefCP(attachment);
+}
+
+} // namespace osg
