@@ -12,11 +12,13 @@ function(mo_setup_target target)
     endif()
 endfunction()
 
-# mo_add_library(<name> ALIAS <mo::name> [SHARED] BASE_DIR <dir> HEADERS <public>... SOURCES <files>... LINK <public targets>...)
+# mo_add_library(<name> ALIAS <mo::name> [SHARED] BASE_DIR <dir> HEADERS <public>... SOURCES <files>... LINK <public targets>...
+#                [EXTRA_BASE_DIR <dir> EXTRA_HEADERS <public>...])
 #
 # BASE_DIR is what goes on the include path: a header is included by its path below it, in the tree and installed alike.
+# EXTRA_HEADERS have an include path of their own.
 function(mo_add_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED" "ALIAS;BASE_DIR" "HEADERS;SOURCES;LINK")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED" "ALIAS;BASE_DIR;EXTRA_BASE_DIR" "HEADERS;EXTRA_HEADERS;SOURCES;LINK")
     set(kind)
     if(arg_SHARED)
         set(kind SHARED)
@@ -28,9 +30,15 @@ function(mo_add_library name)
                           POSITION_INDEPENDENT_CODE ON)
     target_sources(${name} PRIVATE ${arg_SOURCES}
                    PUBLIC FILE_SET HEADERS BASE_DIRS ${arg_BASE_DIR} FILES ${arg_HEADERS})
+    set(extra)
+    if(arg_EXTRA_HEADERS)
+        target_sources(${name} PUBLIC FILE_SET extra_headers TYPE HEADERS
+                       BASE_DIRS ${arg_EXTRA_BASE_DIR} FILES ${arg_EXTRA_HEADERS})
+        set(extra FILE_SET extra_headers DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    endif()
     target_link_libraries(${name} PUBLIC ${arg_LINK})
     mo_setup_target(${name})
-    install(TARGETS ${name} EXPORT moUndoStackTargets FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    install(TARGETS ${name} EXPORT moUndoStackTargets FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${extra})
 endfunction()
 
 # mo_add_test(<name> SOURCES <files>... [LINK <targets>...])
