@@ -1,7 +1,69 @@
-#include <OpenSG/OSGMaterial.h>
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGSimpleMaterial.h>
+
+#include <algorithm>
 
 namespace osg {
 
 OSG_ABSTRACT_CONTAINER_IMPL(Material, AttachmentContainer, OSG_MATERIAL_FIELDS)
+OSG_ABSTRACT_CONTAINER_IMPL(StateChunk, Attachment, OSG_STATECHUNK_FIELDS)
+OSG_CONTAINER_IMPL(ChunkMaterial, Material, OSG_CHUNKMATERIAL_FIELDS)
+OSG_CONTAINER_IMPL(SimpleMaterial, ChunkMaterial, OSG_SIMPLEMATERIAL_FIELDS)
+OSG_CONTAINER_IMPL(MaterialGroup, Group, OSG_MATERIALGROUP_FIELDS)
+
+ChunkMaterial::ChunkMaterial(const ChunkMaterial& source) : Inherited(source)
+{
+    for (const StateChunkPtr& chunk : _mfChunks)
+        addRefCP(chunk);
+}
+
+ChunkMaterial::~ChunkMaterial()
+{
+    for (const StateChunkPtr& chunk : _mfChunks)
+        subRefCP(chunk);
+}
+
+bool ChunkMaterial::addChunk(const StateChunkPtr& chunk, Int32 slot)
+{
+    if (!chunk) return false;
+    addRefCP(chunk);
+    _mfChunks.push_back(chunk);
+    _mfSlots.push_back(slot);
+    return true;
+}
+
+bool ChunkMaterial::subChunk(const StateChunkPtr& chunk, Int32 slot)
+{
+    const Int32 index = findChunk(chunk, slot);
+    if (index < 0) return false;
+    const StateChunkPtr former = _mfChunks[static_cast<UInt32>(index)];
+    _mfChunks.erase(_mfChunks.begin() + index);
+    _mfSlots.erase(_mfSlots.begin() + index);
+    subRefCP(former);
+    return true;
+}
+
+Int32 ChunkMaterial::findChunk(const StateChunkPtr& chunk, Int32 slot) const
+{
+    for (UInt32 i = 0; i < std::min(_mfChunks.size(), _mfSlots.size()); ++i) {
+        if (_mfChunks[i] == chunk && _mfSlots[i] == slot) return static_cast<Int32>(i);
+    }
+    return -1;
+}
+
+bool SimpleMaterial::isTransparent() const
+{
+    return getTransparencyMode() == TransparencyAutoDetection ? getTransparency() > 0.0f : Inherited::isTransparent();
+}
+
+MaterialGroup::MaterialGroup(const MaterialGroup& source) : Inherited(source)
+{
+    addRefCP(_sfMaterial.getValue());
+}
+
+MaterialGroup::~MaterialGroup()
+{
+    subRefCP(_sfMaterial.getValue());
+}
 
 } // namespace osg
