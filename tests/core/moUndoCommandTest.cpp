@@ -52,10 +52,10 @@ TEST_F(UndoCommand, ThatDeclaresNoIdReportsMinusOneAndSaysSoInItsMessage)
 
 TEST_F(UndoCommand, IsStampedWithTheTimeOfItsConstruction)
 {
-    const ProbeCommand first("a");
+    const ProbeCommand earlier("a");
     clock.advance(1.5);
-    const ProbeCommand second("b");
-    EXPECT_EQ(second.creationTime() - first.creationTime(), 1.5);
+    const ProbeCommand later("b");
+    EXPECT_EQ(later.creationTime() - earlier.creationTime(), 1.5);
 }
 
 TEST_F(UndoCommand, WithANullParentBecomesAChildOfTheCompositeBeingComposed)
@@ -95,6 +95,13 @@ class MergeInterval : public UndoTest
 protected:
     static constexpr int id = 4711;
 
+    void TearDown() override
+    {
+        newer.reset();
+        older.reset();
+        UndoTest::TearDown();
+    }
+
     ProbeCommand& later(double seconds, int withId = id)
     {
         clock.advance(seconds);
@@ -103,7 +110,13 @@ protected:
         return *newer;
     }
 
-    std::unique_ptr<ProbeCommand> older{(new ProbeCommand("older"))->withId(id)};
+    void SetUp() override
+    {
+        UndoTest::SetUp();
+        older.reset((new ProbeCommand("older"))->withId(id));
+    }
+
+    std::unique_ptr<ProbeCommand> older;
     std::unique_ptr<ProbeCommand> newer;
 };
 

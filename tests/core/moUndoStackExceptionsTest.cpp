@@ -266,6 +266,8 @@ TEST_P(ListenerExceptions, WhileUndoneAndRedoneLeaveTheStepWhereItWent)
     EXPECT_EQ(faultOf([this] { stack.reset(); }), GetParam() == Listener::Changed ? "none" : "listener");
     EXPECT_EQ(describe(stack), "2 steps, at start, no undo, redo");
     mendListener();
+    stack.redo();
+    stack.redo();
     expectTheStackToWork();
 }
 
@@ -301,11 +303,14 @@ TEST_P(ListenerExceptions, OfAnUnrecordedCommandStillDeleteIt)
     expectTheStackToWork();
 }
 
+std::string listenerName(const testing::TestParamInfo<Listener>& parameter)
+{
+    static const char* const s_names[] = {"Slot", "Message", "Changed"};
+    return s_names[static_cast<int>(parameter.param)];
+}
+
 INSTANTIATE_TEST_SUITE_P(EachListener, ListenerExceptions,
-                         testing::Values(Listener::Slot, Listener::Message, Listener::Changed), [](const auto& info) {
-                             static const char* const s_names[] = {"Slot", "Message", "Changed"};
-                             return s_names[static_cast<int>(info.param)];
-                         });
+                         testing::Values(Listener::Slot, Listener::Message, Listener::Changed), listenerName);
 
 TEST_F(Exceptions, OutOfASlotOfClearedLeaveTheStackEmpty)
 {

@@ -230,6 +230,7 @@ TEST_F(Notifications, AreSpiedOnAsQtSignals)
     stack.redo();
     stack.clear();
     EXPECT_EQ(redone.count(), 2);
+    EXPECT_NE(redone.at(0).at(0).value<const QUndoCommand*>(), nullptr);
     EXPECT_EQ(redone.at(0).at(1).toBool(), true);
     EXPECT_EQ(redone.at(1).at(1).toBool(), false);
     EXPECT_EQ(undone.count(), 2);

@@ -173,12 +173,14 @@ TEST_P(Reentrancy, FaultOfAWaitingCallReachesTheOutermostCallerAfterTheOthersWer
     EXPECT_EQ(describe(stack), "2 steps, at \"good\", undo, no redo");
 }
 
+std::string placeName(const testing::TestParamInfo<From>& parameter)
+{
+    static const char* const s_names[] = {"Slot", "MessageCallback", "ChangedCallback", "Redo"};
+    return s_names[static_cast<int>(parameter.param)];
+}
+
 INSTANTIATE_TEST_SUITE_P(FromEachPlace, Reentrancy,
-                         testing::Values(From::Slot, From::MessageCallback, From::ChangedCallback, From::Redo),
-                         [](const auto& info) {
-                             static const char* const s_names[] = {"Slot", "MessageCallback", "ChangedCallback", "Redo"};
-                             return s_names[static_cast<int>(info.param)];
-                         });
+                         testing::Values(From::Slot, From::MessageCallback, From::ChangedCallback, From::Redo), placeName);
 
 using ReentrantSteps = UndoTest;
 

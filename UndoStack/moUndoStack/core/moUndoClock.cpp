@@ -29,7 +29,7 @@ struct Clock
     double secondsPerTick;
 };
 
-Clock& clock()
+Clock& theClock()
 {
     static Clock s_clock({steadyCounter, steadyFrequency});
     return s_clock;
@@ -39,11 +39,11 @@ Clock& clock()
 
 double moUndoClock::seconds()
 {
-    const Clock& used = clock();
+    const Clock& used = theClock();
     return static_cast<double>(used.source.counter() - used.origin) * used.secondsPerTick;
 }
 
 moUndoClock::Source moUndoClock::setSource(const Source& source)
 {
-    return std::exchange(clock(), Clock(source)).source;
+    return std::exchange(theClock(), Clock(source)).source;
 }

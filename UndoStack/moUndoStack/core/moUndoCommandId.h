@@ -16,7 +16,7 @@ public:                                                                         
     int id() const override;                                                                                           \
                                                                                                                        \
 private:                                                                                                               \
-    static void classNameTest();
+    [[maybe_unused]] static void classNameTest();
 
 #define MO_UNDO_COMMAND_ID_IMPL(Class)                                                                                 \
     int Class::commandId()                                                                                             \

@@ -39,7 +39,7 @@ struct moUndoStacks
         return s_stacks;
     }
 
-    moUndoStacks() = default;
+    moUndoStacks() { qRegisterMetaType<const QUndoCommand*>(); }
     moUndoStacks(const moUndoStacks&) = delete;
     moUndoStacks& operator=(const moUndoStacks&) = delete;
     ~moUndoStacks()
@@ -83,7 +83,7 @@ moUndoStack::~moUndoStack()
 
 moUndoStack& moUndoStack::get(unsigned int type)
 {
-    return moUndoStacks::the().all[type < stackCount ? type : DefaultStack];
+    return moUndoStacks::the().all[type < stackCount ? type : 0U];
 }
 
 moUndoStack::StackType moUndoStack::getType() const

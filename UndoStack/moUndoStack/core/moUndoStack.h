@@ -2,17 +2,18 @@
 
 #include <moUndoStack/core/moUndoStackExport.h>
 
+#include <QtCore/QMetaType>
 #include <QtCore/QObject>
 #include <QtCore/QPair>
 #include <QtCore/QPointer>
 #include <QtCore/QStack>
+#include <QtWidgets/QUndoCommand>
 
 #include <exception>
 #include <functional>
 #include <vector>
 
 class QString;
-class QUndoCommand;
 class QUndoStack;
 class QUndoView;
 class moMessage;
@@ -187,3 +188,6 @@ private:
     std::vector<std::function<void()>> m_waiting;
     std::exception_ptr m_exception;
 };
+
+// For listeners that keep a signal's arguments as variants.
+Q_DECLARE_METATYPE(const QUndoCommand*)
