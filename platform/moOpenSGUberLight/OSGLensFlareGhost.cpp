@@ -1,0 +1,7 @@
+#include <moOpenSGUberLight/OSGLensFlareGhost.h>
+
+OSG_BEGIN_NAMESPACE
+
+OSG_CONTAINER_IMPL(LensFlareGhost, AttachmentContainer, OSG_LENSFLAREGHOST_FIELDS)
+
+OSG_END_NAMESPACE
