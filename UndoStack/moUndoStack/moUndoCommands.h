@@ -11,3 +11,11 @@
 #include <moUndoStack/core/moUndoCommandId.h>
 #include <moUndoStack/core/moUndoStack.h>
 #include <moUndoStack/core/moUndoStackExport.h>
+#include <moUndoStack/field/moBoolFieldUndoCommand.h>
+#include <moUndoStack/field/moFieldBaseUndoCommand.h>
+#include <moUndoStack/field/moFieldUndoCommand.h>
+#include <moUndoStack/field/moImageFieldUndoCommand.h>
+#include <moUndoStack/field/moInvokeBoolFieldUndoCommand.h>
+#include <moUndoStack/field/moStringFieldUndoCommand.h>
+#include <moUndoStack/field/moStringsFieldUndoCommand.h>
+#include <moUndoStack/field/moUndoUtil.h>

@@ -1,0 +1,80 @@
+#include <moUndoStack/field/moImageFieldUndoCommand.h>
+
+#include <moUndoStack/field/moFieldBaseUndoCommand_p.h>
+
+#include <moOpenSGUberBase/moTextureManager.h>
+
+MO_UNDO_COMMAND_ID_IMPL(moImageFieldUndoCommand)
+
+namespace {
+
+moUndoString setTexture()
+{
+    return moUndoString("Set Texture", QStringLiteral("ImageField"));
+}
+
+} // namespace
+
+moImageFieldUndoCommand::moImageFieldUndoCommand(osg::FieldContainerPtr container, const std::string& fieldName,
+                                                 osg::ImagePtr image, QUndoCommand* parent)
+    : moFieldBaseUndoCommand<>(setTexture(), container, fieldName, parent)
+{
+    hold(image);
+}
+
+moImageFieldUndoCommand::moImageFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, osg::ImagePtr image,
+                                                 QUndoCommand* parent)
+    : moFieldBaseUndoCommand<>(setTexture(), container, fieldId, parent)
+{
+    hold(image);
+}
+
+moImageFieldUndoCommand::~moImageFieldUndoCommand()
+{
+    releaseReference(m_new);
+    releaseReference(m_old);
+}
+
+void moImageFieldUndoCommand::redo()
+{
+    apply(m_new);
+}
+
+void moImageFieldUndoCommand::undo()
+{
+    apply(m_old);
+}
+
+bool moImageFieldUndoCommand::canMergeWith(const QUndoCommand* /*other*/) const
+{
+    return false;
+}
+
+osg::SFImagePtr* moImageFieldUndoCommand::getField() const
+{
+    return findTypedField<osg::SFImagePtr>();
+}
+
+void moImageFieldUndoCommand::hold(const osg::ImagePtr& image)
+{
+    if (const auto* const field = getField()) m_old = field->getValue();
+    addReference(m_old);
+
+    m_new = moTextureManager::the()->getImage(image, true);
+    if (m_new != image) releaseReference(image);
+    addReference(m_new);
+}
+
+void moImageFieldUndoCommand::apply(osg::ImagePtr image)
+{
+    osg::ImagePtr previous;
+    const auto exchange = [&](osg::SFImagePtr& field) {
+        previous = field.getValue();
+        field.setValue(image);
+    };
+    const auto moveReference = [&] {
+        addReference(image); // first, for an image that takes its own place
+        releaseReference(previous);
+    };
+    moFieldBaseUndoCommand<>::apply<osg::SFImagePtr>(exchange, moveReference);
+}
