@@ -1,0 +1,27 @@
+#pragma once
+
+#include <Compare.h>
+
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// What one case cost, per operation, on both sides.
+struct Row
+{
+    Case measured;
+    double ours;
+    double bare;
+    /// Relative spread of the middle half of the measurements, the larger of both sides; 0 for counts.
+    double spread = 0.0;
+};
+
+/// Prints case, steps, both costs, ratio, targets and verdict: "reached" at or below the wished ratio, "ok" at or below
+/// the hard one, else "over".
+void printTable(const std::vector<Row>& rows, const std::string& unit);
+
+/// For comparisons measured from few to a thousand times as many steps: how much the cost of one operation grew.
+void printGrowth(const std::vector<Row>& rows);
+
+} // namespace bench

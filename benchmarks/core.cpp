@@ -1,0 +1,179 @@
+#include <Scenarios.h>
+
+#include <moUndoStack/core/moFunctionUndoCommand.h>
+#include <moUndoUtils/moUndoString.h>
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGNode.h>
+
+namespace {
+
+using namespace bench;
+
+// The edit of both sides: the traversal mask of a node, found by id. Texts are shared by all commands, as those of a
+// real editor are.
+
+const QString& editText()
+{
+    static const QString s_text = QStringLiteral("Change Traversal Mask");
+    return s_text;
+}
+
+const moUndoString& undoString()
+{
+    static const moUndoString s_string(editText(), QStringLiteral("Change the traversal mask of a node"),
+                                       QStringLiteral("Node Commands"));
+    return s_string;
+}
+
+void setTravMask(const osg::NodePtr& node, osg::UInt32 mask)
+{
+    osg::beginEditCP(node, osg::Node::TravMaskFieldMask);
+    node->setTravMask(mask);
+    osg::endEditCP(node, osg::Node::TravMaskFieldMask);
+}
+
+class OurEdit : public moFunctionUndoCommand<osg::UInt32>
+{
+public:
+    OurEdit(const osg::NodePtr& node, osg::UInt32 mask) : moFunctionUndoCommand(undoString(), node, mask, nullptr) {}
+
+protected:
+    osg::UInt32 get(osg::NodePtr node) override { return node->getTravMask(); }
+    void set(osg::NodePtr node, osg::UInt32 mask) override { setTravMask(node, mask); }
+};
+
+class OurMergingEdit : public OurEdit
+{
+    MO_UNDO_COMMAND_ID
+
+public:
+    using OurEdit::OurEdit;
+};
+MO_UNDO_COMMAND_ID_IMPL(OurMergingEdit)
+
+/// As little as a QUndoCommand can do for the same edit.
+class BareEdit : public QUndoCommand
+{
+public:
+    BareEdit(const osg::NodePtr& node, osg::UInt32 mask, QUndoCommand* parent)
+        : QUndoCommand(editText(), parent), m_nodeId(node.getFieldContainerId()), m_mask(mask)
+    {
+    }
+
+    void undo() override { redo(); }
+    void redo() override
+    {
+        const osg::NodePtr node = osg::NodePtr::dcast(osg::FieldContainerFactory::the()->getContainer(m_nodeId));
+        if (node == osg::NullFC) return;
+        const osg::UInt32 old = node->getTravMask();
+        setTravMask(node, m_mask);
+        m_mask = old;
+    }
+
+protected:
+    unsigned int m_nodeId;
+
+private:
+    osg::UInt32 m_mask;
+};
+
+class BareMergingEdit : public BareEdit
+{
+public:
+    using BareEdit::BareEdit;
+    int id() const override { return 1; }
+    bool mergeWith(const QUndoCommand* other) override
+    {
+        return static_cast<const BareMergingEdit*>(other)->m_nodeId == m_nodeId;
+    }
+};
+
+class Nodes
+{
+public:
+    Nodes() : m_nodes{osg::Node::create(), osg::Node::create()}
+    {
+        for (const osg::NodePtr& node : m_nodes)
+            osg::addRefCP(node);
+    }
+    ~Nodes()
+    {
+        for (osg::NodePtr& node : m_nodes)
+            osg::subRefCP(node);
+    }
+    Nodes(const Nodes&) = delete;
+    Nodes& operator=(const Nodes&) = delete;
+
+protected:
+    const osg::NodePtr& node() const { return m_nodes[0]; }
+    /// Never the same one twice in a row.
+    const osg::NodePtr& alternatingNode(int step) const { return m_nodes[step % 2]; }
+    static osg::UInt32 mask(int step) { return static_cast<osg::UInt32>(step); }
+
+private:
+    osg::NodePtr m_nodes[2];
+};
+
+/// Commands without an id: nobody thinks of merging.
+struct Ours : Nodes
+{
+    QUndoCommand* operator()(int step, QUndoCommand*) const { return new OurEdit(node(), mask(step)); }
+};
+struct Bare : Nodes
+{
+    QUndoCommand* operator()(int step, QUndoCommand* parent) const { return new BareEdit(node(), mask(step), parent); }
+};
+
+/// Commands of one class on one node: all merge into the first.
+struct OursMerging : Nodes
+{
+    QUndoCommand* operator()(int step, QUndoCommand*) const { return new OurMergingEdit(node(), mask(step)); }
+};
+struct BareMerging : Nodes
+{
+    QUndoCommand* operator()(int step, QUndoCommand* parent) const
+    {
+        return new BareMergingEdit(node(), mask(step), parent);
+    }
+};
+
+/// Commands of one class, each on another node than the one before: merging is considered and refused.
+struct OursRefused : Nodes
+{
+    QUndoCommand* operator()(int step, QUndoCommand*) const
+    {
+        return new OurMergingEdit(alternatingNode(step), mask(step));
+    }
+};
+struct BareRefused : Nodes
+{
+    QUndoCommand* operator()(int step, QUndoCommand* parent) const
+    {
+        return new BareMergingEdit(alternatingNode(step), mask(step), parent);
+    }
+};
+
+const Comparisons s_comparisons([] {
+    const std::vector<int> sizes{1000, 100000};
+
+    compare<Add, Ours, Bare>("add", {1000, 10000, 100000, 1000000}, Listener::None, {2.2, 1.6});
+    compare<Add, OursRefused, BareRefused>("add/merge-refused", sizes, Listener::None, {2.2, 1.6});
+    compare<Add, OursMerging, BareMerging>("add/merged", sizes, Listener::None, {2.1, 1.6});
+    compare<Undo, Ours, Bare>("undo", sizes, Listener::None, {2.4, 1.7}).allocationFree = true;
+    compare<Redo, Ours, Bare>("redo", sizes, Listener::None, {2.4, 1.7}).allocationFree = true;
+    compare<Jump, Ours, Bare>("jump", sizes, Listener::None, {1.3, 1.3}).allocationFree = true;
+    compare<Composite, Ours, Bare>("composite-child", sizes, Listener::None, {1.5, 1.2});
+    compare<Clear, Ours, Bare>("clear", sizes, Listener::None, {1.2, 1.05}).allocationFree = true;
+
+    // The bare side has nobody to tell, here too.
+    compare<Add, Ours, Bare>("add/callback", sizes, Listener::Callback, {4.5, 3.0});
+    compare<Add, OursMerging, BareMerging>("add/merged/callback", sizes, Listener::Callback);
+    compare<Undo, Ours, Bare>("undo/callback", sizes, Listener::Callback, {6.5, 4.0});
+    compare<Redo, Ours, Bare>("redo/callback", sizes, Listener::Callback, {6.5, 4.0});
+    compare<Jump, Ours, Bare>("jump/callback", sizes, Listener::Callback, {1.3, 1.3});
+    compare<Composite, Ours, Bare>("composite-child/callback", sizes, Listener::Callback, {1.5, 1.2});
+    compare<Clear, Ours, Bare>("clear/callback", sizes, Listener::Callback, {1.2, 1.05});
+});
+
+} // namespace
