@@ -128,6 +128,14 @@ Quat fromEuler(const Vec3f& degrees, const Order& o)
     return q;
 }
 
+bool sameRotation(const Quat& a, const Quat& b)
+{
+    const double sign = a[0] * b[0] + a[1] * b[1] + a[2] * b[2] + a[3] * b[3] < 0. ? -1. : 1.;
+    for (std::size_t i = 0; i < 4; ++i)
+        if (!(std::abs(a[i] - sign * b[i]) <= 1e-6)) return false;
+    return true;
+}
+
 Vec3f toEuler(const Quat& q, const Order& o)
 {
     const auto [i, j, k] = o.axes;
@@ -279,6 +287,9 @@ void Transform3D::synchroniseRotation(BitVector whichField)
     const bool quaternionWritten = whichField & RotationFieldMask;
     const bool anglesDecide = anglesWritten == quaternionWritten ? getRotationMode() != QuaternionMode : anglesWritten;
     const Order o = order(getEulerRotationOrder());
+    // Written together and of one mind, as after a copy of all fields: deriving one from the other would only round it.
+    if (anglesWritten && quaternionWritten && sameRotation(fromEuler(getEulerRotation(), o), quat(getRotation())))
+        return;
     if (anglesDecide) {
         setRotation(quaternion(fromEuler(getEulerRotation(), o)));
     } else {
