@@ -19,3 +19,13 @@
 #include <moUndoStack/field/moStringFieldUndoCommand.h>
 #include <moUndoStack/field/moStringsFieldUndoCommand.h>
 #include <moUndoStack/field/moUndoUtil.h>
+#include <moUndoStack/transform/moAddTransformVariantUndoCommand.h>
+#include <moUndoStack/transform/moApplyTransformationVariantUndoCommand.h>
+#include <moUndoStack/transform/moEulerRotationOrderUndoCommand.h>
+#include <moUndoStack/transform/moRemoveTransformSwitchVariantUndoCommand.h>
+#include <moUndoStack/transform/moRotationAsQuaternionUndoCommand.h>
+#include <moUndoStack/transform/moTransformUndoCommand.h>
+#include <moUndoStack/transform/moTransformValueUndoCommands.h>
+#include <moUndoStack/transform/moTransformVariantMoveCommand.h>
+#include <moUndoStack/transform/moTransformVariantNameUndoCommand.h>
+#include <moUndoStack/transform/moTransformVariantOptionsUndoCommand.h>

@@ -1,0 +1,93 @@
+#include <moUndoStack/transform/moApplyTransformationVariantUndoCommand.h>
+
+#include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/transform/moTransformText_p.h>
+
+#include <moOpenSGUtils/moTransformVariantUtils.h>
+
+#include <utility>
+
+MO_UNDO_COMMAND_ID_IMPL(moApplyTransformationVariantUndoCommand)
+
+moApplyTransformationVariantUndoCommand::SyncFunction moApplyTransformationVariantUndoCommand::s_sync;
+
+moApplyTransformationVariantUndoCommand::moApplyTransformationVariantUndoCommand(osg::NodePtr node, int variantIndex,
+                                                                                 bool sync, QUndoCommand* parent,
+                                                                                 std::function<void()> callback)
+    : moUndoCommand(transformText(tr("Apply variant to %1"), tr("Apply variant"), node), parent),
+      m_variantIndex(variantIndex),
+      m_nodeId(containerId(node)),
+      m_callback(std::move(callback)),
+      m_sync(sync)
+{
+    namespace utils = moTransformVariantUtils;
+
+    const osg::NodePtr transform = moNodeUtils::findTransform(node);
+    const osg::Transform3DPtr live = moNodeUtils::getTransform3D(transform, -1);
+    const osg::Transform3DPtr own = moNodeUtils::getTransform3D(transform, variantIndex);
+    const osg::TransformVariantPtr variant = utils::getTransformVariant(live, variantIndex);
+    if (variant == osg::NullFC || own == osg::NullFC || live == osg::NullFC) return;
+
+    m_previous.translation = live->getTranslation();
+    m_previous.rotationOrientation = live->getEulerRotationOrientation();
+    m_previous.rotation = live->getEulerRotation();
+    m_previous.rotatePivot = live->getRotatePivot();
+    m_previous.rotatePivotTranslation = live->getRotatePivotTranslation();
+    m_previous.scale = live->getScale();
+    m_previous.scalePivot = live->getScalePivot();
+    m_previous.scalePivotTranslation = live->getScalePivotTranslation();
+    m_previous.rotationMode = live->getRotationMode();
+    m_previous.eulerRotationOrder = live->getEulerRotationOrder();
+    m_previous.rotationDirectionValid =
+        live->getRotationDirectionValues(m_previous.rotationDirection, m_previous.rotationDirectionMode);
+    m_previousSupposedState = utils::getSupposedState(live);
+
+    m_applied.translation = utils::getTranslation(live, variantIndex, true);
+    m_applied.rotationOrientation = utils::getRotationPivotOrientation(live, variantIndex, true);
+    m_applied.rotation = utils::getRotation(live, variantIndex, true);
+    m_applied.rotatePivot = utils::getRotationPivot(live, variantIndex, true);
+    m_applied.rotatePivotTranslation = utils::getRotationPivotTranslation(live, variantIndex, true);
+    m_applied.scale = utils::getScale(live, variantIndex, true);
+    m_applied.scalePivot = utils::getScalePivot(live, variantIndex, true);
+    m_applied.scalePivotTranslation = utils::getScalePivotTranslation(live, variantIndex, true);
+    m_applied.rotationMode = utils::getRotationMode(live, variantIndex, true);
+    m_applied.eulerRotationOrder = utils::getEulerRotationOrder(live, variantIndex, true);
+
+    // The direction is three values that belong together: here the flag is asked for, there is no getter that does.
+    const bool takesDirection = utils::getApplyFlags(variant) & osg::TransformVariant::ApplyRotationDirection;
+    m_applied.rotationDirectionValid =
+        (takesDirection ? own : live)
+            ->getRotationDirectionValues(m_applied.rotationDirection, m_applied.rotationDirectionMode);
+    m_captured = true;
+}
+
+void moApplyTransformationVariantUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    s_sync = function;
+}
+
+void moApplyTransformationVariantUndoCommand::redo()
+{
+    apply(m_applied, m_variantIndex);
+}
+
+void moApplyTransformationVariantUndoCommand::undo()
+{
+    apply(m_previous, m_previousSupposedState);
+}
+
+void moApplyTransformationVariantUndoCommand::apply(const TransformValues& values, int supposedState) const
+{
+    if (!m_captured) return;
+    const auto node = findContainer<osg::NodePtr>(m_nodeId);
+    if (node == osg::NullFC) return;
+
+    moTransformVariantUtils::setSupposedState(moNodeUtils::getTransform3D(node, -1), supposedState);
+    moNodeUtils::setTransformNodeValues(node, values.translation, values.rotationOrientation, values.rotation,
+                                        values.rotatePivot, values.rotatePivotTranslation, values.scale,
+                                        values.scalePivot, values.scalePivotTranslation, values.rotationMode,
+                                        values.eulerRotationOrder, values.rotationDirectionValid,
+                                        values.rotationDirection, values.rotationDirectionMode, -1);
+    if (m_callback) m_callback();
+    if (s_sync && m_sync) s_sync(node);
+}

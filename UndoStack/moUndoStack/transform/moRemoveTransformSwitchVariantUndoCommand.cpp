@@ -1,0 +1,46 @@
+#include <moUndoStack/transform/moRemoveTransformSwitchVariantUndoCommand.h>
+
+#include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/transform/moTransformText_p.h>
+
+#include <utility>
+
+MO_UNDO_COMMAND_ID_IMPL(moRemoveTransformSwitchVariantUndoCommand)
+
+moRemoveTransformSwitchVariantUndoCommand::moRemoveTransformSwitchVariantUndoCommand(osg::NodePtr node,
+                                                                                     std::uint64_t index,
+                                                                                     QUndoCommand* parent,
+                                                                                     Callback callback)
+    : moUndoCommand(transformText(tr("Remove transform variant '%1'"), tr("Remove transform variant"), node), parent),
+      m_nodeId(containerId(node)),
+      m_variant(std::make_unique<ContainerReference>(moNodeUtils::getTransformVariant(node, index))),
+      m_attachment(std::make_unique<ContainerReference>(moNodeUtils::getTransformVariantsAttachment(node))),
+      m_index(index),
+      m_callback(std::move(callback))
+{
+}
+
+moRemoveTransformSwitchVariantUndoCommand::~moRemoveTransformSwitchVariantUndoCommand() = default;
+
+void moRemoveTransformSwitchVariantUndoCommand::redo()
+{
+    const auto node = findContainer<osg::NodePtr>(m_nodeId);
+    if (node == osg::NullFC) return;
+
+    moNodeUtils::removeTransformVariant(node, m_index);
+    if (moNodeUtils::getTransformVariantCount(node) == 0) moNodeUtils::removeTransformVariantsAttachment(node);
+    m_callback(m_nodeId, static_cast<int>(m_index), false);
+}
+
+void moRemoveTransformSwitchVariantUndoCommand::undo()
+{
+    const auto node = findContainer<osg::NodePtr>(m_nodeId);
+    const auto variant = m_variant->find<osg::TransformVariantPtr>();
+    const auto attachment = m_attachment->find<osg::TransformVariantsAttachmentPtr>();
+    if (node == osg::NullFC || variant == osg::NullFC || attachment == osg::NullFC) return;
+
+    if (moNodeUtils::getTransformVariantsAttachment(node) == osg::NullFC)
+        moNodeUtils::setTransformVariantsAttachment(node, attachment);
+    moNodeUtils::insertTransformVariant(node, m_index, variant);
+    m_callback(m_nodeId, static_cast<int>(m_index), true);
+}

@@ -1,0 +1,50 @@
+#include <moUndoStack/transform/moTransformUndoCommand.h>
+
+#include <moUndoStack/transform/moTransformText_p.h>
+
+#include <utility>
+
+template<class T>
+moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
+                                                  QUndoCommand* parent, int variantIndex)
+    : moFunctionUndoCommand<T>(
+          transformText(QString::fromUtf8(text) + QStringLiteral(" '%1'"), QString::fromUtf8(text), node), node,
+          std::move(value), parent),
+      m_flag(flag),
+      m_variantIndex(variantIndex)
+{
+}
+
+template<class T>
+moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
+                                                  bool mergeEnabled, QUndoCommand* parent, int variantIndex)
+    : moTransformUndoCommand(text, node, std::move(value), flag, parent, variantIndex)
+{
+    this->setMergeEnabled(mergeEnabled);
+}
+
+template<class T>
+moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
+                                                  double mergeDelta, QUndoCommand* parent, int variantIndex)
+    : moTransformUndoCommand(text, node, std::move(value), flag, parent, variantIndex)
+{
+    this->setMergeResponseDelta(mergeDelta);
+}
+
+template<class T>
+void moTransformUndoCommand<T>::makeMessage(moMessage& message) const
+{
+    moFunctionUndoCommand<T>::makeMessage(message);
+    message.set("transformCommand", true, true);
+}
+
+template<class T>
+bool moTransformUndoCommand<T>::canMergeWith(const QUndoCommand* other) const
+{
+    if (!moFunctionUndoCommand<T>::canMergeWith(other)) return false;
+    const auto* newer = dynamic_cast<const moTransformUndoCommand<T>*>(other);
+    return newer && newer->m_flag == m_flag && newer->m_variantIndex == m_variantIndex;
+}
+
+template class moTransformUndoCommand<osg::Vec3f>;
+template class moTransformUndoCommand<std::string>;

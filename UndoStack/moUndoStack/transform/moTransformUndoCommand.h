@@ -1,0 +1,46 @@
+#pragma once
+
+#include <moUndoStack/core/moFunctionUndoCommand.h>
+#include <moUndoStack/core/moUndoStackExport.h>
+
+/// Sets one component of a node's transform, or of one of its transform variants. The base of the commands that
+/// moNodeUtils' transform operations carry out: a subclass says which operation (get and set) and declares its id.
+///
+/// Text: <action word> '<name of the node>'. Description: the action word.
+/// Old value: read at each step, as moFunctionUndoCommand does; nothing is read at construction.
+/// Merges with a newer command of the same class, node, flag and variant made within its merge interval.
+/// A node that has gone makes undo and redo no-ops. What a node without a transform core gets is moNodeUtils' business.
+/// Message: "id" (int), "node" (unsigned int), "transformCommand" = true.
+template<class T>
+class moTransformUndoCommand : public moFunctionUndoCommand<T>
+{
+public:
+    void makeMessage(moMessage& message) const override;
+    bool canMergeWith(const QUndoCommand* other) const override;
+
+protected:
+    /// \param text          the action word.
+    /// \param flag          handed to those operations that take one (there it means world space); false for the
+    /// others. \param variantIndex  -1: the node's own transform; from 0 on: that variant of the node.
+    moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, QUndoCommand* parent,
+                           int variantIndex);
+
+    /// \param mergeEnabled  see moUndoCommand::setMergeEnabled().
+    moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, bool mergeEnabled,
+                           QUndoCommand* parent, int variantIndex);
+
+    /// \param mergeDelta  seconds, see moUndoCommand::setMergeResponseDelta().
+    moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, double mergeDelta,
+                           QUndoCommand* parent, int variantIndex);
+
+    bool flag() const { return m_flag; }
+    int variantIndex() const { return m_variantIndex; }
+    bool editsLiveTransform() const { return m_variantIndex == -1; }
+
+private:
+    bool m_flag;
+    int m_variantIndex;
+};
+
+extern template class MO_UNDO_STACK_EXPORT moTransformUndoCommand<osg::Vec3f>;
+extern template class MO_UNDO_STACK_EXPORT moTransformUndoCommand<std::string>;

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <moUndoStack/core/moUndoCommand.h>
+#include <moUndoStack/core/moUndoStackExport.h>
+
+#include <moOpenSGExt/OSGTransformVariant.h>
+
+#include <QtCore/QCoreApplication>
+
+#include <functional>
+#include <string>
+
+/// Renames a transform variant.
+///
+/// \param callback  called after every step with the name before it and the one after it. Required: an empty one throws
+///                  std::bad_function_call after the edit was made.
+///
+/// Old value: read at construction. Never merges. Message: "id" (int).
+/// A variant that has gone makes a step do and tell nothing; a null one makes a command that never does anything.
+class MO_UNDO_STACK_EXPORT moTransformVariantNameUndoCommand : public moUndoCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(moTransformVariantNameUndoCommand)
+    MO_UNDO_COMMAND_ID
+
+public:
+    using Callback = std::function<void(const std::string& previousName, const std::string& currentName)>;
+
+    moTransformVariantNameUndoCommand(osg::TransformVariantPtr variant, std::string name, QUndoCommand* parent,
+                                      Callback callback);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void rename(const std::string& from, const std::string& to) const;
+
+    unsigned int m_variantId;
+    std::string m_oldName;
+    std::string m_newName;
+    Callback m_callback;
+};
