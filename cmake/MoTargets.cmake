@@ -26,7 +26,7 @@ function(mo_add_library name)
     add_library(${name} ${kind})
     add_library(${arg_ALIAS} ALIAS ${name})
     string(REPLACE "mo::" "" exported ${arg_ALIAS})
-    set_target_properties(${name} PROPERTIES EXPORT_NAME ${exported} VERIFY_INTERFACE_HEADER_SETS ON
+    set_target_properties(${name} PROPERTIES EXPORT_NAME ${exported} VERIFY_INTERFACE_HEADER_SETS ON INSTALL_RPATH "$ORIGIN"
                           POSITION_INDEPENDENT_CODE ON)
     target_sources(${name} PRIVATE ${arg_SOURCES}
                    PUBLIC FILE_SET HEADERS BASE_DIRS ${arg_BASE_DIR} FILES ${arg_HEADERS})
