@@ -85,9 +85,12 @@ moLog::Listener moLog::setListener(Listener replacement)
 const char* moLog::kindName(Kind kind)
 {
     switch (kind) {
-    case Kind::Error: return "error";
-    case Kind::ErrorNR: return "errorNR";
-    case Kind::WarningNR: return "warningNR";
+    case Kind::Error:
+        return "error";
+    case Kind::ErrorNR:
+        return "errorNR";
+    case Kind::WarningNR:
+        return "warningNR";
     }
     return "";
 }

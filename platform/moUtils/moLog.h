@@ -5,12 +5,17 @@
 
 /// Logging facade: one line per call, printf-style, written through Qt's logging category "mo.undo".
 ///
-/// The ...NR calls (non-repeating) write a line only the first time that this very text comes up in the process; error()
-/// writes every time. Main thread only.
+/// The ...NR calls (non-repeating) write a line only the first time that this very text comes up in the process;
+/// error() writes every time. Main thread only.
 class moLog
 {
 public:
-    enum class Kind { Error, ErrorNR, WarningNR };
+    enum class Kind
+    {
+        Error,
+        ErrorNR,
+        WarningNR
+    };
 
     /// Told of every call, also of those whose line is suppressed as a repetition.
     using Listener = std::function<void(Kind kind, const std::string& line)>;

@@ -1,5 +1,5 @@
-// Shows the history in a process whose application object lives and dies in one of several ways. Exit status 0: all as it
-// should be, and nothing crashed on the way out.
+// Shows the history in a process whose application object lives and dies in one of several ways. Exit status 0: all as
+// it should be, and nothing crashed on the way out.
 
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/core/moUndoStack.h>
@@ -34,7 +34,8 @@ void record(moUndoStack& stack)
 {
     moUndoStack::beginUndo();
     for (int i = 0; i < 3; ++i)
-        stack.addOrExecute(new moGenericFunctionUndoCommand(moUndoString("step", ""), [] {}, [] {}, nullptr));
+        stack.addOrExecute(new moGenericFunctionUndoCommand(
+            moUndoString("step", ""), [] {}, [] {}, nullptr));
     moUndoStack::endUndo();
 }
 

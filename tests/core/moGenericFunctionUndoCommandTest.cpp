@@ -50,10 +50,12 @@ TEST_F(GenericFunctionUndoCommand, DescribesItselfWithTheIdMinusOne)
 
 TEST_F(GenericFunctionUndoCommand, ThrowsBadFunctionCallWhenTheStepOfAnEmptyFunctionComes)
 {
-    EXPECT_THROW(stack.add(new moGenericFunctionUndoCommand(moUndoString("a", ""), [] {}, {}, nullptr)),
+    EXPECT_THROW(stack.add(new moGenericFunctionUndoCommand(
+                     moUndoString("a", ""), [] {}, {}, nullptr)),
                  std::bad_function_call);
     EXPECT_TRUE(stack.isEmpty());
-    stack.add(new moGenericFunctionUndoCommand(moUndoString("a", ""), {}, [] {}, nullptr));
+    stack.add(new moGenericFunctionUndoCommand(
+        moUndoString("a", ""), {}, [] {}, nullptr));
     EXPECT_THROW(stack.undo(), std::bad_function_call);
     EXPECT_EQ(describe(stack), "1 step, at \"a\", undo, no redo");
 }

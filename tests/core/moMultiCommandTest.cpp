@@ -251,7 +251,10 @@ TEST_F(MultiCommandConstructors, EnableMergingUnlessToldOtherwise)
 class MultiCommand : public UndoTest
 {
 protected:
-    ProbeCommand* childOf(QUndoCommand* parent, const char* name) { return (new ProbeCommand(name, parent))->loggingTo(steps); }
+    ProbeCommand* childOf(QUndoCommand* parent, const char* name)
+    {
+        return (new ProbeCommand(name, parent))->loggingTo(steps);
+    }
 
     std::vector<std::string> steps;
 };

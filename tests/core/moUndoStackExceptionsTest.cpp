@@ -71,8 +71,9 @@ TEST_F(Exceptions, OutOfRedoWhilePushedReachTheCallerAndTheCommandIsDeletedOnce)
 {
     stack.add(new ProbeCommand("redone later"));
     stack.undo();
-    EXPECT_EQ(faultOf([this] { stack.add((new ProbeCommand("a"))->onRedo(fails("redo"))->onDestroyed(countDeletion)); }),
-              "redo");
+    EXPECT_EQ(
+        faultOf([this] { stack.add((new ProbeCommand("a"))->onRedo(fails("redo"))->onDestroyed(countDeletion)); }),
+        "redo");
     EXPECT_EQ(deleted, 1);
     EXPECT_EQ(describe(stack), "2 steps, at \"kept\", undo, redo") << "what could be redone still can";
     stack.redo();
@@ -93,8 +94,9 @@ TEST_F(Exceptions, OutOfRedoInAMacroLeaveTheMacroOpenAndWithoutTheCommand)
 {
     stack.beginMacro("macro");
     stack.add((new ProbeCommand("good"))->loggingTo(steps));
-    EXPECT_EQ(faultOf([this] { stack.add((new ProbeCommand("a"))->onRedo(fails("redo"))->onDestroyed(countDeletion)); }),
-              "redo");
+    EXPECT_EQ(
+        faultOf([this] { stack.add((new ProbeCommand("a"))->onRedo(fails("redo"))->onDestroyed(countDeletion)); }),
+        "redo");
     EXPECT_EQ(deleted, 1);
     stack.endMacro();
     EXPECT_EQ(stack.currentCommand()->childCount(), 1);
@@ -161,7 +163,8 @@ TEST_F(Exceptions, OutOfRedoOfARecordedStepLeaveItUndone)
 
 TEST_F(Exceptions, OutOfMergeDeleteTheNewerCommandOnceAndKeepTheOlderOne)
 {
-    stack.add((new ProbeCommand("older"))->withId(81)->onMerge([](const QUndoCommand*) -> bool { throw Fault("merge"); }));
+    stack.add(
+        (new ProbeCommand("older"))->withId(81)->onMerge([](const QUndoCommand*) -> bool { throw Fault("merge"); }));
     EXPECT_EQ(faultOf([this] {
                   stack.add((new ProbeCommand("newer"))->withId(81)->loggingTo(steps)->onDestroyed(countDeletion));
               }),
@@ -175,8 +178,10 @@ TEST_F(Exceptions, OutOfMergeDeleteTheNewerCommandOnceAndKeepTheOlderOne)
 TEST_F(Exceptions, OutOfMergeInAMacroDeleteTheNewerCommandOnce)
 {
     stack.beginMacro("macro");
-    stack.add((new ProbeCommand("older"))->withId(81)->onMerge([](const QUndoCommand*) -> bool { throw Fault("merge"); }));
-    EXPECT_EQ(faultOf([this] { stack.add((new ProbeCommand("newer"))->withId(81)->onDestroyed(countDeletion)); }), "merge");
+    stack.add(
+        (new ProbeCommand("older"))->withId(81)->onMerge([](const QUndoCommand*) -> bool { throw Fault("merge"); }));
+    EXPECT_EQ(faultOf([this] { stack.add((new ProbeCommand("newer"))->withId(81)->onDestroyed(countDeletion)); }),
+              "merge");
     EXPECT_EQ(deleted, 1);
     stack.endMacro();
     EXPECT_EQ(stack.currentCommand()->childCount(), 1);
@@ -184,7 +189,12 @@ TEST_F(Exceptions, OutOfMergeInAMacroDeleteTheNewerCommandOnce)
 }
 
 /// The three kinds of listener that can throw.
-enum class Listener { Slot, Message, Changed };
+enum class Listener
+{
+    Slot,
+    Message,
+    Changed
+};
 
 bool failingMessageCallback(const char*, moMessage&, int)
 {
@@ -202,8 +212,12 @@ protected:
             QObject::connect(&stack, &moUndoStack::redoPerformed, m_context.get(), fails("listener"));
             QObject::connect(&stack, &moUndoStack::undoPerformed, m_context.get(), fails("listener"));
             break;
-        case Listener::Message: stack.setMessageCallback(failingMessageCallback); break;
-        case Listener::Changed: command->setChangedCB([](bool) { throw Fault("listener"); }); break;
+        case Listener::Message:
+            stack.setMessageCallback(failingMessageCallback);
+            break;
+        case Listener::Changed:
+            command->setChangedCB([](bool) { throw Fault("listener"); });
+            break;
         }
         m_command = command;
         return command;

@@ -35,7 +35,8 @@ protected:
 
     void TearDown() override
     {
-        for (QUndoView* view : views()) delete view;
+        for (QUndoView* view : views())
+            delete view;
         UndoTest::TearDown();
     }
 
@@ -91,20 +92,23 @@ TEST_F(History, NeedsNoLookAtEachRow)
 
 TEST_F(History, JumpsOverSeveralStepsReportedAsOne)
 {
-    for (const char* name : {"a", "b", "c"}) stack.add(new ProbeCommand(name));
+    for (const char* name : {"a", "b", "c"})
+        stack.add(new ProbeCommand(name));
     QUndoView* view = shown();
     Trace trace(stack);
     click(*view, 1);
     EXPECT_EQ(describe(stack), "3 steps, at \"a\", undo, redo");
     click(*view, 3);
     EXPECT_EQ(describe(stack), "3 steps, at \"c\", undo, no redo");
-    EXPECT_THAT(trace.take(), ElementsAre("signal undo \"b\"", testing::HasSubstr("moURManager::undo index=int:1"),
-                                          "signal redo \"c\"", testing::HasSubstr("moURManager::redo index=int:2 added=bool:false")));
+    EXPECT_THAT(trace.take(),
+                ElementsAre("signal undo \"b\"", testing::HasSubstr("moURManager::undo index=int:1"),
+                            "signal redo \"c\"", testing::HasSubstr("moURManager::redo index=int:2 added=bool:false")));
 }
 
 TEST_F(History, LetsASlotCallTheStackWhenAStepWasChosenInIt)
 {
-    for (const char* name : {"a", "b", "c"}) stack.add(new ProbeCommand(name));
+    for (const char* name : {"a", "b", "c"})
+        stack.add(new ProbeCommand(name));
     QUndoView* view = shown();
     QObject context;
     bool first = true;

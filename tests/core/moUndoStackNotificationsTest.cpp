@@ -39,9 +39,9 @@ std::string familyId()
 
 std::string message(const std::string& name, int index, bool added, const std::string& text)
 {
-    return "message moURManager::" + name + " index=int:" + std::to_string(index) + " added=bool:" +
-           (added ? "true" : "false") + " text=string:\"" + text + "\" description=string:\"about " + text +
-           "\" id=int:" + familyId() + " family=bool:true";
+    return "message moURManager::" + name + " index=int:" + std::to_string(index) +
+           " added=bool:" + (added ? "true" : "false") + " text=string:\"" + text + "\" description=string:\"about " +
+           text + "\" id=int:" + familyId() + " family=bool:true";
 }
 
 class Notifications : public UndoTest
@@ -96,7 +96,8 @@ TEST_F(Notifications, OfAJumpNameOnlyTheCommandAtTheNewBoundary)
     stack.redo();
     stack.redo();
     stack.mark();
-    for (int i = 0; i < 3; ++i) stack.undo();
+    for (int i = 0; i < 3; ++i)
+        stack.undo();
     trace.take();
     stack.reset();
     EXPECT_THAT(trace.take(), ElementsAre("signal redo \"c\"", message("redo", 2, false, "c"), "changed \"c\" true"));
@@ -121,8 +122,9 @@ TEST_F(Notifications, AreNotSentForUndoAndRedoAtTheEnds)
 TEST_F(Notifications, OfAPlainCommandCarryIndexAddedAndTextOnly)
 {
     stack.add(new QUndoCommand("plain"));
-    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"plain\" added",
-                                          "message moURManager::redo index=int:0 added=bool:true text=string:\"plain\""));
+    EXPECT_THAT(trace.take(),
+                ElementsAre("signal redo \"plain\" added",
+                            "message moURManager::redo index=int:0 added=bool:true text=string:\"plain\""));
 }
 
 TEST_F(Notifications, OfACompositeCarryItsOwnTextsAndTheKeysOfItsFirstChild)
@@ -131,9 +133,8 @@ TEST_F(Notifications, OfACompositeCarryItsOwnTextsAndTheKeysOfItsFirstChild)
     trace.watch(new FamilyCommand("first"), "first");
     trace.watch(new ProbeCommand("other"), "other");
     stack.endMultiCommand();
-    EXPECT_THAT(trace.take(),
-                ElementsAre("signal redo \"both\" added", message("redo", 0, true, "both"), "changed \"first\" true",
-                            "changed \"other\" true"));
+    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"both\" added", message("redo", 0, true, "both"),
+                                          "changed \"first\" true", "changed \"other\" true"));
 }
 
 TEST_F(Notifications, OfACompositeWhoseFirstChildIsACompositeCarryNoFurtherKeys)
@@ -184,7 +185,8 @@ TEST_F(Notifications, AfterClearStartAtIndexZeroAgain)
     stack.clear();
     trace.take();
     stack.add(made("c"));
-    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"c\" added", message("redo", 0, true, "c"), "changed \"c\" true"));
+    EXPECT_THAT(trace.take(),
+                ElementsAre("signal redo \"c\" added", message("redo", 0, true, "c"), "changed \"c\" true"));
 }
 
 TEST_F(Notifications, OfTheTwoStacksDoNotMix)
@@ -214,8 +216,9 @@ TEST_F(Notifications, SeeTheEditMadeAndTheIndexMoved)
     int value = 0;
     std::vector<std::string> seen;
     QObject context;
-    QObject::connect(&stack, &moUndoStack::redoPerformed, &context,
-                     [&](const QUndoCommand*, bool) { seen.push_back(std::to_string(value) + ", " + describe(stack)); });
+    QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [&](const QUndoCommand*, bool) {
+        seen.push_back(std::to_string(value) + ", " + describe(stack));
+    });
     stack.add((new ProbeCommand("a"))->onRedo([&value] { value = 7; }));
     EXPECT_THAT(seen, ElementsAre("7, 1 step, at \"a\", undo, no redo"));
 }

@@ -21,7 +21,13 @@ std::vector<std::string> signalsOf(const std::vector<std::string>& lines)
 }
 
 /// Calls made while the stack is at work wait for their turn. Each case runs from every place a call can come from.
-enum class From { Slot, MessageCallback, ChangedCallback, Redo };
+enum class From
+{
+    Slot,
+    MessageCallback,
+    ChangedCallback,
+    Redo
+};
 
 std::function<void()> s_onMessage;
 
@@ -41,7 +47,8 @@ protected:
         UndoTest::TearDown();
     }
 
-    /// Pushes a command "outer"; the first time that the parameter's place is reached meanwhile, the call is made there.
+    /// Pushes a command "outer"; the first time that the parameter's place is reached meanwhile, the call is made
+    /// there.
     void pushWith(std::function<void()> call)
     {
         auto* outer = new ProbeCommand("outer");
@@ -51,13 +58,19 @@ protected:
         };
         auto context = std::make_unique<QObject>();
         switch (GetParam()) {
-        case From::Slot: QObject::connect(&stack, &moUndoStack::redoPerformed, context.get(), callOnce); break;
+        case From::Slot:
+            QObject::connect(&stack, &moUndoStack::redoPerformed, context.get(), callOnce);
+            break;
         case From::MessageCallback:
             s_onMessage = callOnce;
             stack.setMessageCallback(callFromMessage);
             break;
-        case From::ChangedCallback: outer->setChangedCB([callOnce](bool) { callOnce(); }); break;
-        case From::Redo: outer->onRedo(callOnce); break;
+        case From::ChangedCallback:
+            outer->setChangedCB([callOnce](bool) { callOnce(); });
+            break;
+        case From::Redo:
+            outer->onRedo(callOnce);
+            break;
         }
         stack.addOrExecute(outer);
         context.reset();
@@ -180,7 +193,8 @@ std::string placeName(const testing::TestParamInfo<From>& parameter)
 }
 
 INSTANTIATE_TEST_SUITE_P(FromEachPlace, Reentrancy,
-                         testing::Values(From::Slot, From::MessageCallback, From::ChangedCallback, From::Redo), placeName);
+                         testing::Values(From::Slot, From::MessageCallback, From::ChangedCallback, From::Redo),
+                         placeName);
 
 using ReentrantSteps = UndoTest;
 
@@ -196,12 +210,14 @@ TEST_F(ReentrantSteps, AreReportedOneAfterTheOtherEachToAllListeners)
     });
     stack.add(trace.watch(new ProbeCommand("a"), "a"));
     const auto about = [](const char* name, int index, const char* added, const char* text) {
-        return std::string("message moURManager::") + name + " index=int:" + std::to_string(index) + " added=bool:" + added +
-               " text=string:\"" + text + "\" description=string:\"about " + text + "\" id=int:-1";
+        return std::string("message moURManager::") + name + " index=int:" + std::to_string(index) +
+               " added=bool:" + added + " text=string:\"" + text + "\" description=string:\"about " + text +
+               "\" id=int:-1";
     };
-    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"a\" added", about("redo", 0, "true", "a"), "changed \"a\" true", //
-                                          "signal undo \"a\"", about("undo", 0, "false", "a"), "changed \"a\" false",     //
-                                          "signal redo \"b\" added", about("redo", 0, "true", "b"), "changed \"b\" true"));
+    EXPECT_THAT(trace.take(),
+                ElementsAre("signal redo \"a\" added", about("redo", 0, "true", "a"), "changed \"a\" true", //
+                            "signal undo \"a\"", about("undo", 0, "false", "a"), "changed \"a\" false",     //
+                            "signal redo \"b\" added", about("redo", 0, "true", "b"), "changed \"b\" true"));
 }
 
 TEST_F(ReentrantSteps, ClearFromAChangedCallbackDeletesTheCommandOnlyAfterItsCallbackEnded)

@@ -40,9 +40,9 @@ TEST(UndoStackMetaObject, ListsItsMethodsInTheOrderThatScriptsRelyOn)
         methods.push_back(line);
     }
     EXPECT_THAT(methods, ElementsAre("signal redoPerformed(const QUndoCommand*,bool) command added",
-                                     "signal undoPerformed(const QUndoCommand*) command", "signal cleared()", "slot undo()",
-                                     "slot redo()", "slot clear()", "slot mark()", "slot reset()", "slot showHistory()",
-                                     "private slot indexChanged(int) i"));
+                                     "signal undoPerformed(const QUndoCommand*) command", "signal cleared()",
+                                     "slot undo()", "slot redo()", "slot clear()", "slot mark()", "slot reset()",
+                                     "slot showHistory()", "private slot indexChanged(int) i"));
 }
 
 /// The counters, which are off at the start here.
@@ -200,9 +200,11 @@ TEST_F(UndoStack, UndoesTheNewestFirstAndRedoesTheOldestFirst)
     for (const char* name : {"a", "b", "c"})
         stack.add((new ProbeCommand(name))->loggingTo(steps));
     steps.clear();
-    for (int i = 0; i < 4; ++i) stack.undo();
+    for (int i = 0; i < 4; ++i)
+        stack.undo();
     EXPECT_EQ(describe(stack), "3 steps, at start, no undo, redo");
-    for (int i = 0; i < 4; ++i) stack.redo();
+    for (int i = 0; i < 4; ++i)
+        stack.redo();
     EXPECT_EQ(describe(stack), "3 steps, at \"c\", undo, no redo");
     EXPECT_THAT(steps, ElementsAre("undo c", "undo b", "undo a", "redo a", "redo b", "redo c"));
 }
@@ -349,7 +351,8 @@ TEST_F(Mark, StaysAfterResetAndCanBeReturnedToAgain)
 TEST_F(Mark, BeyondTheStepsThatAreLeftMeansTheLastOfThem)
 {
     stack.mark();
-    for (int i = 0; i < 3; ++i) stack.undo();
+    for (int i = 0; i < 3; ++i)
+        stack.undo();
     stack.add(new ProbeCommand("e"));
     stack.undo();
     stack.reset();
@@ -392,14 +395,16 @@ TEST_F(Macro, IsReportedOnceAndAsAdded)
     stack.add(child);
     EXPECT_THAT(trace.take(), IsEmpty());
     stack.endMacro();
-    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"both\" added",
-                                          "message moURManager::redo index=int:0 added=bool:true text=string:\"both\""));
+    EXPECT_THAT(trace.take(),
+                ElementsAre("signal redo \"both\" added",
+                            "message moURManager::redo index=int:0 added=bool:true text=string:\"both\""));
     stack.undo();
     stack.redo();
-    EXPECT_THAT(trace.take(), ElementsAre("signal undo \"both\"",
-                                          "message moURManager::undo index=int:0 added=bool:false text=string:\"both\"",
-                                          "signal redo \"both\"",
-                                          "message moURManager::redo index=int:0 added=bool:false text=string:\"both\""));
+    EXPECT_THAT(trace.take(),
+                ElementsAre("signal undo \"both\"",
+                            "message moURManager::undo index=int:0 added=bool:false text=string:\"both\"",
+                            "signal redo \"both\"",
+                            "message moURManager::redo index=int:0 added=bool:false text=string:\"both\""));
 }
 
 TEST_F(Macro, MergesInsideItself)

@@ -3,8 +3,7 @@
 #include <OpenSG/OSGFieldContainerType.h>
 #include <OpenSG/OSGFieldDescription.h>
 
-namespace osg
-{
+namespace osg {
 
 OSG_ABSTRACT_CONTAINER_IMPL(ObservedCore, NodeCore, OSG_OBSERVEDCORE_FIELDS)
 OSG_CONTAINER_IMPL(AllSingleFields, ObservedCore, OSG_ALLSINGLEFIELDS_FIELDS)

@@ -12,8 +12,7 @@
 
 // Containers with a field of every type there is. Two of them, since a field mask has room for 63 fields.
 
-namespace osg
-{
+namespace osg {
 
 class ObservedCore;
 typedef FCPtr<NodeCorePtr, ObservedCore> ObservedCorePtr;

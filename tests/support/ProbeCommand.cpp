@@ -11,7 +11,8 @@ int s_liveCount = 0;
 } // namespace
 
 ProbeCommand::ProbeCommand(const std::string& text, QUndoCommand* parent)
-    : moUndoCommand(moUndoString(QString::fromStdString(text), QString::fromStdString("about " + text), "Probes"), parent),
+    : moUndoCommand(moUndoString(QString::fromStdString(text), QString::fromStdString("about " + text), "Probes"),
+                    parent),
       m_name(text)
 {
     ++s_liveCount;

@@ -31,8 +31,10 @@ void UndoTest::TearDown()
     moUndoStack::endUndo();
     EXPECT_FALSE(moUndoStack::undoEnabled()) << "beginUndo() without endUndo()";
     EXPECT_FALSE(moUndoStack::undoBlocked()) << "beginBlockUndo() without endBlockUndo()";
-    while (moUndoStack::undoEnabled()) moUndoStack::endUndo();
-    while (moUndoStack::undoBlocked()) moUndoStack::endBlockUndo();
+    while (moUndoStack::undoEnabled())
+        moUndoStack::endUndo();
+    while (moUndoStack::undoBlocked())
+        moUndoStack::endBlockUndo();
     EXPECT_EQ(describe(stack), "0 steps, at start, no undo, no redo");
     EXPECT_EQ(describe(second), "0 steps, at start, no undo, no redo");
     EXPECT_EQ(liveContainerCount(), m_containersBefore) << "containers were left behind";

@@ -13,7 +13,8 @@ inline unsigned int containerId(const osg::FieldContainerPtr& container)
     return container == osg::NullFC ? 0 : container.getFieldContainerId();
 }
 
-/// The container with this id as a handle of the given type; null when it is gone, was never there or is of another type.
+/// The container with this id as a handle of the given type; null when it is gone, was never there or is of another
+/// type.
 template<class Ptr>
 Ptr findContainer(unsigned int id)
 {
@@ -26,8 +27,8 @@ inline osg::FieldContainerPtr findContainer<osg::FieldContainerPtr>(unsigned int
     return osg::FieldContainerFactory::the()->getContainer(id);
 }
 
-/// An edit of a container by the user: open from construction to destruction, also when the edit throws. The container's
-/// change notification goes out when it closes. A null container makes it do nothing.
+/// An edit of a container by the user: open from construction to destruction, also when the edit throws. The
+/// container's change notification goes out when it closes. A null container makes it do nothing.
 class ContainerEdit
 {
 public:
@@ -46,7 +47,8 @@ private:
     osg::BitVector m_mask;
 };
 
-/// For the few commands that hand a reference over; everybody else holds a ContainerReference. Null handles are ignored.
+/// For the few commands that hand a reference over; everybody else holds a ContainerReference. Null handles are
+/// ignored.
 inline void addReference(const osg::FieldContainerPtr& container)
 {
     osg::addRefCP(container);
@@ -58,8 +60,8 @@ inline void releaseReference(const osg::FieldContainerPtr& container)
     osg::subRefCP(container);
 }
 
-/// Keeps a container alive: one reference from construction to destruction. Found again by id, so that nothing happens at the
-/// end when somebody has destroyed the container all the same.
+/// Keeps a container alive: one reference from construction to destruction. Found again by id, so that nothing happens
+/// at the end when somebody has destroyed the container all the same.
 class ContainerReference
 {
 public:

@@ -39,5 +39,6 @@ void moInvokeMultiCommand::redo()
 void moInvokeMultiCommand::invoke() const
 {
     if (!m_object || m_method.invoke(m_object)) return;
-    moLog::error("Could not invoke: %s::%s", m_object->metaObject()->className(), m_method.methodSignature().constData());
+    moLog::error("Could not invoke: %s::%s", m_object->metaObject()->className(),
+                 m_method.methodSignature().constData());
 }

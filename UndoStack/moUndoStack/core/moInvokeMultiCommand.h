@@ -4,11 +4,11 @@
 
 #include <QtCore/QMetaMethod>
 
-/// A composite that also calls a method of a QObject after each redo and each undo: the same method, without arguments, in
-/// both directions.
+/// A composite that also calls a method of a QObject after each redo and each undo: the same method, without arguments,
+/// in both directions.
 ///
-/// Failures are logged and change nothing else: a method that the object's class does not have, once, at construction; a
-/// call that Qt refuses, each time.
+/// Failures are logged and change nothing else: a method that the object's class does not have, once, at construction;
+/// a call that Qt refuses, each time.
 class MO_UNDO_STACK_EXPORT moInvokeMultiCommand : public moMultiCommand
 {
     MO_UNDO_COMMAND_ID

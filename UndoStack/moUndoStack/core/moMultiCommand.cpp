@@ -13,8 +13,8 @@ namespace {
 
 using Step = void (QUndoCommand::*)();
 
-/// Runs a step on each child in turn and then the after function. What was through when one of them throws is taken back, in
-/// the opposite order; a second failure while doing so changes nothing about the first.
+/// Runs a step on each child in turn and then the after function. What was through when one of them throws is taken
+/// back, in the opposite order; a second failure while doing so changes nothing about the first.
 template<class ChildAt>
 void runWhole(int count, const ChildAt& childAt, Step step, Step opposite, const std::function<void()>& after)
 {
@@ -60,7 +60,8 @@ void moMultiCommand::undo()
 {
     const int last = childCount() - 1;
     runWhole(
-        childCount(), [this, last](int i) { return childAt(last - i); }, &QUndoCommand::undo, &QUndoCommand::redo, m_after);
+        childCount(), [this, last](int i) { return childAt(last - i); }, &QUndoCommand::undo, &QUndoCommand::redo,
+        m_after);
 }
 
 void moMultiCommand::redo()

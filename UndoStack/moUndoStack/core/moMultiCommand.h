@@ -5,13 +5,13 @@
 
 /// A composite: one undo step made of child commands.
 ///
-/// Usually made between moUndoStack::beginMultiCommand() and endMultiCommand(). Its children are done in order and undone in
-/// reverse order. A step either happens whole or not at all: if a child or the after function throws, the children that were
-/// through already are taken back before the exception goes on.
+/// Usually made between moUndoStack::beginMultiCommand() and endMultiCommand(). Its children are done in order and
+/// undone in reverse order. A step either happens whole or not at all: if a child or the after function throws, the
+/// children that were through already are taken back before the exception goes on.
 ///
 /// Merges with a newer composite of the same class and the same number of children if each child can be merged with its
-/// counterpart. Each pair is then merged; what a child answers to that is not looked at, which is intended: a composite of
-/// commands that refuse to be merged but do not say so in canMergeWith() should be made with merging disabled.
+/// counterpart. Each pair is then merged; what a child answers to that is not looked at, which is intended: a composite
+/// of commands that refuse to be merged but do not say so in canMergeWith() should be made with merging disabled.
 /// Messages: describes itself as its first child.
 class MO_UNDO_STACK_EXPORT moMultiCommand : public moUndoCommandBase
 {

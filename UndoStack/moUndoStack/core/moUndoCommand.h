@@ -7,10 +7,10 @@
 
 /// Base of every command that makes one edit: the id of its class, its time of creation and the merge interval.
 ///
-/// Merging. A newer command is merged into an older one only if both have the same id and the newer one was made less than
-/// its merge interval after the older one. A class that merges calls canMergeWith() first in its own, adds its conditions,
-/// and takes over the newer command's creation time, so that a drag merges as long as each step follows the one before it
-/// within the interval.
+/// Merging. A newer command is merged into an older one only if both have the same id and the newer one was made less
+/// than its merge interval after the older one. A class that merges calls canMergeWith() first in its own, adds its
+/// conditions, and takes over the newer command's creation time, so that a drag merges as long as each step follows the
+/// one before it within the interval.
 ///
 /// Classes that do not declare MO_UNDO_COMMAND_ID have the id -1: Qt never asks them to merge.
 class MO_UNDO_STACK_EXPORT moUndoCommand : public moUndoCommandBase
@@ -27,12 +27,13 @@ public:
     /// Sets "id" (int).
     void makeMessage(moMessage& message) const override;
 
-    /// True if `other`, the newer command, has merging enabled, has this command's id and was made strictly less than its own
-    /// merge interval after this one. Whether merging is enabled here is not asked: it is the newer command that is merged
-    /// away, and this asymmetry is intended. Anything that is no moUndoCommand is refused.
+    /// True if `other`, the newer command, has merging enabled, has this command's id and was made strictly less than
+    /// its own merge interval after this one. Whether merging is enabled here is not asked: it is the newer command
+    /// that is merged away, and this asymmetry is intended. Anything that is no moUndoCommand is refused.
     bool canMergeWith(const QUndoCommand* other) const override;
 
-    /// A small positive number for a class: 1, 2, 3 ... in the order of first asking, stable for the life of the process.
+    /// A small positive number for a class: 1, 2, 3 ... in the order of first asking, stable for the life of the
+    /// process.
     static int makeId(std::type_index type);
 
     /// The merge interval in seconds; negative (or not a number): no limit.

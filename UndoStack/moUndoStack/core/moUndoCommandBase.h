@@ -34,9 +34,9 @@ public:
     /// Whether a newer command may be merged into this one. Asked of the older command, by mergeWith().
     virtual bool canMergeWith(const QUndoCommand* other) const = 0;
 
-    /// The function is called with true after this command was done (also when another was merged into it) and with false
-    /// after it was undone, last of all listeners; that of a composite before those of its children. Replaces the one
-    /// before; an empty function removes it.
+    /// The function is called with true after this command was done (also when another was merged into it) and with
+    /// false after it was undone, last of all listeners; that of a composite before those of its children. Replaces the
+    /// one before; an empty function removes it.
     void setChangedCB(std::function<void(bool)> changed);
 
 private:

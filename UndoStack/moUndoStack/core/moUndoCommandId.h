@@ -24,7 +24,10 @@ private:                                                                        
         static const int cmdId = moUndoCommand::makeId(std::type_index(typeid(Class)));                                \
         return cmdId;                                                                                                  \
     }                                                                                                                  \
-    int Class::id() const { return commandId(); }                                                                      \
+    int Class::id() const                                                                                              \
+    {                                                                                                                  \
+        return commandId();                                                                                            \
+    }                                                                                                                  \
     void Class::classNameTest() {}
 
 /// The same for a class template with one type parameter, before its explicit instantiations.

@@ -52,8 +52,8 @@ struct moUndoStacks
         moUndoStack::s_abandoned.clear();
     }
 
-    /// A widget must be gone before the application object is. Its destructor calls this; if the application object is never
-    /// destroyed, the handler of process exit does, before anything that Qt made earlier goes.
+    /// A widget must be gone before the application object is. Its destructor calls this; if the application object is
+    /// never destroyed, the handler of process exit does, before anything that Qt made earlier goes.
     static void closeHistories()
     {
         for (moUndoStack& stack : the().all)
@@ -202,8 +202,8 @@ void moUndoStack::clearMultiCommands()
     delete s_multiCommands.pop().first;
 }
 
-/// A nested composite lives on as a child of the one around it. Without a parent it was begun while recording was off: nobody
-/// runs or records it, it is only kept until the process ends, as somebody may have made commands for it.
+/// A nested composite lives on as a child of the one around it. Without a parent it was begun while recording was off:
+/// nobody runs or records it, it is only kept until the process ends, as somebody may have made commands for it.
 void moUndoStack::abandon(moMultiCommand* composite)
 {
     if (!composite->parent()) s_abandoned.push_back(composite);
@@ -270,7 +270,8 @@ void moUndoStack::push(QUndoCommand* command)
         try {
             m_stack->push(command);
         } catch (...) {
-            // Qt takes a command over only after it was run and not merged. Listeners do not throw into Qt, see indexChanged().
+            // Qt takes a command over only after it was run and not merged. Listeners do not throw into Qt, see
+            // indexChanged().
             const auto* ours = dynamic_cast<const moUndoCommandBase*>(command);
             if (!owns(command) && !(ours && ours->parent())) delete command;
             throw;
@@ -408,8 +409,9 @@ void moUndoStack::setMessageCallback(MessageCallback callback)
     m_messageCallback = callback;
 }
 
-/// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear. Nothing may be thrown into Qt while it is
-/// at work for us: it could not say any more who owns the command. A click into the history comes from Qt itself.
+/// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear. Nothing may be thrown into Qt
+/// while it is at work for us: it could not say any more who owns the command. A click into the history comes from Qt
+/// itself.
 void moUndoStack::indexChanged(int i)
 {
     if (m_busyDepth == 0) {

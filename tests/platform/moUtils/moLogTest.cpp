@@ -54,17 +54,17 @@ TEST(Log, RepeatsErrorsButWritesALineOfTheOthersOnlyOnce)
         moLog::warningNR("not repeated warning");
     }
     moLog::errorNR("not repeated %s", "other error");
-    EXPECT_THAT(WrittenLines::lines(),
-                ElementsAre("mo.undo critical repeated", "mo.undo critical not repeated error",
-                            "mo.undo warning not repeated warning", "mo.undo critical repeated",
-                            "mo.undo critical not repeated other error"));
+    EXPECT_THAT(WrittenLines::lines(), ElementsAre("mo.undo critical repeated", "mo.undo critical not repeated error",
+                                                   "mo.undo warning not repeated warning", "mo.undo critical repeated",
+                                                   "mo.undo critical not repeated other error"));
 }
 
 TEST(Log, TellsItsListenerOfEveryCallBeforeAnythingIsSuppressed)
 {
     const WrittenLines written;
     const LogCapture log;
-    for (int i = 0; i < 2; ++i) moLog::warningNR("heard twice");
+    for (int i = 0; i < 2; ++i)
+        moLog::warningNR("heard twice");
     moLog::error("e");
     moLog::errorNR("n");
     EXPECT_THAT(log.lines(), ElementsAre("warningNR: heard twice", "warningNR: heard twice", "error: e", "errorNR: n"));

@@ -39,7 +39,8 @@ TEST(Message, SetAgainKeepsItsPlaceAndTakesTheNewValueOnlyIfItMayOverwrite)
 TEST(Message, TakesMoreKeysThanAnyCommandSets)
 {
     moMessage message;
-    for (int i = 0; i < 100; ++i) message.set("key" + std::to_string(i), i, true);
+    for (int i = 0; i < 100; ++i)
+        message.set("key" + std::to_string(i), i, true);
     EXPECT_EQ(message.entries().size(), 100U);
     EXPECT_EQ(boost::any_cast<int>(*message.find("key99")), 99);
 }
