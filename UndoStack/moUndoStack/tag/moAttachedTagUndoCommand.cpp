@@ -1,0 +1,91 @@
+#include <moUndoStack/tag/moAttachedTagUndoCommand.h>
+
+#include <moUndoStack/core/moContainer_p.h>
+
+#include <iostream>
+#include <utility>
+
+MO_UNDO_COMMAND_ID_IMPL(moAddTagUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moSubTagUndoCommand)
+
+namespace {
+
+struct TagField
+{
+    osg::TagAttachmentPtr attachment;
+    osg::MField<std::string>* tags = nullptr;
+};
+
+// Without attachment or list of strings, tags is null.
+TagField findTagField(const osg::AttachmentContainerPtr& container, osg::UInt32 fieldId)
+{
+    TagField found;
+    if (container == osg::NullFC) return found;
+    found.attachment = osg::TagAttachmentPtr::dcast(container->findAttachment(osg::TagAttachment::getClassGroupId()));
+    if (found.attachment != osg::NullFC)
+        found.tags = dynamic_cast<osg::MField<std::string>*>(found.attachment->getField(fieldId));
+    return found;
+}
+
+template<class Edit>
+void editTagField(const osg::AttachmentContainerPtr& container, osg::UInt32 fieldId, osg::BitVector mask, Edit edit)
+{
+    const TagField field = findTagField(container, fieldId);
+    if (!field.tags) return;
+    const ContainerEdit bracket(field.attachment, mask);
+    edit(field);
+}
+
+} // namespace
+
+moAttachedTagUndoCommand::moAttachedTagUndoCommand(const moUndoString& text, osg::AttachmentContainerPtr container,
+                                                   osg::UInt64 fieldMask, osg::UInt32 fieldId, std::string tag,
+                                                   osg::MField<std::string>* newTags,
+                                                   osg::MField<osg::UInt64> oldValues,
+                                                   osg::MField<osg::UInt64> newValues)
+    : moTagUndoCommand(text),
+      m_fieldId(fieldId),
+      m_fieldMask(fieldMask),
+      m_container(std::make_unique<ContainerReference>(container))
+{
+    const TagField field = findTagField(container, fieldId);
+    // Intended: a command without a list to edit keeps all its lists empty, and so empties one that turns up later.
+    if (!field.tags) return;
+
+    m_oldTags = *field.tags;
+    if (newTags) m_newTags = *newTags;
+    m_oldValues = std::move(oldValues);
+    m_newValues = std::move(newValues);
+
+    const bool isUserTag = fieldId == osg::TagAttachment::UserTagsFieldId;
+    const bool isSystemTag = fieldId == osg::TagAttachment::SystemTagsFieldId;
+    // Intended: one line on standard output, without a line end, is all that an unsupported list gets.
+    if (!isUserTag && !isSystemTag) std::cout << "Tag type is not Undo Redo supported!";
+    setTag(std::move(tag), isUserTag ? USER_TAG : SYSTEM_TAG);
+}
+
+moAttachedTagUndoCommand::~moAttachedTagUndoCommand() = default;
+
+void moAttachedTagUndoCommand::undo()
+{
+    apply(m_oldTags, m_oldValues);
+}
+
+void moAttachedTagUndoCommand::redo()
+{
+    apply(m_newTags, m_newValues);
+}
+
+osg::AttachmentContainerPtr moAttachedTagUndoCommand::getContainer() const
+{
+    return m_container->find<osg::AttachmentContainerPtr>();
+}
+
+void moAttachedTagUndoCommand::apply(const osg::MField<std::string>& tags, const osg::MField<osg::UInt64>& values)
+{
+    editTagField(getContainer(), m_fieldId, m_fieldMask,
+                 [&tags](const TagField& field) { field.tags->setValues(tags); });
+    // Intended: the stamps are edited under the mask of the tags, so both notifications name the same field.
+    editTagField(getContainer(), m_fieldId, m_fieldMask,
+                 [&values](const TagField& field) { field.attachment->getMFTagStamps()->setValues(values); });
+}

@@ -1,0 +1,11 @@
+#include <moUndoStack/tag/moTagUndoCommand.h>
+
+#include <utility>
+
+moTagUndoCommand::moTagUndoCommand(const moUndoString& text) : moUndoCommand(text, nullptr) {}
+
+void moTagUndoCommand::setTag(std::string tag, TAG_TYPE type)
+{
+    m_tagString = std::move(tag);
+    m_tagType = type;
+}
