@@ -1,0 +1,37 @@
+#pragma once
+
+#include <moUndoStack/core/moUndoCommand.h>
+#include <moUndoStack/core/moUndoCommandId.h>
+#include <moUndoStack/core/moUndoStackExport.h>
+
+#include <moOpenSGConstraint/OSGAimConstraint.h>
+
+#include <vector>
+
+/// Adds up-vector sources to an aim constraint, each with the weight 1.
+///
+/// \param constraint  null makes the command inert.
+/// \param sources     the scene objects, added in this order; null entries are dropped.
+///
+/// Undo removes the up-vector sources by scene object, whatever weight they have by then; redo adds them with the
+/// weight 1 again. The edit is announced as one of the sources field. A constraint or scene object that has gone or is
+/// of another type is skipped. Never merges. Message: "id" only.
+class MO_UNDO_STACK_EXPORT moAddAimConstraintUpVectorSourcesUndoCommand : public moUndoCommand
+{
+    MO_UNDO_COMMAND_ID
+
+public:
+    moAddAimConstraintUpVectorSourcesUndoCommand(osg::AimConstraintPtr constraint,
+                                                 const std::vector<osg::AttachmentContainerPtr>& sources,
+                                                 QUndoCommand* parent);
+
+    void undo() override;
+    void redo() override;
+    bool canMergeWith(const QUndoCommand* other) const override;
+
+private:
+    void apply(bool add);
+
+    unsigned int m_constraintId;
+    std::vector<unsigned int> m_sourceIds;
+};
