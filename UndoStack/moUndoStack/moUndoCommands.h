@@ -2,6 +2,10 @@
 
 // Every public header of the library.
 
+#include <moUndoStack/constraint/moAddAimConstraintUpVectorSourcesUndoCommand.h>
+#include <moUndoStack/constraint/moAddConstraintSourcesUndoCommand.h>
+#include <moUndoStack/constraint/moDeleteConstraintReferenceUndoCommand.h>
+#include <moUndoStack/constraint/moSetConstraintTargetUndoCommand.h>
 #include <moUndoStack/core/moFunctionUndoCommand.h>
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/core/moInvokeMultiCommand.h>
@@ -19,6 +23,9 @@
 #include <moUndoStack/field/moStringFieldUndoCommand.h>
 #include <moUndoStack/field/moStringsFieldUndoCommand.h>
 #include <moUndoStack/field/moUndoUtil.h>
+#include <moUndoStack/tag/moAttachedTagUndoCommand.h>
+#include <moUndoStack/tag/moEmptyTagUndoCommand.h>
+#include <moUndoStack/tag/moTagUndoCommand.h>
 #include <moUndoStack/transform/moAddTransformVariantUndoCommand.h>
 #include <moUndoStack/transform/moApplyTransformationVariantUndoCommand.h>
 #include <moUndoStack/transform/moEulerRotationOrderUndoCommand.h>
