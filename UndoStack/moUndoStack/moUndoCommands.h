@@ -36,3 +36,11 @@
 #include <moUndoStack/transform/moTransformVariantMoveCommand.h>
 #include <moUndoStack/transform/moTransformVariantNameUndoCommand.h>
 #include <moUndoStack/transform/moTransformVariantOptionsUndoCommand.h>
+#include <moUndoStack/light/moAddNodeAsVisibilityReferenceUndoCommand.h>
+#include <moUndoStack/light/moAddNodeToLightLinkSetUndoCommand.h>
+#include <moUndoStack/light/moLensFlareCommand.h>
+#include <moUndoStack/light/moLensFlareListCommands.h>
+#include <moUndoStack/light/moLightPropertyUndoCommands.h>
+#include <moUndoStack/light/moLightUndoCommand.h>
+#include <moUndoStack/light/moSetLensFlareEffectCommand.h>
+#include <moUndoStack/light/moSetLightProfileShapeCommand.h>

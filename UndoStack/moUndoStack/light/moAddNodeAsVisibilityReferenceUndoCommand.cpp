@@ -1,0 +1,64 @@
+#include <moUndoStack/light/moAddNodeAsVisibilityReferenceUndoCommand.h>
+
+#include <moUndoStack/core/moContainer_p.h>
+
+#include <moUndoUtils/moUndoString.h>
+#include <moUtils/moMessage.h>
+
+MO_UNDO_COMMAND_ID_IMPL(moAddNodeAsVisibilityReferenceUndoCommand)
+
+namespace {
+
+constexpr osg::UInt32 visibilityReferenceExternalFlag = 0x10;
+
+} // namespace
+
+moAddNodeAsVisibilityReferenceUndoCommand::moAddNodeAsVisibilityReferenceUndoCommand(osg::UberLightPtr light,
+                                                                                     osg::NodePtr node, bool remove,
+                                                                                     QUndoCommand* parent)
+    : moUndoCommand(moUndoString("Add Node as Visibility Reference", QString()), parent),
+      m_lightId(containerId(light)),
+      m_nodeId(containerId(node)),
+      m_remove(remove)
+{
+}
+
+void moAddNodeAsVisibilityReferenceUndoCommand::undo()
+{
+    apply(!m_remove);
+}
+
+void moAddNodeAsVisibilityReferenceUndoCommand::redo()
+{
+    apply(m_remove);
+}
+
+void moAddNodeAsVisibilityReferenceUndoCommand::apply(bool remove)
+{
+    const auto light = findContainer<osg::UberLightPtr>(m_lightId);
+    const auto node = findContainer<osg::NodePtr>(m_nodeId);
+    if (!light || !node) return;
+
+    // In this order, so that the light's edit closes first.
+    const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
+    const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
+    const osg::UInt32 flags = node->getExternalFlags();
+    if (remove) {
+        light->setVisibilityReference(osg::NullFC);
+        node->setExternalFlags(flags & ~visibilityReferenceExternalFlag);
+    } else {
+        light->setVisibilityReference(node);
+        node->setExternalFlags(flags | visibilityReferenceExternalFlag);
+    }
+}
+
+void moAddNodeAsVisibilityReferenceUndoCommand::makeMessage(moMessage& message) const
+{
+    moUndoCommand::makeMessage(message);
+    message.set("lightCommand", m_lightId, true);
+}
+
+bool moAddNodeAsVisibilityReferenceUndoCommand::canMergeWith(const QUndoCommand*) const
+{
+    return false;
+}

@@ -1,0 +1,61 @@
+#include <moUndoStack/light/moLightPropertyUndoCommands.h>
+
+#include <moOpenSGUtils/moLights.h>
+#include <moUndoUtils/moUndoString.h>
+
+#include <QtCore/QCoreApplication>
+
+namespace {
+
+moUndoString lightText(const char* text)
+{
+    return moUndoString(QCoreApplication::translate("LightUndoCommand", text), QString::fromUtf8(text),
+                        QStringLiteral("Light Commands"));
+}
+
+/// The mode without what moLights does to the light value beside it.
+void setAttenuationOnly(const osg::NodePtr& light, osg::UberLight::LightAttenuation mode)
+{
+    const float value = moLights::getLightValue(light);
+    moLights::setAttenuation(light, mode);
+    moLights::setLightValue(light, value);
+}
+
+} // namespace
+
+#define MO_LIGHT_VALUE(Command, T, text, getter, setter)                                                               \
+    MO_UNDO_COMMAND_ID_IMPL(Command)                                                                                   \
+    Command::Command(const osg::NodePtr& light, T value, QUndoCommand* parent)                                         \
+        : moLightUndoCommand<T>(lightText(text), light, 0, value, parent)                                              \
+    {                                                                                                                  \
+    }                                                                                                                  \
+    T Command::get(osg::NodePtr node)                                                                                  \
+    {                                                                                                                  \
+        return getter(node);                                                                                           \
+    }                                                                                                                  \
+    void Command::set(osg::NodePtr node, T value)                                                                      \
+    {                                                                                                                  \
+        setter(node, value);                                                                                           \
+    }
+
+#define MO_LIGHT_SWITCH(Command, text, getter, setter)                                                                 \
+    MO_UNDO_COMMAND_ID_IMPL(Command)                                                                                   \
+    Command::Command(const osg::NodePtr& light, bool value, QUndoCommand* parent)                                      \
+        : moLightsFunctionUndoCommand<bool>(lightText(text), light, value, getter, setter, parent)                     \
+    {                                                                                                                  \
+    }
+
+// clang-format off
+//              command                        value                             text                      getter                                  setter
+MO_LIGHT_VALUE (moLightDiffuseUndoCommand,       osg::Vec3f,                       "Diffuse Light Color",    moLights::getDiffuse,                   moLights::setDiffuse)
+MO_LIGHT_VALUE (moLightGlossyUndoCommand,        osg::Vec3f,                       "Specular Light Color",   moLights::getGlossy,                    moLights::setGlossy)
+MO_LIGHT_VALUE (moLightIntensityUndoCommand,     float,                            "Light Intensity",        moLights::getLightValue,                moLights::setLightValue)
+MO_LIGHT_VALUE (moLightPenumbraAngleUndoCommand, float,                            "Light Penumbra Angle",   moLights::getPenumbraAngle,             moLights::setPenumbraAngle)
+MO_LIGHT_VALUE (moLightConeAngleUndoCommand,     float,                            "Light Cone Angle",       moLights::getConeAngle,                 moLights::setConeAngle)
+MO_LIGHT_VALUE (moLightAttenuationUndoCommand,   osg::UberLight::LightAttenuation, "Set Light Attenuation",  moLights::getAttenuation,               setAttenuationOnly)
+MO_LIGHT_SWITCH(moLightEnableUndoCommand,                                          "Set Light on/off",       moLights::getOn,                        moLights::setOn)
+MO_LIGHT_SWITCH(moLightVisibleUndoCommand,       value ? "Show Light" : "Hide Light",                        moLights::getLightVisualizationVisible, moLights::setLightVisualizationVisible)
+// clang-format on
+
+#undef MO_LIGHT_VALUE
+#undef MO_LIGHT_SWITCH

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <moUndoStack/core/moFunctionUndoCommand.h>
+
+#include <moOpenSGUberLight/OSGUberLight.h>
+
+#include <functional>
+
+/// Base of the commands that set one property of one light.
+///
+/// Whether the node is a light is not looked at here: what a property of another node is, the derived class's get and
+/// set decide. Undo, redo and merging are those of moFunctionUndoCommand. Message: "id" (int), "lightCommand" = true
+/// (bool). There is no "node" key, unlike other function commands; this is intended.
+template<class T>
+class moLightUndoCommand : public moFunctionUndoCommand<T>
+{
+public:
+    /// \param light       the light's node; null makes the command inert.
+    /// \param lightFlags  kept for derived classes; nothing in the library reads it.
+    /// \param value       what the first redo gives the light.
+    /// \param parent      null means the composite being composed, if any.
+    moLightUndoCommand(const moUndoString& text, const osg::NodePtr& light, unsigned int lightFlags, T value,
+                       QUndoCommand* parent);
+
+    void makeMessage(moMessage& message) const override;
+
+protected:
+    unsigned int m_lightFlags;
+};
+
+/// The same with the reading and the writing given as functions.
+///
+/// Merges as moLightUndoCommand does, and only with a command of the same text: what the user reads as two different
+/// actions stays two steps.
+template<class T>
+class moLightsFunctionUndoCommand : public moLightUndoCommand<T>
+{
+    MO_UNDO_COMMAND_ID
+
+public:
+    using Getter = std::function<T(const osg::NodePtr&)>;
+    using Setter = std::function<void(const osg::NodePtr&, T)>;
+
+    /// \param getter, setter  copied and called at each undo and redo. An empty one makes the step throw
+    ///                        std::bad_function_call.
+    moLightsFunctionUndoCommand(const moUndoString& text, const osg::NodePtr& light, T value, const Getter& getter,
+                                const Setter& setter, QUndoCommand* parent);
+
+    bool canMergeWith(const QUndoCommand* other) const override;
+
+protected:
+    T get(osg::NodePtr node) override;
+    void set(osg::NodePtr node, T value) override;
+
+private:
+    Getter m_getter;
+    Setter m_setter;
+};
+
+template<class T>
+moLightUndoCommand<T>::moLightUndoCommand(const moUndoString& text, const osg::NodePtr& light, unsigned int lightFlags,
+                                          T value, QUndoCommand* parent)
+    : moFunctionUndoCommand<T>(text, light, std::move(value), parent), m_lightFlags(lightFlags)
+{
+}
+
+template<class T>
+void moLightUndoCommand<T>::makeMessage(moMessage& message) const
+{
+    moUndoCommand::makeMessage(message);
+    message.set("lightCommand", true, true);
+}
+
+extern template class MO_UNDO_STACK_EXPORT moFunctionUndoCommand<osg::UberLight::LightAttenuation>;
+extern template class MO_UNDO_STACK_EXPORT moLightUndoCommand<osg::Vec3f>;
+extern template class MO_UNDO_STACK_EXPORT moLightUndoCommand<float>;
+extern template class MO_UNDO_STACK_EXPORT moLightUndoCommand<bool>;
+extern template class MO_UNDO_STACK_EXPORT moLightUndoCommand<osg::UberLight::LightAttenuation>;
+extern template class MO_UNDO_STACK_EXPORT moLightsFunctionUndoCommand<bool>;

@@ -1,0 +1,71 @@
+#include <moUndoStack/light/moSetLensFlareEffectCommand.h>
+
+#include <moUndoStack/core/moContainer_p.h>
+
+#include <moOpenSGUtils/moLights.h>
+
+#include <vector>
+
+MO_UNDO_COMMAND_ID_IMPL(moSetLensFlareEffectCommand)
+
+moSetLensFlareEffectCommand::moSetLensFlareEffectCommand(const osg::LensFlareEffectPtr& source,
+                                                         const osg::LensFlareEffectPtr& target, QUndoCommand* parent)
+    : moLensFlareCommand("Set Lens Flare Effect", parent),
+      m_sourceId(containerId(source)),
+      m_targetId(containerId(target))
+{
+    if (!source) return;
+    addReference(source);
+    addReference(target);
+    const auto backup = moLights::cloneLensFlareEffect(target, LensFlareEffectCloneSharedElements);
+    addReference(backup);
+    m_backupId = containerId(backup);
+}
+
+// References by hand, not held: the target's is released even if none was taken, see the class.
+moSetLensFlareEffectCommand::~moSetLensFlareEffectCommand()
+{
+    for (const unsigned int id : {m_sourceId, m_targetId, m_backupId}) {
+        releaseReference(findContainer<osg::FieldContainerPtr>(id));
+    }
+}
+
+void moSetLensFlareEffectCommand::undo()
+{
+    applyToTarget(m_backupId);
+}
+
+void moSetLensFlareEffectCommand::redo()
+{
+    applyToTarget(m_sourceId);
+}
+
+void moSetLensFlareEffectCommand::applyToTarget(unsigned int fromId) const
+{
+    auto target = findContainer<osg::LensFlareEffectPtr>(m_targetId);
+    apply(findContainer<osg::LensFlareEffectPtr>(fromId), target);
+}
+
+void moSetLensFlareEffectCommand::apply(const osg::LensFlareEffectPtr& from, osg::LensFlareEffectPtr& to)
+{
+    if (!from || !to) return;
+
+    // Kept while the list is cleared: an effect applied to itself would lose them.
+    std::vector<ContainerReference> elements;
+    for (const auto& element : *from->getMFElements())
+        elements.emplace_back(element);
+
+    const ContainerEdit edit(to, osg::FieldBits::AllFields);
+    to->setIsActive(from->getIsActive());
+    to->setColor(from->getColor());
+    to->setIntensity(from->getIntensity());
+    to->setSize(from->getSize());
+    to->setLensFlareType(from->getLensFlareType());
+    to->setAngularIntensity(from->getAngularIntensity());
+    to->setUseLightProperties(from->getUseLightProperties());
+    // The second copy of the type is intended: what a setter before may have adjusted is final after it.
+    to->setLensFlareType(from->getLensFlareType());
+    to->clearEffects();
+    for (const ContainerReference& element : elements)
+        to->addElement(element.find<osg::LensFlareElementPtr>());
+}

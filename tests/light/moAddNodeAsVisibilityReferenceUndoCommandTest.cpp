@@ -1,0 +1,153 @@
+#include <light/LightTest.h>
+
+#include <moUndoStack/light/moAddNodeAsVisibilityReferenceUndoCommand.h>
+
+#include <OpenSG/OSGGroup.h>
+
+namespace {
+
+class VisibilityReference : public LightTest
+{
+protected:
+    using Command = moAddNodeAsVisibilityReferenceUndoCommand;
+    static constexpr bool adding = false, removing = true;
+
+    void SetUp() override
+    {
+        LightTest::SetUp();
+        light = coreOf(makeLight());
+        node = makeNode<osg::Group>("node");
+        node->setExternalFlags(0x25);
+    }
+
+    std::string state() const
+    {
+        const osg::NodePtr reference = light->getVisibilityReference();
+        return std::string(reference == node          ? "node"
+                           : reference == osg::NullFC ? "none"
+                                                      : "other") +
+               ((node->getExternalFlags() & 0x10) ? ", marked" : ", unmarked") +
+               ((node->getExternalFlags() & ~0x10u) == 0x25 ? "" : ", other flags changed");
+    }
+
+    osg::UberLightPtr light;
+    osg::NodePtr node;
+};
+
+TEST_F(VisibilityReference, AddSetsTheNodeAndMarksItAndUndoClearsBoth)
+{
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(state(), "node, marked");
+        stack.undo();
+        EXPECT_EQ(state(), "none, unmarked");
+        stack.redo();
+    }
+}
+
+TEST_F(VisibilityReference, RemoveClearsBothAndUndoSetsThemAgain)
+{
+    light->setVisibilityReference(node);
+    node->setExternalFlags(0x35);
+    stack.addOrExecute(new Command(light, node, removing, nullptr));
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(state(), "none, unmarked");
+        stack.undo();
+        EXPECT_EQ(state(), "node, marked");
+        stack.redo();
+    }
+}
+
+TEST_F(VisibilityReference, TheReferenceThatTheLightHadBeforeIsNotRemembered)
+{
+    light->setVisibilityReference(sceneNode);
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    stack.undo();
+    EXPECT_EQ(state(), "none, unmarked");
+}
+
+TEST_F(VisibilityReference, ClosesTheLightsEditBeforeTheNodes)
+{
+    const std::vector<EditLog::Edit> expected{{idOf(light), osg::UberLight::VisibilityReferenceFieldMask},
+                                              {idOf(node), osg::Node::ExternalFlagsFieldMask}};
+    EditLog edits;
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    EXPECT_EQ(edits.take(), expected);
+    stack.undo();
+    EXPECT_EQ(edits.take(), expected);
+}
+
+TEST_F(VisibilityReference, TheMessageGivesTheLightsIdAsLightCommandInBothDirections)
+{
+    Trace trace(stack);
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    stack.undo();
+    const std::string tail = " text=string:\"Add Node as Visibility Reference\" "
+                             "description=string:\"Add Node as Visibility Reference\" id=int:" +
+                             std::to_string(Command::commandId()) + " lightCommand=uint:" + std::to_string(idOf(light));
+    EXPECT_THAT(trace.takeMessages(), testing::ElementsAre("moURManager::redo index=int:0 added=bool:true" + tail,
+                                                           "moURManager::undo index=int:0 added=bool:false" + tail));
+    EXPECT_EQ(Command(light, node, removing, nullptr).text(), Command(light, node, adding, nullptr).text());
+}
+
+TEST_F(VisibilityReference, NothingHappensAtConstructionAndNothingIsHeld)
+{
+    EditLog edits;
+    delete new Command(light, node, adding, nullptr);
+    EXPECT_EQ(state(), "none, unmarked");
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    EXPECT_EQ(node.getRefCount(), 1);
+    EXPECT_EQ(light.getRefCount(), 1);
+}
+
+TEST_F(VisibilityReference, NothingMergesHoweverFast)
+{
+    auto* first = new Command(light, node, adding, nullptr);
+    auto* again = new Command(light, node, adding, nullptr);
+    again->setMergeResponseDelta(-1.);
+    EXPECT_FALSE(first->canMergeWith(again));
+    EXPECT_FALSE(first->mergeWith(again));
+    stack.addOrExecute(first);
+    stack.addOrExecute(again);
+    EXPECT_EQ(stack.size(), 2);
+}
+
+TEST_F(VisibilityReference, NullLightOrNodeMakesTheCommandInert)
+{
+    light->setVisibilityReference(sceneNode);
+    Trace trace(stack);
+    EditLog edits;
+    stack.addOrExecute(new Command(osg::NullFC, node, adding, nullptr));
+    stack.addOrExecute(new Command(light, osg::NullFC, removing, nullptr));
+    stack.addOrExecute(new Command(osg::NullFC, osg::NullFC, adding, nullptr));
+    EXPECT_THAT(trace.takeMessages().at(0), testing::HasSubstr("lightCommand=uint:0"));
+    while (stack.canUndo())
+        stack.undo();
+    EXPECT_EQ(state(), "other, unmarked");
+    EXPECT_THAT(edits.take(), testing::IsEmpty());
+}
+
+TEST_F(VisibilityReference, ALightThatHasGoneLeavesTheNodeAsItIs)
+{
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    destroy(light->getParents()[0]);
+    EditLog edits;
+    stack.undo();
+    stack.redo();
+    EXPECT_EQ(node->getExternalFlags(), 0x35u);
+    EXPECT_THAT(edits.take(), testing::IsEmpty());
+}
+
+TEST_F(VisibilityReference, ANodeThatHasGoneLeavesTheLightAsItIs)
+{
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    stack.undo();
+    destroy(node);
+    EditLog edits;
+    stack.redo();
+    stack.undo();
+    EXPECT_TRUE(light->getVisibilityReference() == osg::NullFC);
+    EXPECT_THAT(edits.take(), testing::IsEmpty());
+}
+
+} // namespace
