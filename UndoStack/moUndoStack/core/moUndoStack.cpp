@@ -136,6 +136,11 @@ QUndoCommand* moUndoStack::currentMultiCommand()
     return s_multiCommands.isEmpty() ? nullptr : s_multiCommands.top().first;
 }
 
+bool moUndoStack::isComposing()
+{
+    return !s_multiCommands.isEmpty();
+}
+
 QUndoCommand* moUndoStack::getCurrentCommandParent()
 {
     return undoEnabled() ? currentMultiCommand() : nullptr;

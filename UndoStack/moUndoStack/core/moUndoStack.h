@@ -86,6 +86,9 @@ public:
     /// The innermost composite being composed if recording is on, else null: the default parent of new commands.
     static QUndoCommand* getCurrentCommandParent();
 
+    /// Whether a composite is being composed on either stack, whatever the counters say.
+    static bool isComposing();
+
     /// Records a command that the caller has built: takes it over and runs it, or merges it into the top one and
     /// deletes it. Null is ignored. While a composite is being composed nothing happens, and the command stays the
     /// caller's: a command made meanwhile is a child of the composite.
