@@ -39,14 +39,20 @@ void makeTypedCommand(Types types, const moUndoString& text, const osg::FieldCon
     if (!description) return;
 
     const osg::Field* const field = container->getField(description->getFieldId());
-    QUndoCommand* command = nullptr;
+    moUndoCommandBase* command = nullptr;
     moTryInOrder(types, [&](auto type) {
         using T = decltype(type);
         if (!dynamic_cast<const moScalarFieldType<T>*>(field)) return false;
         command = new typename CommandFor<T>::Type(text, container, fieldName, static_cast<T>(value), parent);
         return true;
     });
-    if (command && !parent) moUndoUtil::the(0).add(command);
+    if (!command || parent) return;
+
+    // A composition with recording off takes no children, and add() leaves the command to the one who made it.
+    if (moUndoStack::isComposing() && !command->parent())
+        delete command;
+    else
+        moUndoUtil::the(0).add(command);
 }
 
 /// An image field of a container, both looked up for one access.

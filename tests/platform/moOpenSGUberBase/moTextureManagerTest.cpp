@@ -67,14 +67,13 @@ TEST_F(TextureManagerTest, WithoutSharingAnImageStaysUnknown)
 TEST_F(TextureManagerTest, ImagesThatDifferInPixelsSizeOrFormatAreNotShared)
 {
     const std::vector<osg::UInt8> pixels = {1, 2, 3, 4, 5, 6};
-    const std::vector<osg::ImagePtr> different = {image(osg::Image::OSG_L_PF, 6, 1, pixels),
-                                                  image(osg::Image::OSG_L_PF, 1, 6, pixels),
-                                                  image(osg::Image::OSG_L_PF, 2, 3, pixels),
-                                                  image(osg::Image::OSG_A_PF, 6, 1, pixels),
-                                                  image(osg::Image::OSG_RGB_PF, 2, 1, pixels),
-                                                  image(osg::Image::OSG_L_PF, 6, 1, {1, 2, 3, 4, 5, 7}),
-                                                  image(osg::Image::OSG_L_PF, 5, 1, {1, 2, 3, 4, 5})};
-    for (const auto& one : different) EXPECT_EQ(manager->getImage(one, true), one);
+    const std::vector<osg::ImagePtr> different = {
+        image(osg::Image::OSG_L_PF, 6, 1, pixels),         image(osg::Image::OSG_L_PF, 1, 6, pixels),
+        image(osg::Image::OSG_L_PF, 2, 3, pixels),         image(osg::Image::OSG_A_PF, 6, 1, pixels),
+        image(osg::Image::OSG_RGB_PF, 2, 1, pixels),       image(osg::Image::OSG_L_PF, 6, 1, {1, 2, 3, 4, 5, 7}),
+        image(osg::Image::OSG_L_PF, 5, 1, {1, 2, 3, 4, 5})};
+    for (const auto& one : different)
+        EXPECT_EQ(manager->getImage(one, true), one);
 }
 
 TEST_F(TextureManagerTest, NoReferenceIsAddedOrReleased)
