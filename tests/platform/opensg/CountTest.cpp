@@ -1,0 +1,188 @@
+#include "Probe.h"
+
+#include <OpenSG/OSGRefPtr.h>
+
+namespace {
+
+using namespace osg;
+using testing::ElementsAre;
+
+class CountTest : public OpenSG
+{
+};
+
+TEST_F(CountTest, IsZeroForEveryKindOfNewContainer)
+{
+    const NodePtr created = Node::create();
+    const NodePtr empty = Node::createEmpty();
+    const FieldContainerPtr copied = created->shallowCopy();
+    const FieldContainerPtr byName = factory->createFieldContainer("Node");
+    for (const FieldContainerPtr& container : {FieldContainerPtr(created), FieldContainerPtr(empty), copied, byName}) {
+        ASSERT_TRUE(container);
+        EXPECT_EQ(container.getRefCount(), 0);
+        subRefCP(container);
+    }
+}
+
+TEST_F(CountTest, GoesUpAndDownAndIsTheSameThroughEveryHandle)
+{
+    const NodePtr node = Node::create();
+    const FieldContainerPtr other = node;
+    addRefCP(node);
+    addRefCP(other);
+    EXPECT_EQ(node.getRefCount(), 2);
+    EXPECT_EQ(getRefCount(other), 2);
+    subRefCP(other);
+    EXPECT_EQ(node.getRefCount(), 1);
+    EXPECT_TRUE(other);
+    subRefCP(node);
+    EXPECT_FALSE(node);
+}
+
+TEST_F(CountTest, BelowOneDestroysSoAFreshContainerIsDeletedByOneSubRef)
+{
+    const ProbePtr probe = Probe::create();
+    const UInt32 id = getContainerId(probe);
+    subRefCP(probe);
+    EXPECT_EQ(factory->getContainer(id), NullFC);
+    EXPECT_THAT(takeLog(), ElementsAre("onDestroy", "~Probe"));
+}
+
+TEST_F(CountTest, MakesOnlyTheHandleNullThroughWhichItDestroyedEvenIfThatIsConst)
+{
+    const NodePtr released = Node::create();
+    const NodePtr other = released;
+    const Node* const address = other.getCPtr();
+    subRefCP(released);
+    EXPECT_FALSE(released);
+    EXPECT_EQ(other.getCPtr(), address);
+}
+
+TEST_F(CountTest, IgnoresNull)
+{
+    NodePtr null;
+    addRefCP(null);
+    subRefCP(null);
+    clearRefCP(null);
+    setRefdCP(null, NullFC);
+    addRefCP(NullFC);
+    subRefCP(NullFC);
+    EXPECT_FALSE(null);
+    EXPECT_EQ(getRefCount(null), 0);
+}
+
+TEST_F(CountTest, MovesFromOneContainerToTheOtherWithSetRefd)
+{
+    const NodePtr a = Node::create();
+    const NodePtr b = Node::create();
+    addRefCP(a);
+    addRefCP(b);
+    NodePtr holder;
+    setRefdCP(holder, a);
+    EXPECT_EQ(a.getRefCount(), 2);
+    setRefdCP(holder, a);
+    EXPECT_EQ(a.getRefCount(), 2);
+    setRefdCP(holder, b);
+    EXPECT_EQ(holder, b);
+    EXPECT_EQ(a.getRefCount(), 1);
+    EXPECT_EQ(b.getRefCount(), 2);
+    clearRefCP(holder);
+    EXPECT_FALSE(holder);
+    EXPECT_EQ(b.getRefCount(), 1);
+    subRefCP(a);
+    subRefCP(b);
+}
+
+TEST_F(CountTest, LetsSetRefdTakeWhatOnlyTheOldContainerHeld)
+{
+    const NodePtr parent = Node::create();
+    const NodePtr child = Node::create();
+    parent->addChild(child);
+    NodePtr holder;
+    setRefdCP(holder, parent);
+    setRefdCP(holder, child);
+    EXPECT_EQ(holder, child);
+    EXPECT_EQ(child.getRefCount(), 1);
+    EXPECT_EQ(child->getParent(), NullFC);
+    clearRefCP(holder);
+}
+
+TEST_F(CountTest, EndsInTheOrderChangeListLookUpOnDestroyDestructor)
+{
+    changes->setReadOnly(false);
+    const ProbePtr probe = Probe::create();
+    const UInt32 probeId = getContainerId(probe);
+    probe->whenDestroyed = [&](UInt32 id) {
+        Probe::s_log.push_back("id " + std::string(id == probeId ? "kept" : "lost"));
+        Probe::s_log.push_back("found " + std::to_string(bool(factory->getContainer(id))));
+        Probe::s_log.push_back("entries " + std::to_string(changes->sizeDestroyed()));
+    };
+    subRefCP(probe);
+    EXPECT_THAT(takeLog(), ElementsAre("onDestroy", "id kept", "found 0", "entries 1", "~Probe"));
+    EXPECT_EQ(*changes->beginDestroyed(), probeId);
+}
+
+TEST_F(CountTest, MayGoUpAndDownInOnDestroyWithoutASecondDestruction)
+{
+    const ProbePtr probe = Probe::create();
+    Probe* const object = probe.getCPtr();
+    probe->whenDestroyed = [object](UInt32) {
+        const ProbePtr handle(object);
+        addRefCP(handle);
+        subRefCP(handle);
+    };
+    subRefCP(probe);
+    EXPECT_THAT(takeLog(), ElementsAre("onDestroy", "~Probe"));
+}
+
+TEST_F(CountTest, OfASubtreeEndsWithItsRootExceptForWhatSomebodyElseHolds)
+{
+    const NodePtr root = Node::create();
+    const NodePtr held = Node::create();
+    const NodePtr child = makeNodeFor(Group::create());
+    const UInt32 childId = getContainerId(child);
+    root->addChild(held);
+    root->addChild(child);
+    addRefCP(held);
+    subRefCP(root);
+    EXPECT_EQ(factory->getContainer(childId), NullFC);
+    EXPECT_EQ(held->getParent(), NullFC);
+    EXPECT_EQ(held.getRefCount(), 1);
+    subRefCP(held);
+}
+
+TEST_F(CountTest, DoesNotChangeWhenAHandleFieldIsWritten)
+{
+    const NodePtr node = Node::create();
+    const GroupPtr group = Group::create();
+    node->getSFCore()->setValue(group);
+    EXPECT_EQ(group.getRefCount(), 0);
+    EXPECT_TRUE(group->getParents().empty());
+    node->getSFCore()->setValue(NullFC);
+    subRefCP(node);
+    subRefCP(group);
+}
+
+TEST_F(CountTest, IsKeptUpByARefPtrAsLongAsItLives)
+{
+    const NodePtr node = Node::create();
+    addRefCP(node);
+    {
+        NodeRefPtr holder(node);
+        NodeRefPtr second = holder;
+        EXPECT_EQ(node.getRefCount(), 3);
+        second = NodePtr();
+        EXPECT_EQ(node.getRefCount(), 2);
+        beginEditCP(holder);
+        endEditCP(holder);
+        const NodePtr handle = holder;
+        EXPECT_EQ(handle, node);
+        EXPECT_EQ(holder->getNChildren(), 0u);
+    }
+    EXPECT_EQ(node.getRefCount(), 1);
+    EXPECT_FALSE((std::is_convertible_v<NodePtr, NodeRefPtr>));
+    EXPECT_TRUE(!NodeRefPtr());
+    subRefCP(node);
+}
+
+} // namespace

@@ -1,0 +1,240 @@
+#include "Probe.h"
+
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGMaterialGroup.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSimpleMaterial.h>
+
+#include <numeric>
+
+namespace {
+
+using namespace osg;
+using testing::ElementsAre;
+
+class ImageTest : public OpenSG
+{
+protected:
+    void SetUp() override
+    {
+        OpenSG::SetUp();
+        image = Image::create();
+    }
+    void TearDown() override
+    {
+        subRefCP(image);
+        OpenSG::TearDown();
+    }
+
+    ImagePtr image;
+};
+
+TEST_F(ImageTest, IsInvalidAndWithoutPixelsAtFirst)
+{
+    EXPECT_FALSE(image->isValid());
+    EXPECT_EQ(image->getSize(), 0u);
+    EXPECT_EQ(image->getData(), nullptr);
+    const UInt8 data[4] = {};
+    EXPECT_FALSE(image->setData(data));
+}
+
+TEST_F(ImageTest, HoldsACopyOfThePixelsThatItIsSetTo)
+{
+    UInt8 data[] = {1, 2, 3, 4, 5, 6};
+    EXPECT_TRUE(image->set(Image::OSG_RGB_PF, 2, 1, 1, 1, 1, 0.5, data));
+    data[0] = 99;
+    EXPECT_TRUE(image->isValid());
+    EXPECT_THAT(image->getPixel().getValues(), ElementsAre(1, 2, 3, 4, 5, 6));
+    EXPECT_EQ(image->getWidth(), 2);
+    EXPECT_EQ(image->getHeight(), 1);
+    EXPECT_EQ(image->getDimension(), 1);
+    EXPECT_EQ(image->getBpp(), 3);
+    EXPECT_EQ(image->getFrameDelay(), 0.5);
+    EXPECT_EQ(image->getSize(), 6u);
+    const UInt8 other[] = {6, 5, 4, 3, 2, 1};
+    EXPECT_TRUE(image->setData(other));
+    EXPECT_EQ(*image->getData(), 6);
+    EXPECT_FALSE(image->setData(nullptr));
+}
+
+TEST_F(ImageTest, FindsThePixelsOfEachLevelFrameAndSide)
+{
+    // Levels of 4 x 2, 2 x 1 and 1 x 1 pixels with 2 bytes each.
+    ASSERT_TRUE(image->set(Image::OSG_L_PF, 4, 2, 1, 3, 2, 0.0, nullptr, Image::OSG_UINT16_IMAGEDATA, true, 2));
+    EXPECT_EQ(image->getComponentSize(), 2);
+    EXPECT_EQ(image->getSideSize(), 22);
+    EXPECT_EQ(image->getFrameSize(), 44);
+    EXPECT_EQ(image->getSize(), 88u);
+    auto& pixels = image->getPixel().getValues();
+    std::iota(pixels.begin(), pixels.end(), UInt8(0));
+    EXPECT_EQ(*image->getData(), 0);
+    EXPECT_EQ(*image->getData(1), 16);
+    EXPECT_EQ(*image->getData(2), 20);
+    EXPECT_EQ(*image->getData(0, 0, 1), 22);
+    EXPECT_EQ(*image->getData(2, 1, 1), 86);
+    EXPECT_EQ(image->getData(0, 9), nullptr);
+}
+
+TEST_F(ImageTest, StaysWhatItWasForAnUnknownFormatOrAnImpossibleSize)
+{
+    ASSERT_TRUE(image->set(Image::OSG_L_PF, 2));
+    EXPECT_FALSE(image->set(0x1234, 2));
+    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 0));
+    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, -1));
+    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, 1, 1, 99));
+    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF));
+    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, 1, 1, 1, 1, 0.0, nullptr, 0));
+    EXPECT_FALSE(image->set(ImagePtr()));
+    EXPECT_EQ(image->getWidth(), 2);
+    EXPECT_EQ(image->getSize(), 2u);
+}
+
+TEST_F(ImageTest, CanBeSetToAnotherOneAndToItself)
+{
+    const UInt8 data[] = {1, 2, 3, 4};
+    ASSERT_TRUE(image->set(Image::OSG_RGBA_PF, 1, 1, 1, 1, 1, 0.0, data));
+    const ImagePtr copy = Image::create();
+    EXPECT_TRUE(copy->set(image));
+    EXPECT_TRUE(image->set(image));
+    EXPECT_THAT(copy->getPixel().getValues(), ElementsAre(1, 2, 3, 4));
+    EXPECT_THAT(image->getPixel().getValues(), ElementsAre(1, 2, 3, 4));
+    EXPECT_EQ(copy->getPixelFormat(), UInt32(Image::OSG_RGBA_PF));
+    subRefCP(copy);
+}
+
+TEST_F(ImageTest, CanHaveASizeWithoutPixels)
+{
+    EXPECT_TRUE(image->set(Image::OSG_RGB_PF, 2, 2, 1, 1, 1, 0.0, nullptr, Image::OSG_UINT8_IMAGEDATA, false));
+    EXPECT_EQ(image->getSize(), 12u);
+    EXPECT_TRUE(image->getPixel().empty());
+    EXPECT_EQ(image->getData(), nullptr);
+}
+
+TEST_F(ImageTest, KeepsItsSizeWithinBoundsWhateverTheFieldsSay)
+{
+    image->setWidth(0x7FFFFFFF);
+    image->setHeight(0x7FFFFFFF);
+    image->setDepth(-5);
+    image->setBpp(0x7FFFFFFF);
+    image->setMipMapCount(0x7FFFFFFF);
+    image->setFrameCount(0x7FFFFFFF);
+    endEditCP(image);
+    EXPECT_EQ(image->getSideSize(), 0x7FFFFFFF);
+    EXPECT_EQ(image->getFrameSize(), 0x7FFFFFFF);
+    EXPECT_EQ(image->getSize(), 0x80000000u);
+}
+
+TEST_F(ImageTest, TellsItsParentsWithTheOriginChildAndTheirField)
+{
+    const ProbePtr parent = Probe::create();
+    FieldContainerPtr link = parent;
+    link.setParentFieldPos(Probe::LabelFieldId);
+    image->addParent(link);
+    image->addParent(parent);
+    image->set(Image::OSG_L_PF, 1);
+    EXPECT_THAT(takeLog(), ElementsAre("changed " + std::to_string(Probe::LabelFieldMask) + " from 4",
+                                       "changed " + std::to_string(FieldBits::AllFields) + " from 4"));
+    image->subParent(parent);
+    image->subParent(image);
+    EXPECT_EQ(image->getParents().size(), 1u);
+    const ImagePtr copy = ImagePtr::dcast(image->shallowCopy());
+    EXPECT_TRUE(copy->getParents().empty());
+    subRefCP(copy);
+    image->subParent(parent);
+    subRefCP(parent);
+}
+
+TEST_F(ImageTest, HasANameFieldThatIsNotTheNameAttachment)
+{
+    setName(image, "attached");
+    EXPECT_EQ(image->getName(), "");
+    image->setName("own");
+    EXPECT_STREQ(osg::getName(image), "attached");
+    EXPECT_EQ(+Image::NameFieldId, 14u);
+}
+
+class MaterialTest : public OpenSG
+{
+};
+
+TEST_F(MaterialTest, IsCountedByAGroupWhenItIsSetAndReleasedWithIt)
+{
+    const SimpleMaterialPtr material = SimpleMaterial::create();
+    addRefCP(material);
+    const MaterialGroupPtr group = MaterialGroup::create();
+    group->setMaterial(material);
+    group->setMaterial(material);
+    EXPECT_EQ(material.getRefCount(), 2);
+    const MaterialGroupPtr copy = MaterialGroupPtr::dcast(group->shallowCopy());
+    EXPECT_EQ(copy->getMaterial(), material);
+    EXPECT_EQ(material.getRefCount(), 3);
+    subRefCP(copy);
+    EXPECT_EQ(material.getRefCount(), 2);
+    group->setMaterial(NullFC);
+    EXPECT_EQ(material.getRefCount(), 1);
+    group->setMaterial(material);
+    subRefCP(group);
+    EXPECT_EQ(material.getRefCount(), 1);
+    subRefCP(material);
+}
+
+TEST_F(MaterialTest, IsTransparentByItsModeOrElseItsTransparency)
+{
+    const SimpleMaterialPtr material = SimpleMaterial::create();
+    EXPECT_FALSE(material->isTransparent());
+    material->setTransparency(0.5f);
+    EXPECT_TRUE(material->isTransparent());
+    material->setTransparencyMode(Material::TransparencyForceOpaque);
+    EXPECT_FALSE(material->isTransparent());
+    material->setTransparency(0.0f);
+    material->setTransparencyMode(Material::TransparencyForceTransparent);
+    EXPECT_TRUE(material->isTransparent());
+    EXPECT_EQ(material->getShininess(), 1.0f);
+    EXPECT_TRUE(material->getLit());
+    subRefCP(material);
+}
+
+} // namespace
+
+namespace osg {
+
+class ChunkProbe;
+typedef FCPtr<StateChunkPtr, ChunkProbe> ChunkProbePtr;
+#define OSG_CHUNKPROBE_FIELDS(SINGLE, MULTI)
+OSG_CONTAINER_BASE(ChunkProbe, StateChunk, OSG_CHUNKPROBE_FIELDS)
+
+/// A state chunk to hold; it adds nothing to the abstract one.
+class ChunkProbe : public ChunkProbeBase
+{
+    OSG_CONTAINER(ChunkProbe)
+};
+OSG_CONTAINER_IMPL(ChunkProbe, StateChunk, OSG_CHUNKPROBE_FIELDS)
+
+} // namespace osg
+
+namespace {
+
+TEST_F(MaterialTest, HoldsAReferenceForEveryEntryOfAChunk)
+{
+    const ChunkMaterialPtr material = ChunkMaterial::create();
+    const ChunkProbePtr chunk = ChunkProbe::create();
+    addRefCP(chunk);
+    EXPECT_TRUE(material->addChunk(chunk));
+    EXPECT_TRUE(material->addChunk(chunk, 2));
+    EXPECT_FALSE(material->addChunk(NullFC));
+    EXPECT_EQ(chunk.getRefCount(), 3);
+    EXPECT_EQ(material->findChunk(chunk, 2), 1);
+    EXPECT_EQ(material->findChunk(chunk, 3), -1);
+    EXPECT_TRUE(material->subChunk(chunk));
+    EXPECT_FALSE(material->subChunk(chunk));
+    EXPECT_EQ(chunk.getRefCount(), 2);
+    EXPECT_THAT(material->getSlots().getValues(), ElementsAre(2));
+    const FieldContainerPtr copy = material->shallowCopy();
+    EXPECT_EQ(chunk.getRefCount(), 3);
+    subRefCP(copy);
+    subRefCP(material);
+    EXPECT_EQ(chunk.getRefCount(), 1);
+    subRefCP(chunk);
+}
+
+} // namespace
