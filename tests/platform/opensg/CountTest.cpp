@@ -52,10 +52,10 @@ TEST_F(CountTest, MakesOnlyTheHandleNullThroughWhichItDestroyedEvenIfThatIsConst
 {
     const NodePtr released = Node::create();
     const NodePtr other = released;
-    const Node* const address = other.getCPtr();
+    const FieldContainer* const address = other.getBaseCPtr();
     subRefCP(released);
     EXPECT_FALSE(released);
-    EXPECT_EQ(other.getCPtr(), address);
+    EXPECT_EQ(other.getBaseCPtr(), address);
 }
 
 TEST_F(CountTest, IgnoresNull)
