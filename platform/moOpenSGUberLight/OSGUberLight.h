@@ -39,21 +39,22 @@ OSG_CONTAINER_BASE(UberLight, Transform3D, OSG_UBERLIGHT_FIELDS)
 /// The visibility reference is a plain handle, as in most fields: the light does not keep the node, and whoever deletes
 /// a node that has external flag 0x10 unsets it here first. The lens flare effect is held with a reference.
 ///
-/// None of the functions brackets its edit; the comment names the fields for the caller's mask.
+/// None of the functions brackets its edit; the comment names the fields for the caller's mask. The enumerations have a fixed
+/// type, so that a value outside of them, which a caller may have from a file, is harmless.
 class UberLight : public UberLightBase
 {
     OSG_CONTAINER_OWNING(UberLight)
 
 public:
     /// How the light falls off with the distance d: not at all, with 1/d, with 1/d².
-    enum LightAttenuation
+    enum LightAttenuation : Int32
     {
         NoAttenuation = 0,
         LinearAttenuation = 1,
         QuadraticAttenuation = 2
     };
 
-    enum LightType
+    enum LightType : Int32
     {
         DirectionalLight,
         PointLight,
@@ -65,7 +66,7 @@ public:
 
     /// Lumen and watt are those of a light that shines evenly in all directions (watt at 555 nm), lux is measured at 1
     /// m.
-    enum LightUnit
+    enum LightUnit : Int32
     {
         Candela,
         Lumen,

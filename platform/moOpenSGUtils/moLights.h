@@ -9,7 +9,7 @@
 #include <vector>
 
 /// How moLights::cloneLensFlareEffect treats the elements.
-enum LensFlareEffectCloneMode
+enum LensFlareEffectCloneMode : int
 {
     LensFlareEffectCloneDeep = 0,          ///< the clone gets clones of its own
     LensFlareEffectCloneSharedElements = 1 ///< the clone lists the very same elements, as a backup has to

@@ -1,0 +1,113 @@
+#include <moOpenSGUberLight/OSGLensFlareEffect.h>
+#include <moOpenSGUberLight/OSGLensFlareGhostLine.h>
+
+#include <OpenSG/OSGRefPtr.h>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+/// The two containers that hold a list, seen alike.
+struct EffectList
+{
+    using List = osg::LensFlareEffect;
+    using Item = osg::LensFlareElement;
+    static auto& items(List& list) { return list.getElements(); }
+    static void add(List& list, const osg::LensFlareElementPtr& item) { list.addElement(item); }
+    static void sub(List& list, const osg::LensFlareElementPtr& item) { list.subElement(item); }
+    static void clear(List& list) { list.clearEffects(); }
+};
+
+struct GhostList
+{
+    using List = osg::LensFlareGhostLine;
+    using Item = osg::LensFlareGhost;
+    static auto& items(List& list) { return list.getGhosts(); }
+    static void add(List& list, const osg::LensFlareGhostPtr& item) { list.addGhost(item); }
+    static void sub(List& list, const osg::LensFlareGhostPtr& item) { list.subGhost(item); }
+    static void clear(List& list) { list.clearGhosts(); }
+};
+
+template<class Kind>
+class LensFlareContainer : public testing::Test
+{
+protected:
+    using ItemPtr = typename Kind::Item::Ptr;
+
+    std::vector<ItemPtr> listed() { return {Kind::items(*list).begin(), Kind::items(*list).end()}; }
+
+    osg::RefPtr<typename Kind::List::Ptr> list{Kind::List::create()};
+    osg::RefPtr<ItemPtr> a{Kind::Item::create()}, b{Kind::Item::create()}, c{Kind::Item::create()};
+};
+
+using Lists = testing::Types<EffectList, GhostList>;
+TYPED_TEST_SUITE(LensFlareContainer, Lists);
+
+TYPED_TEST(LensFlareContainer, EntriesAreHeldAndStandInTheOrderOfTheirCreation)
+{
+    TypeParam::add(*this->list, this->c);
+    TypeParam::add(*this->list, this->a);
+    TypeParam::add(*this->list, this->b);
+    EXPECT_EQ(this->listed(), (std::vector{this->a.get(), this->b.get(), this->c.get()}));
+    EXPECT_EQ(this->b.get().getRefCount(), 2);
+    TypeParam::sub(*this->list, this->b);
+    EXPECT_EQ(this->b.get().getRefCount(), 1);
+    EXPECT_EQ(this->listed(), (std::vector{this->a.get(), this->c.get()}));
+    TypeParam::add(*this->list, this->b);
+    EXPECT_EQ(this->listed(), (std::vector{this->a.get(), this->b.get(), this->c.get()}));
+    TypeParam::clear(*this->list);
+    EXPECT_TRUE(this->listed().empty());
+    for (const auto& item : {this->a, this->b, this->c})
+        EXPECT_EQ(item.get().getRefCount(), 2) << "and the loop's";
+}
+
+TYPED_TEST(LensFlareContainer, NullTwiceAndUnknownChangeNothing)
+{
+    TypeParam::add(*this->list, osg::NullFC);
+    TypeParam::sub(*this->list, osg::NullFC);
+    TypeParam::sub(*this->list, this->a);
+    EXPECT_TRUE(this->listed().empty());
+    EXPECT_EQ(this->a.get().getRefCount(), 1);
+    TypeParam::add(*this->list, this->a);
+    TypeParam::add(*this->list, this->a);
+    EXPECT_EQ(this->listed().size(), 1u);
+    EXPECT_EQ(this->a.get().getRefCount(), 2);
+}
+
+TYPED_TEST(LensFlareContainer, AnEntryMayBeTakenOutThroughTheListsOwnHandle)
+{
+    auto fresh = TypeParam::Item::create();
+    TypeParam::add(*this->list, fresh);
+    TypeParam::add(*this->list, this->a);
+    TypeParam::sub(*this->list, TypeParam::items(*this->list)[0]);
+    TypeParam::sub(*this->list, TypeParam::items(*this->list)[0]);
+    EXPECT_TRUE(this->listed().empty());
+}
+
+TYPED_TEST(LensFlareContainer, DestroyingTheListReleasesItsEntries)
+{
+    TypeParam::add(*this->list, this->a);
+    this->list = typename TypeParam::List::Ptr();
+    EXPECT_EQ(this->a.get().getRefCount(), 1);
+}
+
+TYPED_TEST(LensFlareContainer, ACopyHoldsTheSameEntriesOnItsOwn)
+{
+    TypeParam::add(*this->list, this->a);
+    auto copy = TypeParam::List::Ptr::dcast(this->list->shallowCopy());
+    EXPECT_EQ(this->a.get().getRefCount(), 3);
+    TypeParam::clear(*this->list);
+    EXPECT_EQ(TypeParam::items(*copy).size(), 1u);
+    osg::subRefCP(copy);
+    EXPECT_EQ(this->a.get().getRefCount(), 1);
+}
+
+TEST(LensFlareTypes, AGhostLineIsAnElementAndAGhostIsNot)
+{
+    EXPECT_TRUE(osg::LensFlareGhostLine::getClassType().isDerivedFrom(osg::LensFlareElement::getClassType()));
+    EXPECT_FALSE(osg::LensFlareGhost::getClassType().isDerivedFrom(osg::LensFlareElement::getClassType()));
+}
+
+} // namespace
