@@ -1,0 +1,28 @@
+#pragma once
+
+#include <moUndoStack/core/moUndoCommandId.h>
+#include <moUndoStack/material/moWrappedFieldUndoCommand.h>
+
+/// Sets one field of a colour component, and tells listeners which component it was and whose.
+///
+/// \param command          the field command that does the edit, owned from here on; see moWrappedFieldUndoCommand.
+/// Null makes
+///                         the command inert.
+/// \param parentContainer  what the component belongs to; may be null.
+/// \param component        the colour component; may be null.
+///
+/// No notification is sent beside the field command's own. Merging: see moWrappedFieldUndoCommand.
+/// Message: "id", "container" (the field command's), "component" and "parent" (left out for null), unsigned int.
+class MO_UNDO_STACK_EXPORT moColorComponentUndoCommand : public moWrappedFieldUndoCommand
+{
+    MO_UNDO_COMMAND_ID
+
+public:
+    moColorComponentUndoCommand(const moUndoString& text, moFieldBaseUndoCommand<>* command,
+                                osg::FieldContainerPtr parentContainer, osg::FieldContainerPtr component,
+                                QUndoCommand* parent);
+
+    void undo() override;
+    void redo() override;
+    void makeMessage(moMessage& message) const override;
+};

@@ -1,0 +1,23 @@
+#include <moUndoStack/material/moContainerTouch.h>
+
+#include <moUndoStack/core/moContainer_p.h>
+
+#include <moOpenSGUberMaterial/OSGUberMaterial.h>
+#include <moUtils/moMessage.h>
+
+void moContainerTouch::touch(unsigned int containerId, unsigned long long fieldMask)
+{
+    // Intended: nothing is written, the notification alone is wanted.
+    const ContainerEdit edit(findContainer<osg::FieldContainerPtr>(containerId), fieldMask);
+}
+
+void moContainerTouch::touchSettingsAndMaterial(unsigned int settingsId, unsigned int materialId)
+{
+    touch(settingsId, osg::ColorComponentSettingsBase::PlanarProjectionFieldMask);
+    touch(materialId, osg::UberMaterialBase::ColorComponentDataFieldMask);
+}
+
+void moContainerTouch::setIdUnlessNull(moMessage& message, const char* key, unsigned int id)
+{
+    if (id != 0) message.set(key, id, true);
+}

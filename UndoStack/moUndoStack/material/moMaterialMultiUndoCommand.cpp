@@ -1,0 +1,40 @@
+#include <moUndoStack/material/moMaterialMultiUndoCommand.h>
+
+#include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/core/moUndoCommand.h>
+
+MO_UNDO_COMMAND_ID_IMPL(moMaterialMultiUndoCommand)
+
+moMaterialMultiUndoCommand::moMaterialMultiUndoCommand(const moUndoString& text, osg::FieldContainerPtr material,
+                                                       osg::FieldContainerPtr componentSettings)
+    : moMultiCommand(text), m_materialId(containerId(material)), m_settingsId(containerId(componentSettings))
+{
+}
+
+void moMaterialMultiUndoCommand::undo()
+{
+    moMultiCommand::undo();
+    touchSettingsAndMaterial(m_settingsId, m_materialId);
+}
+
+void moMaterialMultiUndoCommand::redo()
+{
+    moMultiCommand::redo();
+    touchSettingsAndMaterial(m_settingsId, m_materialId);
+}
+
+bool moMaterialMultiUndoCommand::mergeWith(const QUndoCommand* other)
+{
+    // Intended: the time of making is not looked at here; the children look at theirs.
+    const auto* newer = dynamic_cast<const moMaterialMultiUndoCommand*>(other);
+    if (!newer || newer->id() != id()) return false;
+    if (newer->m_settingsId != m_settingsId || newer->m_materialId != m_materialId) return false;
+    return moMultiCommand::mergeWith(other);
+}
+
+void moMaterialMultiUndoCommand::makeMessage(moMessage& message) const
+{
+    moMultiCommand::makeMessage(message);
+    setIdUnlessNull(message, "material", m_materialId);
+    setIdUnlessNull(message, "componentSettings", m_settingsId);
+}
