@@ -1,0 +1,187 @@
+#include <editsession/Chapters.h>
+#include <editsession/ModelLoader.h>
+#include <editsession/Report.h>
+#include <editsession/SceneDigest.h>
+
+#include <moUndoStack/moUndoCommands.h>
+
+#include <moOpenSGUtils/moNodePtr.h>
+#include <moOpenSGUtils/moNodeUtils.h>
+
+#include <OpenSG/OSGSimpleAttachments.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+osg::Vec3f translation(const osg::NodePtr& node)
+{
+    return moNodeUtils::getTransformNodeTranslation(node, false, -1);
+}
+
+bool sameBits(const osg::Vec3f& a, const osg::Vec3f& b)
+{
+    return std::equal(a.getValues(), a.getValues() + 3, b.getValues());
+}
+
+/// A command of the application's own: a new name for a node. To say how the value is read and written is all that it
+/// takes.
+class RenameCommand : public moFunctionUndoCommand<std::string>
+{
+    MO_UNDO_COMMAND_ID
+
+public:
+    RenameCommand(const osg::NodePtr& node, const std::string& name)
+        : moFunctionUndoCommand(moUndoString("Rename", "Node Commands"), node, name, nullptr)
+    {
+    }
+
+protected:
+    std::string get(osg::NodePtr node) override
+    {
+        const char* name = osg::getName(node);
+        return name ? name : "";
+    }
+    /// A node without name has no attachment for one; with the empty name it is as it was before.
+    void set(osg::NodePtr node, std::string name) override
+    {
+        const osg::CPEditor edit(node, osg::Node::AttachmentsFieldMask);
+        if (name.empty())
+            osg::setName(node, static_cast<const char*>(nullptr));
+        else
+            osg::setName(node, name);
+    }
+};
+
+MO_UNDO_COMMAND_ID_IMPL(RenameCommand)
+
+/// The mouse is pressed, moved thirty times and released. The editor hands in a command for each move.
+void drag(Context& context, const osg::NodePtr& node)
+{
+    constexpr int moves = 30;
+    // Seconds: the hand may rest in the middle of a drag.
+    constexpr double mergeInterval = 10.;
+
+    const osg::Vec3f start = translation(node);
+    const auto moved = [&start](int move) { return start + osg::Vec3f(0.05f, 0.f, -0.02f) * static_cast<float>(move); };
+    const int before = context.stack.size();
+    for (int move = 1; move <= moves; ++move)
+        context.stack.addOrExecute(
+            new moTranslationUndoCommand(node, moved(move), false, mergeInterval, nullptr, {}, -1));
+    context.report.check("core: the moves of a drag are one step", context.stack.size() == before + 1);
+
+    context.stack.undo();
+    context.report.check("core: one undo takes the whole drag back", sameBits(translation(node), start));
+    context.stack.redo();
+    context.report.check("core: one redo makes the whole drag again", sameBits(translation(node), moved(moves)));
+}
+
+/// A selection is moved: one step, with a command for each node.
+void moveSelection(Context& context, const std::vector<osg::NodePtr>& selection)
+{
+    const int before = context.stack.size();
+    context.stack.beginMultiCommand(QStringLiteral("Move %1 Nodes").arg(selection.size()), "Move Nodes", false);
+    for (const osg::NodePtr& node : selection) {
+        const osg::Vec3f raised = translation(node) + osg::Vec3f(0.f, 0.25f, 0.f);
+        context.stack.addOrExecute(new moTranslationUndoCommand(node, raised, false, nullptr, {}, -1));
+    }
+    context.stack.endMultiCommand();
+
+    const QUndoCommand* composite = context.stack.currentCommand();
+    context.report.check("core: a moved selection is one step with a command for each node",
+                         context.stack.size() == before + 1 && composite &&
+                             composite->childCount() == static_cast<int>(selection.size()));
+}
+
+/// A tool tries something out and puts it back itself, with recording blocked. The history must not hear of it, and
+/// undo-all could not take it back.
+void tryOut(Context& context, const osg::NodePtr& node)
+{
+    const QByteArray before = sceneDigest(context.model);
+    const int steps = context.stack.size();
+    const osg::Vec3f start = translation(node);
+    const auto move = [&](const osg::Vec3f& value) {
+        context.stack.addOrExecute(new moTranslationUndoCommand(node, value, false, nullptr, {}, -1));
+    };
+
+    moUndoStack::beginBlockUndo();
+    move(start + osg::Vec3f(100.f, 0.f, 0.f));
+    const bool executed = sceneDigest(context.model) != before;
+    move(start);
+    moUndoStack::endBlockUndo();
+
+    context.report.check("core: an edit is executed while recording is blocked", executed);
+    context.report.check("core: it is not recorded", context.stack.size() == steps);
+    context.report.check("core: it was put back by hand", sceneDigest(context.model) == before);
+}
+
+void setTravMask(const osg::NodePtr& node, osg::UInt32 mask)
+{
+    const osg::CPEditor edit(node, osg::Node::TravMaskFieldMask);
+    node->setTravMask(mask);
+}
+
+/// Two functions make a command; they find the node again through a handle that cannot dangle.
+void hide(Context& context, const osg::NodePtr& node)
+{
+    const osg::UInt32 shown = node->getTravMask();
+    const auto apply = [handle = moNodePtr(node)](osg::UInt32 mask) {
+        if (const osg::NodePtr found = handle.getPtr()) setTravMask(found, mask);
+    };
+    context.stack.addOrExecute(new moGenericFunctionUndoCommand(
+        moUndoString("Hide", "Node Commands"), [=] { apply(shown); }, [=] { apply(0); }, nullptr));
+    context.report.check("core: a generic function command hides a node", !node->getActive());
+}
+
+/// A command that adds something holds a reference on it, since undo takes it out of the scene.
+void addMarker(Context& context, const osg::NodePtr& parent)
+{
+    const osg::NodeRefPtr marker(osg::makeNodeFor(osg::Transform3D::create()));
+    osg::setName(marker.get(), "Marker");
+    const auto edit = [handle = moNodePtr(parent), marker](void (osg::Node::*change)(const osg::NodePtr&)) {
+        const osg::NodePtr found = handle.getPtr();
+        if (!found) return;
+        const osg::CPEditor bracket(found, osg::Node::ChildrenFieldMask);
+        ((*found).*change)(marker.get());
+    };
+    const osg::UInt32 children = parent->getNChildren();
+    context.stack.addOrExecute(new moGenericFunctionUndoCommand(
+        moUndoString("Add Marker", "Node Commands"), [=] { edit(&osg::Node::subChild); },
+        [=] { edit(&osg::Node::addChild); }, nullptr));
+    context.report.check("core: a generic function command adds a node", parent->getNChildren() == children + 1);
+}
+
+/// A dialog marks where it was opened; cancelled, it goes back over all of its steps at once. Then the user wants them
+/// after all.
+void cancelDialog(Context& context, const osg::NodePtr& node)
+{
+    const QByteArray before = sceneDigest(context.model);
+    context.stack.mark();
+    const int steps = context.stack.size();
+    context.stack.addOrExecute(new RenameCommand(node, "Renamed in a Dialog"));
+    moveSelection(context, {node});
+    const QByteArray after = sceneDigest(context.model);
+
+    context.stack.reset();
+    context.report.check("core: reset goes back to the mark", sceneDigest(context.model) == before);
+    for (int step = steps; step < context.stack.size(); ++step)
+        context.stack.redo();
+    context.report.check("core: what was reset can be done again", sceneDigest(context.model) == after);
+}
+
+} // namespace
+
+void coreChapter(Context& context)
+{
+    const std::vector<osg::NodePtr>& nodes = context.model.nodes;
+    const osg::NodePtr node = nodes[nodes.size() / 2];
+
+    drag(context, node);
+    moveSelection(
+        context, {nodes.begin(), nodes.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(10, nodes.size()))});
+    tryOut(context, node);
+    hide(context, nodes.back());
+    addMarker(context, nodes.front());
+    cancelDialog(context, node);
+}

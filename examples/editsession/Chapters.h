@@ -1,0 +1,34 @@
+#pragma once
+
+#include <vector>
+
+class moUndoStack;
+struct Model;
+struct Report;
+
+/// What a chapter works with.
+struct Context
+{
+    Model& model;
+    moUndoStack& stack;
+    Report& report;
+};
+
+/// What one family of commands shows in a session.
+struct Chapter
+{
+    const char* name;
+
+    /// Puts things into the scene that a model file does not bring along, before the session's first digest. May be
+    /// null.
+    void (*prepare)(Model& model);
+
+    /// Edits the scene. All that it changes must be in the history when it returns, with nothing left to redo; it adds
+    /// checks to the report.
+    void (*run)(Context& context);
+};
+
+void coreChapter(Context& context);
+
+/// The chapters in the order of the session.
+const std::vector<Chapter>& chapters();

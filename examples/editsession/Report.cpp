@@ -1,0 +1,202 @@
+#include <editsession/Report.h>
+
+#include <moUndoStack/core/moUndoCommandBase.h>
+
+#include <moUtils/moMessage.h>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QTextStream>
+
+#include <algorithm>
+#include <string>
+
+namespace {
+
+QJsonValue json(bool value)
+{
+    return value;
+}
+QJsonValue json(int value)
+{
+    return value;
+}
+QJsonValue json(unsigned int value)
+{
+    return static_cast<qint64>(value);
+}
+QJsonValue json(double value)
+{
+    return value;
+}
+QJsonValue json(const std::string& value)
+{
+    return QString::fromStdString(value);
+}
+template<class T>
+QJsonValue json(const std::vector<T>& values)
+{
+    QJsonArray array;
+    for (const T& value : values)
+        array.append(json(value));
+    return array;
+}
+
+/// The types that values of messages have.
+struct ValueType
+{
+    const char* name;
+    bool (*read)(const boost::any& value, QJsonValue& result);
+};
+
+template<class T>
+constexpr ValueType valueType(const char* name)
+{
+    return {name, [](const boost::any& value, QJsonValue& result) {
+                const T* typed = boost::any_cast<T>(&value);
+                if (typed) result = json(*typed);
+                return typed != nullptr;
+            }};
+}
+
+constexpr ValueType valueTypes[] = {
+    valueType<int>("int"),
+    valueType<bool>("bool"),
+    valueType<unsigned int>("unsigned int"),
+    valueType<float>("float"),
+    valueType<double>("double"),
+    valueType<std::string>("std::string"),
+    valueType<std::vector<unsigned int>>("std::vector<unsigned int>"),
+    valueType<std::vector<std::string>>("std::vector<std::string>"),
+};
+
+Report::Entry entry(const moMessage::Entry& source)
+{
+    Report::Entry result{QString::fromStdString(source.first), QString(), QJsonValue()};
+    for (const ValueType& type : valueTypes) {
+        if (type.read(source.second, result.value)) {
+            result.type = QString::fromLatin1(type.name);
+            return result;
+        }
+    }
+    result.type = QString::fromLatin1(source.second.type().name());
+    return result;
+}
+
+/// The value as JSON writes it: text quoted, lists in brackets.
+QString written(const QJsonValue& value)
+{
+    const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(list.mid(1, list.size() - 2));
+}
+
+QJsonObject json(const Report::Step& step)
+{
+    QJsonObject object{{"text", step.text}, {"description", step.description}};
+    QJsonArray children;
+    for (const Report::Step& child : step.children)
+        children.append(json(child));
+    if (!children.isEmpty()) object.insert("children", children);
+    return object;
+}
+
+QJsonObject json(const Report::Message& message)
+{
+    // A list, since the order of the keys is part of the message.
+    QJsonArray entries;
+    for (const Report::Entry& e : message.entries)
+        entries.append(QJsonObject{{"key", e.key}, {"type", e.type}, {"value", e.value}});
+    return {{"phase", message.phase}, {"name", message.name}, {"entries", entries}};
+}
+
+QJsonObject json(const Report::Check& check)
+{
+    return {{"what", check.what}, {"passed", check.passed}};
+}
+
+template<class T>
+QJsonArray jsonArray(const std::vector<T>& items)
+{
+    QJsonArray array;
+    for (const T& item : items)
+        array.append(json(item));
+    return array;
+}
+
+void printStep(QTextStream& stream, const Report::Step& step, const QString& lead)
+{
+    stream << lead << step.text;
+    if (!step.description.isEmpty() && step.description != step.text) stream << "  (" << step.description << ')';
+    stream << '\n';
+    for (const Report::Step& child : step.children)
+        printStep(stream, child, QString(lead.size() + 2, ' '));
+}
+
+} // namespace
+
+Report::Step::Step(const QUndoCommand& command) : text(command.text())
+{
+    if (const auto* own = dynamic_cast<const moUndoCommandBase*>(&command)) description = own->getDescription();
+    for (int i = 0; i < command.childCount(); ++i)
+        children.emplace_back(*command.child(i));
+}
+
+void Report::addMessage(const QString& phase, const char* name, const moMessage& message)
+{
+    Message copy{phase, QString::fromLatin1(name), {}};
+    std::transform(message.entries().begin(), message.entries().end(), std::back_inserter(copy.entries), entry);
+    messages.push_back(std::move(copy));
+}
+
+bool Report::passed() const
+{
+    return std::all_of(checks.begin(), checks.end(), [](const Check& check) { return check.passed; });
+}
+
+void Report::print(QTextStream& stream) const
+{
+    stream << "Model  " << modelFile << ": " << nodeCount << " nodes, " << lightCount << " lights, " << materialCount
+           << " materials\n\nHistory  " << history.size() << " steps\n";
+    int number = 0;
+    for (const Step& step : history)
+        printStep(stream, step, QStringLiteral("%1  ").arg(++number, 4));
+
+    stream << "\nMessages  " << messages.size() << '\n';
+    QString phase;
+    for (const Message& message : messages) {
+        if (message.phase != phase) stream << "  " << (phase = message.phase) << '\n';
+        stream << "    " << message.name;
+        for (const Entry& e : message.entries)
+            stream << ' ' << e.key << '=' << written(e.value);
+        stream << '\n';
+    }
+
+    stream << "\nChecks\n";
+    for (const Check& c : checks)
+        stream << (c.passed ? "  ok      " : "  FAILED  ") << c.what << '\n';
+
+    stream << "\nDigests of the scene\n"
+           << "  after load      " << digestAfterLoad << '\n'
+           << "  after edits     " << digestAfterEdits << '\n'
+           << "  after undo-all  " << digestAfterUndoAll << '\n'
+           << "  after redo-all  " << digestAfterRedoAll << '\n';
+}
+
+QByteArray Report::toJson() const
+{
+    const QJsonObject model{{"file", modelFile},
+                            {"nodes", static_cast<qint64>(nodeCount)},
+                            {"lights", static_cast<qint64>(lightCount)},
+                            {"materials", static_cast<qint64>(materialCount)}};
+    const QJsonObject digests{{"afterLoad", QString::fromLatin1(digestAfterLoad)},
+                              {"afterEdits", QString::fromLatin1(digestAfterEdits)},
+                              {"afterUndoAll", QString::fromLatin1(digestAfterUndoAll)},
+                              {"afterRedoAll", QString::fromLatin1(digestAfterRedoAll)}};
+    const QJsonObject all{{"model", model},
+                          {"history", jsonArray(history)},
+                          {"messages", jsonArray(messages)},
+                          {"checks", jsonArray(checks)},
+                          {"digests", digests}};
+    return QJsonDocument(all).toJson();
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QJsonValue>
+#include <QtCore/QString>
+
+#include <vector>
+
+class QTextStream;
+class QUndoCommand;
+class moMessage;
+
+/// What happened in a session, as data; can be printed and written as JSON.
+struct Report
+{
+    /// One key of a message. The type is the C++ type of its value; a type that the report does not know has a null
+    /// value.
+    struct Entry
+    {
+        QString key;
+        QString type;
+        QJsonValue value;
+    };
+
+    struct Message
+    {
+        QString phase; ///< the chapter, or which way the history was being walked
+        QString name;
+        std::vector<Entry> entries;
+    };
+
+    struct Step
+    {
+        explicit Step(const QUndoCommand& command);
+
+        QString text;
+        QString description;
+        std::vector<Step> children;
+    };
+
+    struct Check
+    {
+        QString what;
+        bool passed;
+    };
+
+    QString modelFile;
+    std::size_t nodeCount = 0;
+    std::size_t lightCount = 0;
+    std::size_t materialCount = 0;
+
+    std::vector<Step> history;
+    std::vector<Message> messages;
+    std::vector<Check> checks;
+
+    QByteArray digestAfterLoad;
+    QByteArray digestAfterEdits;
+    QByteArray digestAfterUndoAll;
+    QByteArray digestAfterRedoAll;
+
+    void addMessage(const QString& phase, const char* name, const moMessage& message);
+    void check(const QString& what, bool passed) { checks.push_back({what, passed}); }
+
+    /// Whether every check passed.
+    bool passed() const;
+
+    void print(QTextStream& stream) const;
+    QByteArray toJson() const;
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <editsession/Chapters.h>
+#include <editsession/Report.h>
+
+/// Edits a model the way a user's editor would: one chapter after the other, then back to the start and forward to the
+/// end.
+///
+/// Recording is on meanwhile; at the end the history is cleared. The scene is left as the edits made it.
+Report runSession(Model& model, const std::vector<Chapter>& chapters);
