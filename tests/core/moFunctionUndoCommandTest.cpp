@@ -183,6 +183,11 @@ TEST_F(FunctionUndoCommand, OfANullNodeHasTheIdZeroAndNeverDoesAnything)
     stack.add(new RenameCommand(osg::NullFC, "after"));
     stack.undo();
     EXPECT_THAT(trace.takeMessages().front(), testing::HasSubstr("node=uint:0"));
+    stack.redo();
+    stack.add(new RenameCommand(osg::NullFC, "again"));
+    EXPECT_EQ(stack.size(), 1) << "like those of any one node";
+    stack.add(new RenameCommand(node, "after"));
+    EXPECT_EQ(stack.size(), 2) << "it takes up no edit of a node";
 }
 
 TEST_F(FunctionUndoCommand, OfSomethingThatIsNoNodeDoesNothing)

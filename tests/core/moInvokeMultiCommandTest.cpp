@@ -96,6 +96,10 @@ TEST_F(InvokeMultiCommand, WithoutAReceiverOrAMethodRunsItsChildrenOnly)
 TEST_F(InvokeMultiCommand, HasAnIdOfItsOwnAndNeverMergesWithAPlainComposite)
 {
     EXPECT_NE(moInvokeMultiCommand::commandId(), moMultiCommand::commandId());
+    const moMultiCommand plain(moUndoString("plain", ""));
+    const moInvokeMultiCommand invoke(moUndoString("invoke", ""), &receiver, "refresh()");
+    EXPECT_FALSE(plain.canMergeWith(&invoke));
+    EXPECT_FALSE(invoke.canMergeWith(&plain));
     stack.add(new moMultiCommand(moUndoString("plain", "")));
     stack.add(new moInvokeMultiCommand(moUndoString("invoke", ""), &receiver, "refresh()"));
     stack.add(new moMultiCommand(moUndoString("plain", "")));

@@ -82,6 +82,15 @@ TEST_F(Composition, KeepsTheTextAndDescriptionItWasGiven)
     EXPECT_EQ(top()->getDescription(), "my description");
 }
 
+TEST_F(Composition, KeepsATextOfNothingButABlank)
+{
+    stack.beginMultiCommand(" ", " ", true);
+    child("A");
+    stack.endMultiCommand();
+    EXPECT_EQ(top()->text(), " ");
+    EXPECT_EQ(top()->getDescription(), " ");
+}
+
 TEST_F(Composition, WhoseFirstChildHasNoDescriptionKeepsAnEmptyOne)
 {
     stack.beginMultiCommand("", "", true);
@@ -132,6 +141,21 @@ TEST_F(Composition, EndedOnTheOtherStackIsLoggedWithThatStackAndStaysOpen)
     second.endMultiCommand();
 }
 
+TEST_F(Composition, NestedOnTheOtherStackMustBeEndedThereFirst)
+{
+    stack.beginMultiCommand("outer", "", true);
+    second.beginMultiCommand("inner", "", true);
+    child("a");
+    stack.endMultiCommand();
+    EXPECT_THAT(log.take(),
+                ElementsAre("errorNR: moUndoStack::endMultiCommand(): no matching beginMultiCommand() for stack 0."));
+    second.endMultiCommand();
+    stack.endMultiCommand();
+    EXPECT_THAT(log.take(), IsEmpty());
+    EXPECT_EQ(describe(stack), "1 step, at \"outer\", undo, no redo");
+    EXPECT_TRUE(second.isEmpty());
+}
+
 TEST_F(Composition, IsRecordedOnTheStackThatBeganIt)
 {
     second.beginMultiCommand("composite", "", true);
@@ -169,6 +193,33 @@ TEST_F(Composition, EndedWhileRecordingIsBlockedIsRunAndDeleted)
     EXPECT_TRUE(stack.isEmpty());
 }
 
+TEST_F(Composition, BegunWhileRecordingIsBlockedIsRecordedIfItIsNotWhenItEnds)
+{
+    moUndoStack::beginBlockUndo();
+    stack.beginMultiCommand("composite", "", true);
+    stack.addOrExecute(child("a"));
+    EXPECT_THAT(steps, ElementsAre("redo a")) << "nobody's child: run at once";
+    moUndoStack::endBlockUndo();
+    stack.addOrExecute(child("b"));
+    stack.endMultiCommand();
+    EXPECT_THAT(steps, ElementsAre("redo a", "redo b"));
+    EXPECT_EQ(describe(stack), "1 step, at \"composite\", undo, no redo");
+    EXPECT_EQ(top()->childCount(), 1);
+}
+
+TEST_F(Composition, KeepsAChildThatIsHandedInWhileRecordingIsBlocked)
+{
+    stack.beginMultiCommand("composite", "", true);
+    auto* made = child("a");
+    moUndoStack::beginBlockUndo();
+    stack.addOrExecute(made);
+    moUndoStack::endBlockUndo();
+    EXPECT_THAT(steps, IsEmpty());
+    stack.endMultiCommand();
+    EXPECT_THAT(steps, ElementsAre("redo a"));
+    EXPECT_EQ(top()->child(0), made);
+}
+
 TEST_F(Composition, NestedOneBegunWhileRecordingWasBlockedIsNeitherRunNorRecorded)
 {
     stack.beginMultiCommand("outer", "", true);
@@ -198,6 +249,19 @@ TEST_F(Composition, UnderWayIsDeletedByClearWithAWarning)
                 ElementsAre("warningNR: moUndoStack::clearMultiCommands() called while multi command is composed."));
     stack.add(child("next"));
     EXPECT_EQ(describe(stack), "1 step, at \"next\", undo, no redo");
+}
+
+TEST_F(Composition, UnderWayIsDeletedAfterTheStepsAndBeforeClearedIsHeard)
+{
+    std::vector<std::string> order;
+    const auto note = [&order](const char* what) { return [&order, what] { order.emplace_back(what); }; };
+    stack.add(child("step")->onDestroyed(note("step deleted")));
+    stack.beginMultiCommand("composite", "", true);
+    child("part")->onDestroyed(note("part deleted"));
+    QObject context;
+    QObject::connect(&stack, &moUndoStack::cleared, &context, note("cleared"));
+    stack.clear();
+    EXPECT_THAT(order, ElementsAre("step deleted", "part deleted", "cleared"));
 }
 
 TEST_F(Composition, UnderWayOnTheOtherStackIsDeletedByClearToo)
@@ -267,6 +331,13 @@ TEST_F(MultiCommand, CallsItsAfterFunctionAfterTheChildrenInBothDirections)
     stack.add(command);
     stack.undo();
     EXPECT_THAT(steps, ElementsAre("redo a", "redo b", "after", "undo b", "undo a", "after"));
+}
+
+TEST_F(MultiCommand, CallsItsAfterFunctionWithoutAnyChildrenToo)
+{
+    stack.add(new moMultiCommand(moUndoString("a", ""), [this] { steps.emplace_back("after"); }));
+    stack.undo();
+    EXPECT_THAT(steps, ElementsAre("after", "after"));
 }
 
 TEST_F(MultiCommand, KnowsItsDirectChildrenOnly)
@@ -355,6 +426,8 @@ TEST_F(CompositeMerge, IsDecidedByTheOlderOnesFlag)
     stack.add(composite("first", {"a"}, true));
     stack.add(composite("second", {"b"}, false));
     EXPECT_EQ(describe(stack), "1 step, at \"second\", undo, no redo");
+    stack.add(composite("third", {"c"}, false));
+    EXPECT_EQ(describe(stack), "1 step, at \"third\", undo, no redo") << "a merge does not hand the flag over";
     stack.clear();
     stack.add(composite("first", {"a"}, false));
     stack.add(composite("second", {"b"}, true));
@@ -387,6 +460,21 @@ TEST_F(CompositeMerge, FollowsTheMergeIntervalOfTheChildren)
     clock.advance(0.5);
     stack.add(composite("second", {"b"}));
     EXPECT_EQ(stack.size(), 2);
+}
+
+TEST_F(CompositeMerge, OfChildrenWithoutAnIdOfTheirOwnDropsTheNewerOnes)
+{
+    int undone = 0;
+    const auto count = [&undone] { ++undone; };
+    for (const char* name : {"first", "second"}) {
+        auto* command = new moMultiCommand(moUndoString(name, ""));
+        new moGenericFunctionUndoCommand(
+            moUndoString("a", ""), count, [] {}, command);
+        stack.add(command);
+    }
+    EXPECT_EQ(describe(stack), "1 step, at \"second\", undo, no redo");
+    stack.undo();
+    EXPECT_EQ(undone, 1) << "what a child answers when it is merged is not looked at";
 }
 
 TEST_F(CompositeMerge, RefusesNull)

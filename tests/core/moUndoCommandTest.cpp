@@ -5,6 +5,7 @@
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moMessage.h>
 
+#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <typeinfo>
@@ -22,6 +23,13 @@ TEST(CommandIds, CountUpByOneInTheOrderOfFirstAsking)
     const int second = moUndoCommand::makeId(typeid(Tag<1>));
     EXPECT_GE(first, 1);
     EXPECT_EQ(second, first + 1);
+}
+
+TEST(CommandIds, StartAtOne)
+{
+    // Asked in a process of its own, where nobody has asked before.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(std::_Exit(moUndoCommand::makeId(typeid(Tag<4>))), testing::ExitedWithCode(1), "");
 }
 
 TEST(CommandIds, StayTheSameForAClass)
@@ -168,6 +176,20 @@ TEST_F(MergeInterval, DoesNotHelpCommandsOfDifferentIds)
     EXPECT_FALSE(older->canMergeWith(&later(0.0, id + 1)));
     newer->setMergeResponseDelta(-1.0);
     EXPECT_FALSE(older->canMergeWith(newer.get()));
+}
+
+TEST_F(MergeInterval, AppliesToCommandsWithoutAnIdOfTheirOwnToo)
+{
+    older->withId(-1);
+    EXPECT_TRUE(older->canMergeWith(&later(0.1, -1)));
+    EXPECT_FALSE(older->canMergeWith(&later(0.4, -1)));
+}
+
+TEST_F(MergeInterval, DoesNotKeepACommandFromMergingIntoOneThatWasMadeAfterIt)
+{
+    later(10.0);
+    older->setMergeResponseDelta(0.0);
+    EXPECT_TRUE(newer->canMergeWith(older.get()));
 }
 
 TEST_F(MergeInterval, DoesNotHelpANewerCommandWithMergingDisabled)

@@ -127,6 +127,26 @@ TEST_F(Notifications, OfAPlainCommandCarryIndexAddedAndTextOnly)
                             "message moURManager::redo index=int:0 added=bool:true text=string:\"plain\""));
 }
 
+TEST_F(Notifications, OfACommandThatIsNoMoUndoCommandCarryNoKeysOfItsOwn)
+{
+    struct Bare : moUndoCommandBase
+    {
+        explicit Bare(QUndoCommand* parent) : moUndoCommandBase(moUndoString("bare", ""), parent) {}
+        void makeMessage(moMessage& message) const override { message.set("own", true, true); }
+        bool canMergeWith(const QUndoCommand*) const override { return false; }
+    };
+    stack.add(new Bare(nullptr));
+    EXPECT_THAT(trace.takeMessages(), ElementsAre("moURManager::redo index=int:0 added=bool:true text=string:\"bare\" "
+                                                  "description=string:\"bare\""));
+    auto* composite = new moMultiCommand(moUndoString("composite", ""));
+    new Bare(composite);
+    new FamilyCommand("second", composite);
+    stack.add(composite);
+    EXPECT_THAT(trace.takeMessages(),
+                ElementsAre("moURManager::redo index=int:1 added=bool:true text=string:\"composite\" "
+                            "description=string:\"composite\""));
+}
+
 TEST_F(Notifications, OfACompositeCarryItsOwnTextsAndTheKeysOfItsFirstChild)
 {
     stack.beginMultiCommand("both", "about both", true);
@@ -148,11 +168,18 @@ TEST_F(Notifications, OfACompositeWhoseFirstChildIsACompositeCarryNoFurtherKeys)
                                                   "description=string:\"about outer\""));
 }
 
-TEST_F(Notifications, SpellTextsInUtf8)
+TEST_F(Notifications, SpellTextsInUtf8WithEveryCharacter)
 {
-    const QString text = QString::fromUtf8("Größe “Ω” 🎬");
+    const QString text = QString::fromUtf8("Größe “Ω” 🎬") + QChar(0) + "end";
     stack.add(new FamilyCommand(text));
-    EXPECT_THAT(trace.takeMessages().front(), testing::HasSubstr("text=string:\"Größe “Ω” 🎬\""));
+    EXPECT_THAT(trace.takeMessages(), ElementsAre(message("redo", 0, true, text.toStdString()).substr(8)));
+}
+
+TEST_F(Notifications, TakeTheTextOfTheHistoryNotThatOfTheMenus)
+{
+    stack.add(new QUndoCommand("history\nmenu"));
+    EXPECT_THAT(trace.takeMessages(),
+                ElementsAre("moURManager::redo index=int:0 added=bool:true text=string:\"history\""));
 }
 
 TEST_F(Notifications, OfClearingADoneStackAreAnUndoOfNothingAndThenCleared)

@@ -166,6 +166,28 @@ TEST_F(Recording, SwitchedOffDoesNotKeepACommandWithAParentFromBeingPushed)
     EXPECT_EQ(stack.currentCommand(), child);
 }
 
+TEST_F(Recording, SwitchedOffAsksACommandForItsParent)
+{
+    struct Adopted : ProbeCommand
+    {
+        explicit Adopted(QUndoCommand* by) : ProbeCommand("adopted"), foster(by) {}
+        QUndoCommand* parent() const override { return foster; }
+        QUndoCommand* foster;
+    };
+    QUndoCommand foster;
+    stack.addOrExecute(new Adopted(&foster));
+    EXPECT_EQ(describe(stack), "1 step, at \"adopted\", undo, no redo");
+}
+
+TEST_F(Recording, SwitchedOffIsReportedByTheStackThatRanTheCommand)
+{
+    Trace first(stack);
+    Trace other(second);
+    second.addOrExecute(new ProbeCommand("a"));
+    EXPECT_THAT(first.take(), IsEmpty());
+    EXPECT_EQ(other.take().size(), 2U);
+}
+
 TEST_F(Recording, CountersAreSharedByBothStacks)
 {
     moUndoStack::beginUndo();
