@@ -203,7 +203,10 @@ void setTransformNodeRotationDirection(const osg::NodePtr& node, float x, float 
     const Edit edit(transform, Base::RotationDirectionFieldMask | Base::RotationDirectionModeFieldMask);
     const osg::Vec3f direction(x, y, z);
     transform->setRotationDirection(normalised ? normalisedDirection(direction) : direction);
-    if (mode >= 0 && mode <= 2) transform->setRotationDirectionMode(mode);
+    if (x == 0.f && y == 0.f && z == 0.f)
+        transform->setRotationDirectionMode(0); // no direction has no axis: as in a new transform
+    else if (mode >= 0 && mode <= 2)
+        transform->setRotationDirectionMode(mode);
 }
 
 std::string getTransformNodeEulerRotationOrder(const osg::NodePtr& node, int variantIndex)

@@ -69,7 +69,7 @@ void setTransformNodeRotationOrientation(const osg::NodePtr& node, float x, floa
 /// other: zero.
 osg::Vec3f getTransformNodeRotationDirection(const osg::NodePtr& node, int variantIndex, int mode);
 
-/// A direction of zero gives the orientation back to its angles.
+/// A direction of zero gives the orientation back to its angles, and the axis back to 0.
 /// \param mode        the axis that points along the direction, 0, 1 or 2; any other keeps the one that is stored.
 /// \param normalised  stores the direction with length one instead of as it is given.
 void setTransformNodeRotationDirection(const osg::NodePtr& node, float x, float y, float z, int mode, bool normalised,
