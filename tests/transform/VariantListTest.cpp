@@ -1,0 +1,466 @@
+#include <transform/TransformTest.h>
+
+#include <moUndoStack/transform/moAddTransformVariantUndoCommand.h>
+#include <moUndoStack/transform/moRemoveTransformSwitchVariantUndoCommand.h>
+#include <moUndoStack/transform/moTransformVariantNameUndoCommand.h>
+#include <moUndoStack/transform/moTransformVariantOptionsUndoCommand.h>
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGGroup.h>
+#include <OpenSG/OSGRefPtr.h>
+
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <stdexcept>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class VariantList : public TransformTest
+{
+protected:
+    auto tell()
+    {
+        return [this](unsigned int id, int index, bool undone) {
+            told.push_back(std::to_string(id) + ", " + std::to_string(index) + (undone ? ", undone" : ", done"));
+        };
+    }
+    std::vector<std::string> take() { return std::exchange(told, {}); }
+    std::string told1(int index, bool undone) const
+    {
+        return std::to_string(idOf(node)) + ", " + std::to_string(index) + (undone ? ", undone" : ", done");
+    }
+
+    osg::TransformVariantPtr variant(const std::string& name)
+    {
+        return moTransformVariantUtils::recordTransformVariant(moNodeUtils::getTransform3D(node, -1), name);
+    }
+    void insert(std::uint64_t index, const osg::TransformVariantPtr& v)
+    {
+        stack.add(new moAddTransformVariantUndoCommand(node, v, index, nullptr, tell()));
+    }
+    void remove(std::uint64_t index)
+    {
+        stack.add(new moRemoveTransformSwitchVariantUndoCommand(node, index, nullptr, tell()));
+    }
+    unsigned int attachmentId() const { return idOf(moNodeUtils::getTransformVariantsAttachment(node)); }
+
+    const moUndoCommandBase& top() const { return *static_cast<const moUndoCommandBase*>(stack.currentCommand()); }
+};
+
+using VariantValue = VariantList;
+
+} // namespace
+
+TEST_F(VariantList, CommandsAreNamedAfterTheNode)
+{
+    insert(0, variant("A"));
+    EXPECT_EQ(top().text(), "Insert transform variant 'Box'");
+    EXPECT_EQ(top().getDescription(), "Insert transform variant");
+    remove(0);
+    EXPECT_EQ(top().text(), "Remove transform variant 'Box'");
+    EXPECT_EQ(top().getDescription(), "Remove transform variant");
+}
+
+TEST_F(VariantList, CommandsHaveABareMessageAndNeverMerge)
+{
+    Trace trace(stack);
+    insert(0, variant("A"));
+    insert(1, variant("B"));
+    EXPECT_EQ(stack.size(), 2);
+    const std::string id = std::to_string(moAddTransformVariantUndoCommand::commandId());
+    EXPECT_EQ(trace.takeMessages().front(),
+              "moURManager::redo index=int:0 added=bool:true text=string:\"Insert transform variant 'Box'\" "
+              "description=string:\"Insert transform variant\" id=int:" +
+                  id);
+    remove(0);
+    remove(0);
+    EXPECT_EQ(stack.size(), 4);
+}
+
+TEST_F(VariantList, TheFirstInsertMakesAListWhichUndoTakesOffAndRedoPutsBack)
+{
+    insert(0, variant("A"));
+    EXPECT_EQ(names(node), "A");
+    const unsigned int list = attachmentId();
+    for (int cycle = 0; cycle < 3; ++cycle) {
+        stack.undo();
+        EXPECT_EQ(names(node), "none");
+        EXPECT_TRUE(exists(list));
+        stack.redo();
+        EXPECT_EQ(names(node), "A");
+        EXPECT_EQ(attachmentId(), list);
+    }
+}
+
+TEST_F(VariantList, AListThatWasThereStaysAlsoWhenUndoLeavesItEmpty)
+{
+    moNodeUtils::createTransformVariantsAttachment(node);
+    const unsigned int list = attachmentId();
+    insert(0, variant("A"));
+    stack.undo();
+    EXPECT_EQ(names(node), "");
+    EXPECT_EQ(attachmentId(), list);
+}
+
+TEST_F(VariantList, UndoOfTheFirstInsertLeavesAListThatHasGotOtherVariants)
+{
+    insert(0, variant("A"));
+    addVariant(node, "B");
+    stack.undo();
+    EXPECT_EQ(names(node), "B");
+}
+
+TEST_F(VariantList, UndoOfALaterInsertLeavesTheListOfTheFirst)
+{
+    insert(0, variant("A"));
+    insert(1, variant("B"));
+    insert(0, variant("C"));
+    EXPECT_EQ(names(node), "CAB");
+    for (const char* expected : {"AB", "A", "none"}) {
+        stack.undo();
+        EXPECT_EQ(names(node), expected);
+    }
+    for (const char* expected : {"A", "AB", "CAB"}) {
+        stack.redo();
+        EXPECT_EQ(names(node), expected);
+    }
+}
+
+TEST_F(VariantList, EveryStepIsToldWithItsIndexAndDirection)
+{
+    insert(0, variant("A"));
+    insert(1, variant("B"));
+    remove(0);
+    EXPECT_THAT(take(), ElementsAre(told1(0, false), told1(1, false), told1(0, false)));
+    stack.undo();
+    stack.undo();
+    EXPECT_THAT(take(), ElementsAre(told1(0, true), told1(1, true)));
+    stack.redo();
+    EXPECT_THAT(take(), ElementsAre(told1(1, false)));
+}
+
+TEST_F(VariantList, RemovingTheOnlyVariantTakesTheListOffAndUndoBringsBothBack)
+{
+    const osg::TransformVariantPtr only = addVariant(node, "A");
+    const unsigned int list = attachmentId();
+    const unsigned int variantId = idOf(only);
+    remove(0);
+    EXPECT_EQ(names(node), "none");
+    stack.undo();
+    EXPECT_EQ(names(node), "A");
+    EXPECT_EQ(attachmentId(), list);
+    EXPECT_EQ(idOf(moNodeUtils::getTransformVariant(node, 0)), variantId);
+    stack.redo();
+    EXPECT_EQ(names(node), "none");
+}
+
+TEST_F(VariantList, RemoveAtEveryPositionGoesBackToTheSameList)
+{
+    const std::string all = "ABCDEF";
+    for (std::size_t length = 1; length <= all.size(); ++length) {
+        addVariant(node, all.substr(length - 1, 1));
+        for (std::size_t index = 0; index < length; ++index) {
+            std::string model = all.substr(0, length);
+            remove(index);
+            model.erase(index, 1);
+            for (int cycle = 0; cycle < 2; ++cycle) {
+                EXPECT_EQ(names(node), model.empty() ? "none" : model);
+                stack.undo();
+                EXPECT_EQ(names(node), all.substr(0, length));
+                stack.redo();
+            }
+            stack.undo();
+        }
+    }
+}
+
+TEST_F(VariantList, InsertAtEveryPositionGoesBackToTheSameList)
+{
+    const std::string all = "ABCDEF";
+    moNodeUtils::createTransformVariantsAttachment(node);
+    for (std::size_t length = 0; length <= all.size(); ++length) {
+        for (std::size_t index = 0; index <= length; ++index) {
+            std::string model = all.substr(0, length);
+            insert(index, variant("x"));
+            model.insert(index, "x");
+            for (int cycle = 0; cycle < 2; ++cycle) {
+                EXPECT_EQ(names(node), model);
+                stack.undo();
+                EXPECT_EQ(names(node), all.substr(0, length));
+                stack.redo();
+            }
+            stack.undo();
+        }
+        if (length < all.size()) addVariant(node, all.substr(length, 1));
+    }
+}
+
+TEST_F(VariantList, AVariantThatIsOutOfTheSceneLivesAsLongAsItsCommandAndNoLonger)
+{
+    const osg::TransformVariantPtr inserted = variant("A");
+    const unsigned int variantId = idOf(inserted);
+    insert(0, inserted);
+    EXPECT_EQ(inserted.getRefCount(), 2);
+    const unsigned int list = attachmentId();
+    EXPECT_EQ(moNodeUtils::getTransformVariantsAttachment(node).getRefCount(), 2);
+    stack.undo();
+    EXPECT_TRUE(exists(variantId));
+    EXPECT_TRUE(exists(list));
+    stack.clear();
+    EXPECT_FALSE(exists(variantId));
+    EXPECT_FALSE(exists(list));
+
+    const osg::TransformVariantPtr removed = addVariant(node, "B");
+    const unsigned int removedId = idOf(removed);
+    EXPECT_EQ(removed.getRefCount(), 1);
+    remove(0);
+    EXPECT_EQ(removed.getRefCount(), 1);
+    stack.undo();
+    EXPECT_EQ(removed.getRefCount(), 2);
+    stack.redo();
+    stack.clear();
+    EXPECT_FALSE(exists(removedId));
+}
+
+TEST_F(VariantList, CountsReturnToWhereTheyWereWhenTheCommandGoes)
+{
+    addVariant(node, "A");
+    const osg::TransformVariantPtr b = addVariant(node, "B");
+    const osg::TransformVariantsAttachmentPtr list = moNodeUtils::getTransformVariantsAttachment(node);
+    const osg::RefPtr<osg::TransformVariantPtr> c(variant("C"));
+    insert(2, c.get());
+    remove(1);
+    stack.undo();
+    stack.undo();
+    stack.clear();
+    EXPECT_EQ(b.getRefCount(), 1);
+    EXPECT_EQ(c.get().getRefCount(), 1);
+    EXPECT_EQ(list.getRefCount(), 1);
+}
+
+TEST_F(VariantList, AnInsertThatNeverRanStillOwnsItsVariant)
+{
+    const osg::TransformVariantPtr v = variant("A");
+    const unsigned int variantId = idOf(v);
+    delete new moAddTransformVariantUndoCommand(node, v, 0, nullptr, tell());
+    EXPECT_FALSE(exists(variantId));
+}
+
+TEST_F(VariantList, UndoOfARemoveWhoseListWasDeletedRestoresAndTellsNothing)
+{
+    addVariant(node, "A");
+    const unsigned int listId = attachmentId();
+    remove(0);
+    take();
+    // Somebody else gives back the reference of the command.
+    auto list = osg::TransformVariantsAttachmentPtr::dcast(osg::FieldContainerFactory::the()->getContainer(listId));
+    ASSERT_NE(list, osg::NullFC);
+    osg::subRefCP(list);
+    stack.undo();
+    EXPECT_EQ(names(node), "none");
+    EXPECT_THAT(told, IsEmpty());
+
+    // Also if the node has got another list meanwhile: intended.
+    stack.redo();
+    take();
+    moNodeUtils::createTransformVariantsAttachment(node);
+    stack.undo();
+    EXPECT_EQ(names(node), "");
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(VariantList, UndoOfARemoveUsesTheListThatTheNodeHas)
+{
+    addVariant(node, "A");
+    remove(0);
+    moNodeUtils::createTransformVariantsAttachment(node);
+    const unsigned int other = attachmentId();
+    stack.undo();
+    EXPECT_EQ(names(node), "A");
+    EXPECT_EQ(attachmentId(), other);
+}
+
+TEST_F(VariantList, ARemoveFromANodeWithoutAListIsToldButBringsNothingBack)
+{
+    remove(0);
+    EXPECT_THAT(take(), ElementsAre(told1(0, false)));
+    stack.undo();
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_EQ(names(node), "none");
+}
+
+TEST_F(VariantList, PositionsPastTheEndChangeNothing)
+{
+    addVariant(node, "A");
+    for (const std::uint64_t index :
+         {std::uint64_t(2), std::uint64_t(1) << 32, std::numeric_limits<std::uint64_t>::max()}) {
+        insert(index, variant("x"));
+        EXPECT_EQ(names(node), "A");
+        stack.undo();
+        EXPECT_EQ(names(node), "A");
+        remove(index);
+        EXPECT_EQ(names(node), "A");
+        stack.undo();
+        EXPECT_EQ(names(node), "A");
+    }
+}
+
+TEST_F(VariantList, NodesAndVariantsThatAreNotThereMakeStepsThatDoAndTellNothing)
+{
+    const osg::NodePtr none;
+    stack.add(new moAddTransformVariantUndoCommand(none, variant("A"), 0, nullptr, tell()));
+    stack.undo();
+    stack.add(new moRemoveTransformSwitchVariantUndoCommand(none, 0, nullptr, tell()));
+    stack.undo();
+    EXPECT_THAT(told, IsEmpty());
+    insert(0, osg::NullFC);
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_EQ(names(node), "none");
+    stack.clear();
+
+    insert(0, variant("A"));
+    remove(0);
+    take();
+    destroy(node);
+    for (int i = 0; i < 2; ++i)
+        stack.undo();
+    for (int i = 0; i < 2; ++i)
+        stack.redo();
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(VariantList, UndoOfAnInsertWithoutAVariantIsToldAllTheSame)
+{
+    // Undo asks for the node only, redo for the variant too: intended.
+    insert(0, osg::NullFC);
+    stack.undo();
+    EXPECT_THAT(take(), ElementsAre(told1(0, true)));
+}
+
+TEST_F(VariantList, NodesWithoutATransformCarryListsAsWell)
+{
+    const osg::NodePtr group = make(osg::Group::create(), "Group");
+    const osg::NodePtr bare = make(osg::NullFC, "Bare");
+    for (const osg::NodePtr& each : {group, bare}) {
+        stack.add(new moAddTransformVariantUndoCommand(each, variant("A"), 0, nullptr, tell()));
+        EXPECT_EQ(names(each), "A");
+        stack.undo();
+        EXPECT_EQ(names(each), "none");
+    }
+}
+
+TEST_F(VariantList, WithoutACallbackEveryStepThrowsAfterTheEdit)
+{
+    const auto each = [this](auto edit, const char* expected) {
+        EXPECT_THROW(edit(), std::bad_function_call);
+        EXPECT_EQ(names(node), expected);
+        EXPECT_EQ(stack.size(), 0);
+    };
+    // The command goes when its push fails; the variant stays where the edit put it.
+    each([&] { stack.add(new moAddTransformVariantUndoCommand(node, variant("A"), 0, nullptr, nullptr)); }, "A");
+    each([&] { stack.add(new moRemoveTransformSwitchVariantUndoCommand(node, 0, nullptr, nullptr)); }, "none");
+    insert(0, variant("B"));
+    EXPECT_EQ(names(node), "B");
+    stack.undo();
+    EXPECT_EQ(names(node), "none");
+}
+
+TEST_F(VariantList, ACallbackThatThrowsAtAnUndoLeavesTheStackUsable)
+{
+    bool fail = false;
+    stack.add(new moAddTransformVariantUndoCommand(node, variant("A"), 0, nullptr, [&](unsigned int, int, bool) {
+        if (fail) throw std::runtime_error("from the callback");
+    }));
+    fail = true;
+    EXPECT_THROW(stack.undo(), std::runtime_error);
+    EXPECT_EQ(names(node), "none");
+    fail = false;
+    stack.undo();
+    EXPECT_EQ(names(node), "none");
+    stack.redo();
+    EXPECT_EQ(names(node), "A");
+}
+
+TEST_F(VariantValue, RenamingTellsTheNameBeforeAndTheNameAfter)
+{
+    const osg::TransformVariantPtr v = addVariant(node, "A");
+    stack.add(new moTransformVariantNameUndoCommand(
+        v, "B", nullptr,
+        [this](const std::string& before, const std::string& after) { told.push_back(before + after); }));
+    EXPECT_EQ(top().text(), "Transform Variant Name");
+    EXPECT_EQ(top().getDescription(), "Transform Variant Name");
+    EXPECT_EQ(names(node), "B");
+    stack.undo();
+    EXPECT_EQ(names(node), "A");
+    stack.redo();
+    EXPECT_THAT(told, ElementsAre("AB", "BA", "AB"));
+}
+
+TEST_F(VariantValue, TheOldNameIsTheOneAtConstruction)
+{
+    const osg::TransformVariantPtr v = addVariant(node, "A");
+    auto* command = new moTransformVariantNameUndoCommand(v, "B", nullptr, [](const auto&, const auto&) {});
+    moTransformVariantUtils::setName(v, "X");
+    stack.add(command);
+    stack.undo();
+    EXPECT_EQ(names(node), "A");
+}
+
+TEST_F(VariantValue, TheOptionsAreAllSixtyFourBits)
+{
+    const osg::TransformVariantPtr v = addVariant(node, "A");
+    stack.add(
+        new moTransformVariantOptionsUndoCommand(v, 0xFEDCBA9876543210u, nullptr, [this] { told.push_back("told"); }));
+    EXPECT_EQ(top().text(), "Transform Variant Options");
+    EXPECT_EQ(v->getApplyFlags(), 0xFEDCBA9876543210u);
+    stack.undo();
+    EXPECT_EQ(v->getApplyFlags(), osg::UInt64(osg::TransformVariant::ApplyAll));
+    stack.redo();
+    EXPECT_EQ(v->getApplyFlags(), 0xFEDCBA9876543210u);
+    EXPECT_THAT(told, ElementsAre("told", "told", "told"));
+}
+
+TEST_F(VariantValue, NeverMergesAndHoldsNoReference)
+{
+    const osg::TransformVariantPtr v = addVariant(node, "A");
+    for (int i = 0; i < 2; ++i) {
+        stack.add(new moTransformVariantNameUndoCommand(v, "B", nullptr, [](const auto&, const auto&) {}));
+        stack.add(new moTransformVariantOptionsUndoCommand(v, 1, nullptr, [] {}));
+        stack.add(new moTransformVariantOptionsUndoCommand(v, 2, nullptr, [] {}));
+    }
+    EXPECT_EQ(stack.size(), 6);
+    EXPECT_EQ(v.getRefCount(), 1);
+}
+
+TEST_F(VariantValue, OfAVariantThatHasGoneDoesAndTellsNothing)
+{
+    const osg::TransformVariantPtr v = addVariant(node, "A");
+    const auto renamed = [this](const std::string&, const std::string&) { told.push_back("renamed"); };
+    const auto changed = [this] { told.push_back("changed"); };
+    stack.add(new moTransformVariantNameUndoCommand(v, "B", nullptr, renamed));
+    stack.add(new moTransformVariantOptionsUndoCommand(v, 1, nullptr, changed));
+    told.clear();
+    moNodeUtils::removeTransformVariant(node, 0);
+    stack.undo();
+    stack.undo();
+    stack.redo();
+    stack.redo();
+    stack.add(new moTransformVariantNameUndoCommand(osg::NullFC, "B", nullptr, renamed));
+    stack.add(new moTransformVariantOptionsUndoCommand(osg::NullFC, 1, nullptr, changed));
+    stack.undo();
+    EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(VariantValue, WithoutACallbackThrowsAfterTheEdit)
+{
+    const osg::TransformVariantPtr v = addVariant(node, "A");
+    EXPECT_THROW(stack.add(new moTransformVariantNameUndoCommand(v, "B", nullptr, nullptr)), std::bad_function_call);
+    EXPECT_THROW(stack.add(new moTransformVariantOptionsUndoCommand(v, 5, nullptr, nullptr)), std::bad_function_call);
+    EXPECT_EQ(names(node), "B");
+    EXPECT_EQ(v->getApplyFlags(), 5u);
+    EXPECT_EQ(stack.size(), 0);
+}
