@@ -81,7 +81,7 @@ void drag(Context& context, const osg::NodePtr& node)
 void moveSelection(Context& context, const std::vector<osg::NodePtr>& selection)
 {
     const int before = context.stack.size();
-    context.stack.beginMultiCommand(QStringLiteral("Move %1 Nodes").arg(selection.size()), "Move Nodes", false);
+    context.stack.beginMultiCommand("Move Selection", "Move Nodes", false);
     for (const osg::NodePtr& node : selection) {
         const osg::Vec3f raised = translation(node) + osg::Vec3f(0.f, 0.25f, 0.f);
         context.stack.addOrExecute(new moTranslationUndoCommand(node, raised, false, nullptr, {}, -1));
@@ -160,7 +160,8 @@ void cancelDialog(Context& context, const osg::NodePtr& node)
     context.stack.mark();
     const int steps = context.stack.size();
     context.stack.addOrExecute(new RenameCommand(node, "Renamed in a Dialog"));
-    moveSelection(context, {node});
+    const osg::Vec3f turned = moNodeUtils::getTransformNodeRotation(node, -1) + osg::Vec3f(0.f, 30.f, 0.f);
+    context.stack.addOrExecute(new moRotationUndoCommand(node, turned, nullptr, {}, -1));
     const QByteArray after = sceneDigest(context.model);
 
     context.stack.reset();

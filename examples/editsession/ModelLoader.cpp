@@ -88,14 +88,13 @@ void settleRotation(const osg::Transform3DPtr& transform)
 
     constexpr int rounds = 200;
     for (int round = 1; round <= rounds; ++round) {
+        // Mostly it takes a few rounds; where they go in a circle, start anew beside it.
+        if (round % 8 == 0)
+            transform->getEulerRotation() += osg::Vec3f(1.f, -1.f, 1.f) * (1e-6f * static_cast<float>(round));
         const osg::Vec3f angles = transform->getEulerRotation();
         osg::endEditCP(transform, T::EulerRotationFieldMask);
         osg::endEditCP(transform, T::RotationFieldMask);
         if (std::equal(angles.getValues(), angles.getValues() + 3, transform->getEulerRotation().getValues())) return;
-
-        // Mostly it takes a few rounds; where they go in a circle, start anew beside it.
-        if (round % 8 == 0)
-            transform->getEulerRotation() += osg::Vec3f(1.f, -1.f, 1.f) * (1e-6f * static_cast<float>(round));
     }
 }
 

@@ -91,6 +91,14 @@ QString written(const QJsonValue& value)
     return QString::fromUtf8(list.mid(1, list.size() - 2));
 }
 
+QString written(const Report::Message& message)
+{
+    QString line = message.name;
+    for (const Report::Entry& e : message.entries)
+        line += ' ' + e.key + '=' + written(e.value);
+    return line;
+}
+
 QJsonObject json(const Report::Step& step)
 {
     QJsonObject object{{"text", step.text}, {"description", step.description}};
@@ -164,12 +172,17 @@ void Report::print(QTextStream& stream) const
 
     stream << "\nMessages  " << messages.size() << '\n';
     QString phase;
-    for (const Message& message : messages) {
-        if (message.phase != phase) stream << "  " << (phase = message.phase) << '\n';
-        stream << "    " << message.name;
-        for (const Entry& e : message.entries)
-            stream << ' ' << e.key << '=' << written(e.value);
+    for (auto message = messages.begin(); message != messages.end();) {
+        if (message->phase != phase) stream << "  " << (phase = message->phase) << '\n';
+        const QString line = written(*message);
+        const auto next = std::find_if(message, messages.end(), [&](const Message& other) {
+            return other.phase != phase || written(other) != line;
+        });
+        stream << "    " << line;
+        // A drag sends the same message at each move.
+        if (next - message > 1) stream << "  (" << static_cast<int>(next - message) << " times)";
         stream << '\n';
+        message = next;
     }
 
     stream << "\nChecks\n";

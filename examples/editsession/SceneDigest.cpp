@@ -58,9 +58,20 @@ private:
             addField(*container->getField(id));
         }
         if (const auto node = osg::NodePtr::dcast(container)) {
-            const osg::Matrix toWorld = node->getToWorld();
-            addBytes(toWorld.getValues(), 16 * sizeof(osg::Real32));
+            addBytes(toWorld(node).getValues(), 16 * sizeof(osg::Real32));
         }
+    }
+
+    /// Kept, so that a deep scene costs no more than a flat one.
+    const osg::Matrix& toWorld(const osg::NodePtr& node)
+    {
+        const auto known = m_toWorld.find(node.getFieldContainerId());
+        if (known != m_toWorld.end()) return known->second;
+
+        osg::Matrix matrix;
+        if (const osg::NodePtr parent = node->getParent()) matrix = toWorld(parent);
+        if (const osg::NodeCorePtr core = node->getCore()) core->accumulateMatrix(matrix);
+        return m_toWorld.emplace(node.getFieldContainerId(), matrix).first->second;
     }
 
     void addField(osg::Field& field)
@@ -114,6 +125,7 @@ private:
     QCryptographicHash m_hash{QCryptographicHash::Sha256};
     std::map<osg::UInt32, std::size_t> m_places;
     std::vector<osg::FieldContainerPtr> m_reached;
+    std::map<osg::UInt32, osg::Matrix> m_toWorld;
 };
 
 } // namespace

@@ -56,9 +56,9 @@ int main(int argc, char** argv)
     parser.setApplicationDescription(
         "Loads a 3D model into a scene graph, edits it, undoes everything and does it again.\n"
         "Exit status: 0 all checks passed, 1 one failed, 2 the model cannot be loaded or the file not be written.");
-    const QCommandLineOption helpOption = parser.addHelpOption();
+    const QCommandLineOption helpOption({"h", "help"}, "Show this text.");
     const QCommandLineOption jsonOption("json", "Write history, messages, checks and digests to this file.", "FILE");
-    parser.addOption(jsonOption);
+    parser.addOptions({helpOption, jsonOption});
     parser.addPositionalArgument("MODEL", "Any model file that Assimp reads. Default: a small studio scene.",
                                  "[MODEL]");
     if (!parser.parse(QCoreApplication::arguments())) return unusable(parser.errorText());

@@ -73,9 +73,9 @@ TEST_F(Chapters, OfTheCoreRecordADragACompositeOfTenAndFunctionCommands)
     std::vector<std::string> steps;
     for (const Report::Step& step : report.history)
         steps.push_back(step.text.toStdString() + ", " + std::to_string(step.children.size()) + " children");
-    EXPECT_THAT(steps, testing::ElementsAre("Translate 'Upper Arm', 0 children", "Move 10 Nodes, 10 children",
+    EXPECT_THAT(steps, testing::ElementsAre("Translate 'Upper Arm', 0 children", "Move Selection, 10 children",
                                             "Hide, 0 children", "Add Marker, 0 children", "Rename, 0 children",
-                                            "Move 1 Nodes, 1 children"));
+                                            "Rotate 'Renamed in a Dialog', 0 children"));
 }
 
 TEST_F(Chapters, OfTheCoreReportTheThirtyMovesOfADragAtTheSameIndex)

@@ -88,6 +88,15 @@ TEST_F(ReportTest, PrintsTextQuotedAndListsInBrackets)
                 HasSubstr("  phase\n    moURManager::redo text=\"say \\\"ä\\\"\"\n    moURManager::redo ids=[7,8]\n"));
 }
 
+TEST_F(ReportTest, PrintsEqualMessagesInARowOnceWithTheirNumber)
+{
+    for (int value : {1, 1, 1, 2, 1})
+        send("k", value);
+    EXPECT_THAT(
+        printed(),
+        HasSubstr("    moURManager::redo k=1  (3 times)\n    moURManager::redo k=2\n    moURManager::redo k=1\n"));
+}
+
 TEST_F(ReportTest, ListsTheStepsWithTheirChildren)
 {
     QUndoCommand composite("Move Both");
