@@ -28,8 +28,8 @@ void LightTest::TearDown()
     moUndoStack::clearAll();
     moSceneDataManager::getSceneData(0)->setSceneNode(osg::NullFC);
     moOpenSGUtils::setRoot(osg::NullFC);
-    while (!m_kept.empty())
-        drop(osg::FieldContainerFactory::the()->getContainer(m_kept.back()));
+    for (auto id = m_kept.rbegin(); id != m_kept.rend(); ++id)
+        osg::subRefCP(osg::FieldContainerFactory::the()->getContainer(*id));
     UndoTest::TearDown();
 }
 

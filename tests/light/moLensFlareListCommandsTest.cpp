@@ -1,8 +1,13 @@
 #include <light/LightTest.h>
 
 #include <moUndoStack/light/moLensFlareListCommands.h>
+#include <moUndoStack/light/moSetLensFlareEffectCommand.h>
+#include <moUndoStack/light/moSetLightProfileShapeCommand.h>
 
 #include <moOpenSGUtils/moLights.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTranslator>
 
 #include <set>
 
@@ -400,6 +405,28 @@ TEST_F(LensFlareElements, ANodeThatIsNoLightAndALightWithoutEffectTakeNoElements
     }
     EXPECT_THAT(edits.take(), testing::IsEmpty());
     EXPECT_TRUE(moLights::getLensFlareEffect(light) == osg::NullFC);
+}
+
+TEST_F(LensFlareElements, EachClassTranslatesInItsOwnContext)
+{
+    class ContextNames : public QTranslator
+    {
+    public:
+        QString translate(const char* context, const char*, const char*, int) const override
+        {
+            return QString::fromUtf8(context);
+        }
+        bool isEmpty() const override { return false; }
+    };
+    ContextNames translator;
+    QCoreApplication::installTranslator(&translator);
+    EXPECT_EQ(moAddLensFlareElementCommand::tr("text"), QStringLiteral("moAddLensFlareElementCommand"));
+    EXPECT_EQ(moRemoveLensFlareElementCommand::tr("text"), QStringLiteral("moRemoveLensFlareElementCommand"));
+    EXPECT_EQ(moAddGhostCommand::tr("text"), QStringLiteral("moAddGhostCommand"));
+    EXPECT_EQ(moRemoveGhostCommand::tr("text"), QStringLiteral("moRemoveGhostCommand"));
+    EXPECT_EQ(moSetLensFlareEffectCommand::tr("text"), QStringLiteral("moSetLensFlareEffectCommand"));
+    EXPECT_EQ(moSetLightProfileShapeCommand::tr("text"), QStringLiteral("moSetLightProfileShapeCommand"));
+    QCoreApplication::removeTranslator(&translator);
 }
 
 } // namespace
