@@ -145,6 +145,14 @@ TEST_F(ImageFieldTest, WhenTheManagerHasAnEqualImageTheGivenOneIsConsumed)
                                       "managed 2, given gone, field managed"}));
 }
 
+TEST_F(ImageFieldTest, TheImageOfOneCommandTakesThePlaceOfItsEqualsInLaterOnes)
+{
+    const auto first = watch("first", makeImage({1, 2}));
+    stack.add(command(first));
+    stack.add(command(watch("equal", makeImage({1, 2}))));
+    EXPECT_EQ(references(), "first 4, equal gone, field first");
+}
+
 TEST_F(ImageFieldTest, OnlyOneReferenceOfTheGivenImageIsConsumed)
 {
     const auto managed = watch("managed", makeImage({1, 2}));
