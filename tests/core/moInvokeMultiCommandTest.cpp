@@ -6,6 +6,8 @@
 
 #include <QtCore/QObject>
 
+#include <stdexcept>
+
 namespace {
 
 using testing::ElementsAre;
@@ -21,6 +23,7 @@ public:
 public Q_SLOTS:
     void refresh() { calls.emplace_back("refresh"); }
     void refreshWith(int) { calls.emplace_back("refreshWith"); }
+    void fail() { throw std::runtime_error("receiver"); }
     int answer()
     {
         calls.emplace_back("answer");
@@ -91,6 +94,13 @@ TEST_F(InvokeMultiCommand, WithoutAReceiverOrAMethodRunsItsChildrenOnly)
     stack.add(made(nullptr));
     EXPECT_EQ(runs, 1);
     EXPECT_THAT(log.take(), ElementsAre("error: Method not found: Receiver::"));
+}
+
+TEST_F(InvokeMultiCommand, TakesBackWhatWasDoneWhenTheMethodThrows)
+{
+    EXPECT_THROW(stack.add(made("fail()")), std::runtime_error);
+    EXPECT_THAT(receiver.calls, ElementsAre("redo a", "undo a"));
+    EXPECT_TRUE(stack.isEmpty());
 }
 
 TEST_F(InvokeMultiCommand, HasAnIdOfItsOwnAndNeverMergesWithAPlainComposite)

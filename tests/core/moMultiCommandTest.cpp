@@ -368,6 +368,17 @@ TEST_F(MultiCommand, DoesAgainWhatWasUndoneWhenAChildFailsToUndo)
     EXPECT_THAT(steps, ElementsAre("undo b", "undo a", "redo b"));
 }
 
+TEST_F(MultiCommand, RunsAChildThatAnotherOneAddsWhileItRuns)
+{
+    moMultiCommand command(moUndoString("a", ""));
+    childOf(&command, "a")->onRedo([&] {
+        if (command.childCount() == 1) childOf(&command, "late");
+    });
+    command.redo();
+    command.undo();
+    EXPECT_THAT(steps, ElementsAre("redo a", "redo late", "undo late", "undo a"));
+}
+
 TEST_F(MultiCommand, ReportsTheFirstFaultWhenTakingBackFailsToo)
 {
     moMultiCommand command(moUndoString("a", ""));

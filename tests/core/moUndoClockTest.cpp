@@ -18,6 +18,8 @@ TEST(UndoClock, CountsSecondsFromItsFirstReading)
 
 TEST(UndoClock, ReadsTheFrequencyOnceAndTheCounterOncePerCall)
 {
+    s_counterReadings = 0;
+    s_frequencyReadings = 0;
     const moUndoClock::Source real = moUndoClock::setSource({[]() -> std::int64_t { return 10 * ++s_counterReadings; },
                                                              []() -> std::int64_t {
                                                                  ++s_frequencyReadings;

@@ -126,6 +126,19 @@ TEST_F(ChangedCallbacks, AreReplacedBySettingAnotherAndRemovedBySettingNone)
     EXPECT_THAT(calls, testing::ElementsAre("second done"));
 }
 
+TEST_F(ChangedCallbacks, MayReplaceThemselvesWhileTheyRun)
+{
+    auto* command = new BareCommand(moUndoString("a", ""), nullptr);
+    const std::string name = "a name too long to be kept inside of a string object";
+    command->setChangedCB([this, command, name](bool) {
+        command->setChangedCB(note("second"));
+        calls.push_back(name);
+    });
+    stack.add(command);
+    stack.undo();
+    EXPECT_THAT(calls, testing::ElementsAre(name, "second undone"));
+}
+
 TEST_F(ChangedCallbacks, AreReleasedWithTheirCommand)
 {
     const auto held = std::make_shared<int>(1);

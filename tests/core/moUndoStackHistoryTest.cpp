@@ -119,6 +119,48 @@ TEST_F(History, LetsASlotCallTheStackWhenAStepWasChosenInIt)
     EXPECT_EQ(describe(stack), "3 steps, at \"a\", undo, redo");
 }
 
+TEST_F(History, LetsACommandThatRunsInAJumpCallTheStack)
+{
+    std::vector<std::string> steps;
+    stack.add((new ProbeCommand("a"))->loggingTo(steps));
+    stack.add(
+        (new ProbeCommand("b"))->loggingTo(steps)->onUndo([&] { stack.add(new ProbeCommand("added in a jump")); }));
+    stack.add((new ProbeCommand("c"))->loggingTo(steps));
+    QUndoView* view = shown();
+    steps.clear();
+    click(*view, 0);
+    EXPECT_THAT(steps, ElementsAre("undo c", "undo b", "undo a"));
+    EXPECT_EQ(describe(stack), "1 step, at \"added in a jump\", undo, no redo");
+    EXPECT_EQ(view->currentIndex().row(), 1);
+}
+
+TEST_F(History, LetsACommandThatRunsInAJumpClearTheStack)
+{
+    int state = 0;
+    stack.add((new ProbeCommand("a"))->onUndo([&] {
+        stack.clear();
+        state = 1;
+    }));
+    click(*shown(), 0);
+    EXPECT_EQ(state, 1);
+    EXPECT_TRUE(stack.isEmpty());
+}
+
+TEST_F(History, WhoseModelHasAListenerThatThrowsLeavesThePushedCommandOnTheStack)
+{
+    const QUndoView* view = shown();
+    QObject context;
+    QObject::connect(view->model(), &QAbstractItemModel::modelReset, &context,
+                     [] { throw std::runtime_error("view"); });
+    int deleted = 0;
+    EXPECT_THROW(stack.add((new ProbeCommand("a"))->onDestroyed([&deleted] { ++deleted; })), std::runtime_error);
+    QObject::disconnect(view->model(), nullptr, &context, nullptr);
+    EXPECT_EQ(deleted, 0);
+    EXPECT_EQ(describe(stack), "1 step, at \"a\", undo, no redo");
+    stack.clear();
+    EXPECT_EQ(deleted, 1);
+}
+
 TEST_F(History, FollowsStepsWhileItIsShown)
 {
     QUndoView* view = shown();

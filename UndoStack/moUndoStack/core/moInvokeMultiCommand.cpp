@@ -8,7 +8,7 @@
 MO_UNDO_COMMAND_ID_IMPL(moInvokeMultiCommand)
 
 moInvokeMultiCommand::moInvokeMultiCommand(const moUndoString& text, QObject* object, const char* method)
-    : moMultiCommand(text), m_object(object)
+    : moMultiCommand(text, [this] { invoke(); }), m_object(object)
 {
     if (!m_object) return;
     const QByteArray signature = QMetaObject::normalizedSignature(method ? method : "");
@@ -23,18 +23,6 @@ moInvokeMultiCommand::moInvokeMultiCommand(const moUndoString& text, QObject* ob
 }
 
 moInvokeMultiCommand::~moInvokeMultiCommand() = default;
-
-void moInvokeMultiCommand::undo()
-{
-    moMultiCommand::undo();
-    invoke();
-}
-
-void moInvokeMultiCommand::redo()
-{
-    moMultiCommand::redo();
-    invoke();
-}
 
 void moInvokeMultiCommand::invoke() const
 {

@@ -19,9 +19,6 @@ public:
     moInvokeMultiCommand(const moUndoString& text, QObject* object, const char* method);
     ~moInvokeMultiCommand() override;
 
-    void undo() override;
-    void redo() override;
-
 private:
     void invoke() const;
 

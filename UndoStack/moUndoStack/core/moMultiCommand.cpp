@@ -15,13 +15,17 @@ using Step = void (QUndoCommand::*)();
 
 /// Runs a step on each child in turn and then the after function. What was through when one of them throws is taken
 /// back, in the opposite order; a second failure while doing so changes nothing about the first.
+///
+/// childAt(i) is the i-th child to step, null behind the last one: a child may add others while it runs.
 template<class ChildAt>
-void runWhole(int count, const ChildAt& childAt, Step step, Step opposite, const std::function<void()>& after)
+void runWhole(const ChildAt& childAt, Step step, Step opposite, const std::function<void()>& after)
 {
     int through = 0;
     try {
-        for (; through < count; ++through)
-            (childAt(through)->*step)();
+        while (QUndoCommand* const child = childAt(through)) {
+            (child->*step)();
+            ++through;
+        }
         if (after) after();
     } catch (...) {
         while (through > 0) {
@@ -59,15 +63,14 @@ moMultiCommand::~moMultiCommand() = default;
 void moMultiCommand::undo()
 {
     const int last = childCount() - 1;
-    runWhole(
-        childCount(), [this, last](int i) { return childAt(last - i); }, &QUndoCommand::undo, &QUndoCommand::redo,
-        m_after);
+    const auto fromTheLast = [this, last](int i) { return childAt(last - i); };
+    runWhole(fromTheLast, &QUndoCommand::undo, &QUndoCommand::redo, m_after);
 }
 
 void moMultiCommand::redo()
 {
-    runWhole(
-        childCount(), [this](int i) { return childAt(i); }, &QUndoCommand::redo, &QUndoCommand::undo, m_after);
+    const auto fromTheFirst = [this](int i) { return childAt(i); };
+    runWhole(fromTheFirst, &QUndoCommand::redo, &QUndoCommand::undo, m_after);
 }
 
 bool moMultiCommand::mergeWith(const QUndoCommand* other)

@@ -33,7 +33,8 @@ void moUndoCommandBase::setChangedCB(std::function<void(bool)> changed)
 
 void moUndoCommandBase::callChangedCB(bool done) const
 {
-    if (m_changed) m_changed(done);
+    // A copy: the function may set another one while it runs.
+    if (const auto changed = m_changed) changed(done);
     for (int i = 0; i < childCount(); ++i) {
         if (const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i))) command->callChangedCB(done);
     }

@@ -7,6 +7,7 @@
 #include <moUtils/moLog.h>
 #include <moUtils/moMessage.h>
 
+#include <QtCore/QItemSelectionModel>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QUndoStack>
 #include <QtWidgets/QUndoView>
@@ -335,6 +336,11 @@ void moUndoStack::reset()
     perform([this] { m_stack->setIndex(m_markIndex); });
 }
 
+void moUndoStack::jump(int index)
+{
+    perform([this, index] { m_stack->setIndex(index); });
+}
+
 void moUndoStack::clear()
 {
     perform([this] {
@@ -396,6 +402,12 @@ void moUndoStack::showHistory()
         m_historyView->resize(width, height);
         // The view lays its whole list out again at each step; with rows of one height that needs no look at each.
         m_historyView->setUniformItemSizes(true);
+        // Qt's model would move Qt's stack behind our back, with nobody to let calls from commands wait meanwhile.
+        const QItemSelectionModel* selection = m_historyView->selectionModel();
+        disconnect(selection, &QItemSelectionModel::currentChanged, m_historyView->model(), nullptr);
+        connect(selection, &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& chosen) {
+            if (chosen.isValid() && chosen.row() != m_stack->index()) jump(chosen.row());
+        });
         moUndoStacks::closeHistoriesInTime();
     }
     m_historyView->show();
@@ -414,15 +426,10 @@ void moUndoStack::setMessageCallback(MessageCallback callback)
     m_messageCallback = callback;
 }
 
-/// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear. Nothing may be thrown into Qt
-/// while it is at work for us: it could not say any more who owns the command. A click into the history comes from Qt
-/// itself.
+/// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear, always from within a call of ours.
+/// Nothing may be thrown into Qt: it could not say any more who owns the command.
 void moUndoStack::indexChanged(int i)
 {
-    if (m_busyDepth == 0) {
-        perform([this, i] { reportIndexChange(i); });
-        return;
-    }
     try {
         reportIndexChange(i);
     } catch (...) {

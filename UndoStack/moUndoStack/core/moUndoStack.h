@@ -32,12 +32,12 @@ class moUndoCommandBase;
 /// (redoPerformed if all was undone) with a null command, before cleared().
 ///
 /// **Calls from listeners and commands.** A slot, message callback, changed callback or a command's own undo, redo or
-/// merge may call the stack. While a stack is at work, a call that would change it (add, addOrExecute of a command to
-/// be recorded, undo, redo, reset, mark, clear, beginMacro, endMacro) waits: it is carried out, in the order of the
-/// calls, when the step at hand has been run and reported, before the outermost call returns. So no command is deleted
-/// while somebody is told about it, and every listener hears of the steps in the order in which they happened. Whether
-/// a command is recorded is decided when it is handed in, not when its turn comes. Commands that are not recorded are
-/// run at once.
+/// merge may call the stack. While a stack is at work on a recorded step, a call that would change it (add,
+/// addOrExecute of a command to be recorded, undo, redo, reset, mark, clear, beginMacro, endMacro, a click into the
+/// history) waits: it is carried out, in the order of the calls, when the step at hand has been run and reported,
+/// before the outermost call returns. So no command is deleted while somebody is told about it, and every listener
+/// hears of the steps in the order in which they happened. Whether a command is recorded is decided when it is handed
+/// in, not when its turn comes. Commands that are not recorded are run and reported at once.
 ///
 /// **Exceptions.** What a listener or a command throws reaches the caller of the outermost operation, after the calls
 /// that waited were carried out; if several throw, the first goes on and the others are logged. The stack stays usable:
@@ -178,6 +178,7 @@ private:
     template<class Call>
     void work(const Call& call);
     void keepException();
+    void jump(int index);
     void closeHistory();
 
     void reportIndexChange(int i);
