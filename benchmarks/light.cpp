@@ -8,6 +8,8 @@
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGRefPtr.h>
 
+#include <QtCore/QCoreApplication>
+
 #include <algorithm>
 
 namespace {
@@ -51,11 +53,8 @@ public:
     }
 
 private:
-    static const QString& text()
-    {
-        static const QString s_text = QStringLiteral("Light Intensity");
-        return s_text;
-    }
+    /// Translated for each command, as a host does.
+    static QString text() { return QCoreApplication::translate("LightUndoCommand", "Light Intensity"); }
 
     unsigned int m_lightId;
     float m_value;
