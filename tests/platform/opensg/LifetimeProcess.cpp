@@ -45,7 +45,11 @@ void initTwice()
     expect(osgInit(0, nullptr), "osgInit succeeds");
     const UInt32 prototypes = factory->getNumLiveContainers();
     expect(prototypes > 5, "every concrete type has a prototype");
+    ChangeList& changes = *Thread::getCurrentChangeList();
+    changes.setReadOnly(false);
+    changes.addChanged(1, 2);
     expect(osgInit(0, nullptr), "a second osgInit succeeds");
+    expect(!changes.getReadOnly() && changes.sizeChanged() == 1, "and leaves the change list alone");
     expect(factory->getNumLiveContainers() == prototypes, "and makes nothing");
     const NodePtr node = Node::create();
     expect(getContainerId(node) == prototypes + 1, "the prototypes have the first ids");
