@@ -12,9 +12,9 @@
 #include <valgrind/callgrind.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <map>
 #include <string>
@@ -25,28 +25,61 @@ namespace {
 using namespace bench;
 
 // Many short repetitions of all cases in random order: what else the machine does meets all of them alike.
-constexpr const char* defaultArguments[] = {"--benchmark_repetitions=15", "--benchmark_min_time=0.01",
+constexpr const char* defaultArguments[] = {"--benchmark_repetitions=21", "--benchmark_min_time=0.005",
                                             "--benchmark_enable_random_interleaving=true"};
 
-const char* const sides[] = {"/ours", "/bare"};
-
-const MakeWork& makerOf(const Comparison& comparison, const std::string& side)
+/// Runs of one side in a block, so that both are measured in about the same heap that they would make for themselves.
+int runsInABlock(int steps)
 {
-    return side == sides[0] ? comparison.ours : comparison.bare;
+    constexpr int stepsInABlock = 20000;
+    return std::max(1, stepsInABlock / steps);
 }
 
-void measure(benchmark::State& state, const MakeWork& make, int steps)
+/// Time that this thread was given: what others do while it waits for its turn is not in it.
+double secondsUsed()
 {
-    using Clock = std::chrono::steady_clock;
-    for ([[maybe_unused]] auto iteration : state) {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+}
+
+/// Time of a block; a run that is not measured comes before it.
+double secondsFor(const MakeWork& make, int steps)
+{
+    double seconds = 0.0;
+    make(steps)->run();
+    for (int i = 0; i < runsInABlock(steps); ++i) {
         const std::unique_ptr<Work> work = make(steps);
-        const Clock::time_point start = Clock::now();
+        const double start = secondsUsed();
         work->run();
-        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+        seconds += secondsUsed() - start;
     }
+    return seconds;
 }
 
-/// Keeps every repetition's time per run.
+/// Measures both sides in turn, so that a machine that is slow for a while is slow for both.
+void measure(benchmark::State& state, const Case& measured)
+{
+    double ours = 0.0;
+    double bare = 0.0;
+    for ([[maybe_unused]] auto iteration : state) {
+        const double before = ours + bare;
+        ours += secondsFor(measured.comparison->ours, measured.steps);
+        bare += secondsFor(measured.comparison->bare, measured.steps);
+        state.SetIterationTime(ours + bare - before);
+    }
+    const double operations = static_cast<double>(state.iterations()) * runsInABlock(measured.steps) * measured.steps;
+    state.counters["ours"] = ours / operations;
+    state.counters["bare"] = bare / operations;
+}
+
+double quantile(std::vector<double> values, double fraction)
+{
+    std::sort(values.begin(), values.end());
+    return values[static_cast<std::size_t>(fraction * static_cast<double>(values.size() - 1))];
+}
+
+/// Keeps what each repetition measured.
 class Collector : public benchmark::BenchmarkReporter
 {
 public:
@@ -54,25 +87,36 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override
     {
         for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration)
-                m_times[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+            if (run.run_type != Run::RT_Iteration) continue;
+            Repetitions& repetitions = m_repetitions[run.run_name.function_name];
+            const double ours = run.counters.at("ours").value;
+            const double bare = run.counters.at("bare").value;
+            repetitions.ours.push_back(ours);
+            repetitions.bare.push_back(bare);
+            repetitions.ratio.push_back(ours / bare);
         }
     }
 
-    /// Nanoseconds per run at a fraction of the sorted repetitions: 0.5 is the median.
-    double quantile(const std::string& name, double fraction)
+    /// Medians in nanoseconds.
+    Row row(const Case& measured) const
     {
-        std::vector<double>& times = m_times[name];
-        std::sort(times.begin(), times.end());
-        return times[static_cast<std::size_t>(fraction * static_cast<double>(times.size() - 1))];
-    }
-    double spread(const std::string& name)
-    {
-        return (quantile(name, 0.75) - quantile(name, 0.25)) / quantile(name, 0.5);
+        constexpr double nanoseconds = 1e9;
+        const Repetitions& found = m_repetitions.at(measured.name());
+        const double spread = quantile(found.ratio, 0.75) - quantile(found.ratio, 0.25);
+        const double ratio = quantile(found.ratio, 0.5);
+        return {measured, quantile(found.ours, 0.5) * nanoseconds, quantile(found.bare, 0.5) * nanoseconds, ratio,
+                spread / ratio};
     }
 
 private:
-    std::map<std::string, std::vector<double>> m_times;
+    struct Repetitions
+    {
+        std::vector<double> ours;
+        std::vector<double> bare;
+        std::vector<double> ratio;
+    };
+
+    std::map<std::string, Repetitions> m_repetitions;
 };
 
 int compareTimes(int argc, char** argv, const std::vector<Case>& cases)
@@ -86,26 +130,17 @@ int compareTimes(int argc, char** argv, const std::vector<Case>& cases)
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return EXIT_FAILURE;
 
     for (const Case& measured : cases) {
-        for (const std::string side : sides) {
-            const MakeWork& make = makerOf(*measured.comparison, side);
-            const int steps = measured.steps;
-            benchmark::RegisterBenchmark((measured.name() + side).c_str(), [&make, steps](benchmark::State& state) {
-                measure(state, make, steps);
-            })->UseManualTime();
-        }
+        benchmark::RegisterBenchmark(measured.name().c_str(), [&measured](benchmark::State& state) {
+            measure(state, measured);
+        })->UseManualTime();
     }
-    std::fprintf(stderr, "measuring %zu cases, two sides each ...\n", cases.size());
+    std::fprintf(stderr, "measuring %zu cases ...\n", cases.size());
     Collector collector;
     benchmark::RunSpecifiedBenchmarks(&collector);
 
     std::vector<Row> rows;
-    for (const Case& measured : cases) {
-        const std::string ours = measured.name() + sides[0];
-        const std::string bare = measured.name() + sides[1];
-        rows.push_back({measured, collector.quantile(ours, 0.5) / measured.steps,
-                        collector.quantile(bare, 0.5) / measured.steps,
-                        std::max(collector.spread(ours), collector.spread(bare))});
-    }
+    for (const Case& measured : cases)
+        rows.push_back(collector.row(measured));
     printTable(rows, "ns");
     printGrowth(rows);
     return EXIT_SUCCESS;
@@ -126,8 +161,9 @@ double instructionsIn(const std::string& file)
 double countInstructions(const MakeWork& make, int steps, const std::string& file)
 {
     static int s_part = 0;
-    // What happens only the first time is no cost of a step: a first run pays for it.
-    make(steps)->run();
+    // What happens only the first time is no cost of a step: the first runs pay for it.
+    for (int i = 0; i < 3; ++i)
+        make(steps)->run();
     const std::unique_ptr<Work> work = make(steps);
     CALLGRIND_ZERO_STATS;
     CALLGRIND_TOGGLE_COLLECT;
@@ -147,7 +183,7 @@ int compareInstructions(const std::string& file, const std::vector<Case>& cases)
             std::fprintf(stderr, "nothing was counted: run this under valgrind --tool=callgrind\n");
             return EXIT_FAILURE;
         }
-        rows.push_back({counted, ours, bare});
+        rows.push_back({counted, ours, bare, ours / bare});
     }
     printTable(rows, "instr");
     return EXIT_SUCCESS;

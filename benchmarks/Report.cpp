@@ -28,15 +28,14 @@ void printTable(const std::vector<Row>& rows, const std::string& unit)
     std::printf("%-*s %8s %12s %12s %6s %7s %15s  %s\n", nameWidth, "case", "steps", ("ours, " + unit).c_str(),
                 ("bare, " + unit).c_str(), "spread", "ratio", "hard | wished", "verdict");
     for (const Row& row : rows) {
-        const double ratio = row.ours / row.bare;
         const Target& target = row.measured.comparison->target;
         std::printf("%-*s %8d %12.1f %12.1f %5.0f%% %7.2f ", nameWidth, row.measured.comparison->name.c_str(),
-                    row.measured.steps, row.ours, row.bare, row.spread * 100.0, ratio);
+                    row.measured.steps, row.ours, row.bare, row.spread * 100.0, row.ratio);
         if (target.hard > 0.0)
             std::printf("%8.2f | %4.2f", target.hard, target.wished);
         else
             std::printf("%15s", "");
-        std::printf("  %s\n", verdict(ratio, target));
+        std::printf("  %s\n", verdict(row.ratio, target));
     }
 }
 

@@ -13,7 +13,9 @@ struct Row
     Case measured;
     double ours;
     double bare;
-    /// Relative spread of the middle half of the measurements, the larger of both sides; 0 for counts.
+    /// Of ours to bare; the median over the repetitions, each of which measures both sides.
+    double ratio;
+    /// How wide the middle half of the ratios lies, relative to their median; 0 for counts.
     double spread = 0.0;
 };
 

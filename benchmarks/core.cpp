@@ -10,37 +10,37 @@ namespace {
 
 using namespace bench;
 
-// The edit of both sides: the traversal mask of a node, found by id. Texts are shared by all commands, as those of a
+// The edit of both sides: the activity of a node, found by id. Texts are shared by all commands, as those of a
 // real editor are.
 
 const QString& editText()
 {
-    static const QString s_text = QStringLiteral("Change Traversal Mask");
+    static const QString s_text = QStringLiteral("Switch Node");
     return s_text;
 }
 
 const moUndoString& undoString()
 {
-    static const moUndoString s_string(editText(), QStringLiteral("Change the traversal mask of a node"),
+    static const moUndoString s_string(editText(), QStringLiteral("Switch a node on or off"),
                                        QStringLiteral("Node Commands"));
     return s_string;
 }
 
-void setTravMask(const osg::NodePtr& node, osg::UInt32 mask)
+void setActive(const osg::NodePtr& node, bool active)
 {
     osg::beginEditCP(node, osg::Node::TravMaskFieldMask);
-    node->setTravMask(mask);
+    node->setActive(active);
     osg::endEditCP(node, osg::Node::TravMaskFieldMask);
 }
 
-class OurEdit : public moFunctionUndoCommand<osg::UInt32>
+class OurEdit : public moFunctionUndoCommand<bool>
 {
 public:
-    OurEdit(const osg::NodePtr& node, osg::UInt32 mask) : moFunctionUndoCommand(undoString(), node, mask, nullptr) {}
+    OurEdit(const osg::NodePtr& node, bool active) : moFunctionUndoCommand(undoString(), node, active, nullptr) {}
 
 protected:
-    osg::UInt32 get(osg::NodePtr node) override { return node->getTravMask(); }
-    void set(osg::NodePtr node, osg::UInt32 mask) override { setTravMask(node, mask); }
+    bool get(osg::NodePtr node) override { return node->getActive(); }
+    void set(osg::NodePtr node, bool active) override { setActive(node, active); }
 };
 
 class OurMergingEdit : public OurEdit
@@ -56,8 +56,8 @@ MO_UNDO_COMMAND_ID_IMPL(OurMergingEdit)
 class BareEdit : public QUndoCommand
 {
 public:
-    BareEdit(const osg::NodePtr& node, osg::UInt32 mask, QUndoCommand* parent)
-        : QUndoCommand(editText(), parent), m_nodeId(node.getFieldContainerId()), m_mask(mask)
+    BareEdit(const osg::NodePtr& node, bool active, QUndoCommand* parent)
+        : QUndoCommand(editText(), parent), m_nodeId(node.getFieldContainerId()), m_active(active)
     {
     }
 
@@ -66,16 +66,16 @@ public:
     {
         const osg::NodePtr node = osg::NodePtr::dcast(osg::FieldContainerFactory::the()->getContainer(m_nodeId));
         if (node == osg::NullFC) return;
-        const osg::UInt32 old = node->getTravMask();
-        setTravMask(node, m_mask);
-        m_mask = old;
+        const bool old = node->getActive();
+        setActive(node, m_active);
+        m_active = old;
     }
 
 protected:
     unsigned int m_nodeId;
 
 private:
-    osg::UInt32 m_mask;
+    bool m_active;
 };
 
 class BareMergingEdit : public BareEdit
@@ -109,7 +109,7 @@ protected:
     const osg::NodePtr& node() const { return m_nodes[0]; }
     /// Never the same one twice in a row.
     const osg::NodePtr& alternatingNode(int step) const { return m_nodes[step % 2]; }
-    static osg::UInt32 mask(int step) { return static_cast<osg::UInt32>(step); }
+    static bool active(int step) { return step % 2 != 0; }
 
 private:
     osg::NodePtr m_nodes[2];
@@ -118,23 +118,26 @@ private:
 /// Commands without an id: nobody thinks of merging.
 struct Ours : Nodes
 {
-    QUndoCommand* operator()(int step, QUndoCommand*) const { return new OurEdit(node(), mask(step)); }
+    QUndoCommand* operator()(int step, QUndoCommand*) const { return new OurEdit(node(), active(step)); }
 };
 struct Bare : Nodes
 {
-    QUndoCommand* operator()(int step, QUndoCommand* parent) const { return new BareEdit(node(), mask(step), parent); }
+    QUndoCommand* operator()(int step, QUndoCommand* parent) const
+    {
+        return new BareEdit(node(), active(step), parent);
+    }
 };
 
 /// Commands of one class on one node: all merge into the first.
 struct OursMerging : Nodes
 {
-    QUndoCommand* operator()(int step, QUndoCommand*) const { return new OurMergingEdit(node(), mask(step)); }
+    QUndoCommand* operator()(int step, QUndoCommand*) const { return new OurMergingEdit(node(), active(step)); }
 };
 struct BareMerging : Nodes
 {
     QUndoCommand* operator()(int step, QUndoCommand* parent) const
     {
-        return new BareMergingEdit(node(), mask(step), parent);
+        return new BareMergingEdit(node(), active(step), parent);
     }
 };
 
@@ -143,14 +146,14 @@ struct OursRefused : Nodes
 {
     QUndoCommand* operator()(int step, QUndoCommand*) const
     {
-        return new OurMergingEdit(alternatingNode(step), mask(step));
+        return new OurMergingEdit(alternatingNode(step), active(step));
     }
 };
 struct BareRefused : Nodes
 {
     QUndoCommand* operator()(int step, QUndoCommand* parent) const
     {
-        return new BareMergingEdit(alternatingNode(step), mask(step), parent);
+        return new BareMergingEdit(alternatingNode(step), active(step), parent);
     }
 };
 
