@@ -35,7 +35,7 @@ public:
     FieldContainer* getBaseCPtr() const { return m_store; }
 
     /// Travels with the handle; no part of its equality.
-    UInt16 getParentFieldPos() const { return m_parentFieldPos; }
+    UInt16 getParentFieldPos() const { return static_cast<UInt16>(m_parentFieldPos); }
     void setParentFieldPos(UInt16 position) { m_parentFieldPos = position; }
 
     // Addresses are compared, across handle types.
@@ -61,7 +61,9 @@ protected:
 private:
     void isSet() const {}
 
-    UInt16 m_parentFieldPos = InvalidParentFieldPos;
+    // As wide as its place in the handle: with a gap behind it, each copy of a handle by value would write two bytes
+    // and then read eight, which stalls the processor.
+    UInt64 m_parentFieldPos = InvalidParentFieldPos;
 };
 
 /// What all typed handles have in common. Base is the handle type of the parent class, so that upcasts are plain
