@@ -1,6 +1,7 @@
 #include <moUtils/moMessage.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -22,11 +23,16 @@ moMessage::moMessage()
 
 void moMessage::set(const std::string& key, const boost::any& value, bool overwrite)
 {
+    set(std::string(key), boost::any(value), overwrite);
+}
+
+void moMessage::set(std::string&& key, boost::any&& value, bool overwrite)
+{
     const auto entry = findEntry(m_entries, key);
     if (entry == m_entries.end())
-        m_entries.emplace_back(key, value);
+        m_entries.emplace_back(std::move(key), std::move(value));
     else if (overwrite)
-        entry->second = value;
+        entry->second = std::move(value);
 }
 
 const boost::any* moMessage::find(const std::string& key) const

@@ -19,6 +19,8 @@ public:
     /// Sets a key. A key that is there already keeps its place; `overwrite` decides whether it takes the new value or
     /// keeps the old one.
     void set(const std::string& key, const boost::any& value, bool overwrite = true);
+    /// The same without copies.
+    void set(std::string&& key, boost::any&& value, bool overwrite = true);
 
     /// The value of a key; null when the key was not set. Valid until the next set().
     const boost::any* find(const std::string& key) const;
