@@ -3,6 +3,8 @@ include_guard(GLOBAL)
 # What every target of the tree has in common: standard, warnings, sanitizers.
 function(mo_setup_target target)
     target_compile_features(${target} PUBLIC cxx_std_17)
+    # Nobody replaces single functions of these libraries: the compiler may inline what they export.
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
     set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                            $<$<BOOL:${MO_WARNINGS_AS_ERRORS}>:-Werror>)
