@@ -96,7 +96,7 @@ template<class T>
 bool moFunctionUndoCommand<T>::canMergeWith(const QUndoCommand* other) const
 {
     if (!moUndoCommand::canMergeWith(other)) return false;
-    const auto* newer = dynamic_cast<const moFunctionUndoCommand<T>*>(other);
+    const auto* newer = this->castLike(*this, other);
     return newer && newer->m_nodeId == m_nodeId;
 }
 

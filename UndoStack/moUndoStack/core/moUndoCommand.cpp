@@ -22,8 +22,9 @@ void moUndoCommand::makeMessage(moMessage& message) const
 
 bool moUndoCommand::canMergeWith(const QUndoCommand* other) const
 {
-    const auto* newer = dynamic_cast<const moUndoCommand*>(other);
-    if (!newer || !newer->m_mergeEnabled || newer->id() != id()) return false;
+    if (!other || other->id() != id()) return false;
+    const auto* newer = castLike(*this, other);
+    if (!newer || !newer->m_mergeEnabled) return false;
     if (!(newer->m_mergeResponseDelta >= 0.0)) return true;
     return m_creationTime > newer->m_creationTime - newer->m_mergeResponseDelta;
 }

@@ -4,6 +4,7 @@
 #include <moUndoStack/core/moUndoCommandId.h>
 
 #include <typeindex>
+#include <typeinfo>
 
 /// Base of every command that makes one edit: the id of its class, its time of creation and the merge interval.
 ///
@@ -48,6 +49,15 @@ protected:
 
     /// Part of a merge: this command counts as made when the newer one was.
     void adoptCreationTime(const moUndoCommand& newer) { m_creationTime = newer.m_creationTime; }
+
+    /// `other` as a Command, or null if it is none. A command that may be merged is nearly always of the very class of
+    /// `self`, which is much cheaper to see than that it is of some class derived from Command.
+    template<class Command>
+    static const Command* castLike(const Command& self, const QUndoCommand* other)
+    {
+        if (other && typeid(*other) == typeid(self)) return static_cast<const Command*>(other);
+        return dynamic_cast<const Command*>(other);
+    }
 
 private:
     double m_creationTime;

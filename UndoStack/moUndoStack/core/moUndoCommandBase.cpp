@@ -4,12 +4,17 @@
 
 #include <utility>
 
+int moUndoCommandBase::s_changedCount = 0;
+
 moUndoCommandBase::moUndoCommandBase(const moUndoString& text, QUndoCommand* parent)
     : QUndoCommand(text.text(), parent), m_parent(parent), m_description(text.description())
 {
 }
 
-moUndoCommandBase::~moUndoCommandBase() = default;
+moUndoCommandBase::~moUndoCommandBase()
+{
+    if (m_changed) --s_changedCount;
+}
 
 QUndoCommand* moUndoCommandBase::parent() const
 {
@@ -28,13 +33,18 @@ QString moUndoCommandBase::getDescription() const
 
 void moUndoCommandBase::setChangedCB(std::function<void(bool)> changed)
 {
-    m_changed = std::move(changed);
+    if (m_changed) --s_changedCount;
+    m_changed = changed ? std::make_unique<std::function<void(bool)>>(std::move(changed)) : nullptr;
+    if (m_changed) ++s_changedCount;
 }
 
 void moUndoCommandBase::callChangedCB(bool done) const
 {
-    // A copy: the function may set another one while it runs.
-    if (const auto changed = m_changed) changed(done);
+    if (m_changed) {
+        // A copy: the function may set another one while it runs.
+        const auto changed = *m_changed;
+        changed(done);
+    }
     for (int i = 0; i < childCount(); ++i) {
         if (const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i))) command->callChangedCB(done);
     }

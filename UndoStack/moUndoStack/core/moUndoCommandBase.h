@@ -6,6 +6,7 @@
 #include <QtWidgets/QUndoCommand>
 
 #include <functional>
+#include <memory>
 
 class moMessage;
 class moUndoString;
@@ -44,7 +45,11 @@ private:
 
     void callChangedCB(bool done) const;
 
+    /// How many commands have a changed callback: while none has, nobody need look for one.
+    static int s_changedCount;
+
     QUndoCommand* m_parent;
-    std::function<void(bool)> m_changed;
+    /// Apart from the command, as few have one and the many are kept smaller by it.
+    std::unique_ptr<std::function<void(bool)>> m_changed;
     QString m_description;
 };

@@ -12,8 +12,10 @@
 #include <QtWidgets/QUndoStack>
 #include <QtWidgets/QUndoView>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <string>
 #include <utility>
 
 unsigned int moUndoStack::s_undoEnableCount = 0;
@@ -26,6 +28,18 @@ namespace {
 constexpr const char* redoMessage = "moURManager::redo";
 constexpr const char* undoMessage = "moURManager::undo";
 constexpr unsigned int stackCount = 2;
+
+/// What QString::toStdString() gives, without its detour over a byte array for texts that are plain ASCII, as most are.
+std::string toUtf8(const QString& text)
+{
+    ushort bits = 0;
+    for (const QChar c : text)
+        bits |= c.unicode();
+    if (bits > 0x7f) return text.toStdString();
+    std::string bytes(static_cast<std::size_t>(text.size()), '\0');
+    std::transform(text.begin(), text.end(), bytes.begin(), [](QChar c) { return static_cast<char>(c.unicode()); });
+    return bytes;
+}
 
 } // namespace
 
@@ -134,7 +148,7 @@ void moUndoStack::endBlockUndo()
 
 QUndoCommand* moUndoStack::currentMultiCommand()
 {
-    return s_multiCommands.isEmpty() ? nullptr : s_multiCommands.top().first;
+    return s_multiCommands.isEmpty() ? nullptr : s_multiCommands.constLast().first;
 }
 
 bool moUndoStack::isComposing()
@@ -473,17 +487,20 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
     moMessage message;
     message.set("index", index, true);
     message.set("added", added, true);
-    message.set("text", command->text().toStdString(), true);
-    if (const auto* described = dynamic_cast<const moUndoCommandBase*>(command))
-        message.set("description", described->getDescription().toStdString(), true);
-    if (const auto* composite = dynamic_cast<const moMultiCommand*>(command))
-        composite->makeMessage(message);
-    else if (const auto* single = dynamic_cast<const moUndoCommand*>(command))
+    message.set("text", toUtf8(command->text()), true);
+    // The usual kind is asked for first: each look at what a command is takes a good part of the time of undoing it.
+    const auto* single = dynamic_cast<const moUndoCommand*>(command);
+    const auto* described = single ? single : dynamic_cast<const moUndoCommandBase*>(command);
+    if (described) message.set("description", toUtf8(described->getDescription()), true);
+    if (single)
         single->makeMessage(message);
+    else if (const auto* composite = dynamic_cast<const moMultiCommand*>(described))
+        composite->makeMessage(message);
     m_messageCallback(name, message, 0);
 }
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)
 {
+    if (moUndoCommandBase::s_changedCount == 0) return;
     if (const auto* ours = dynamic_cast<const moUndoCommandBase*>(command)) ours->callChangedCB(done);
 }
