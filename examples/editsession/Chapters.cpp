@@ -8,8 +8,9 @@ const std::vector<Chapter>& chapters()
 
     // clang-format off
     static const std::vector<Chapter> table = {
-        // name           prepare   run
-        {"core",          nullptr,  coreChapter},
+        // name           prepare            run
+        {"core",          nullptr,           coreChapter},
+        {"field",         prepareFields,     fieldChapter},
     };
     // clang-format on
     return table;

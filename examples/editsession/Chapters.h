@@ -30,5 +30,8 @@ struct Chapter
 
 void coreChapter(Context& context);
 
+void prepareFields(Model& model);
+void fieldChapter(Context& context);
+
 /// The chapters in the order of the session.
 const std::vector<Chapter>& chapters();

@@ -1,0 +1,178 @@
+#include <editsession/Chapters.h>
+#include <editsession/ModelLoader.h>
+#include <editsession/Paint.h>
+#include <editsession/Report.h>
+#include <editsession/SceneDigest.h>
+
+#include <moUndoStack/moUndoCommands.h>
+
+#include <QtCore/QObject>
+
+/// A switch of a user interface that shows whether a paint is lit.
+class Switch : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    bool isOn() const { return m_on; }
+
+public Q_SLOTS:
+    void setOn(bool on) { m_on = on; }
+
+private:
+    bool m_on = true;
+};
+
+namespace {
+
+moUndoString text(const char* action)
+{
+    return moUndoString(action, QStringLiteral("Paint Commands"));
+}
+
+std::vector<osg::PaintPtr> paints(const Model& model)
+{
+    std::vector<osg::PaintPtr> found;
+    for (const osg::FieldContainerRefPtr& container : model.containers) {
+        if (const auto paint = osg::PaintPtr::dcast(container.get())) found.push_back(paint);
+    }
+    return found;
+}
+
+/// Any field of any container by its name; the field's own type decides what the number becomes.
+void setByName(Context& context, const osg::NodePtr& node, const osg::PaintPtr& paint)
+{
+    const int before = context.stack.size();
+    moUndoUtil::makeCommand(text("Hide from Mirrors"), node, "travMask", 0xFE);
+    moUndoUtil::makeCommand(text("Set Transparency"), paint, "Transparency", 0.25);
+    moUndoUtil::makeCommand(text("Set Price"), paint, "price", 19.5F);
+    moUndoUtil::makeCommand(text("Paint Twice"), paint, "coats", 2);
+    context.report.check("field: fields are set by name, whatever their type",
+                         context.stack.size() == before + 4 && node->getTravMask() == 0xFE &&
+                             paint->getTransparency() == 0.25F && paint->getPrice() == 19.5 && paint->getCoats() == 2);
+
+    const QByteArray scene = sceneDigest(context.model);
+    moUndoUtil::makeCommand(text("No Such Field"), paint, "colour", 1);
+    moUndoUtil::makeCommand(text("Text is no Number"), paint, "label", 1);
+    context.report.check("field: what cannot be set is left undone in silence",
+                         context.stack.size() == before + 4 && sceneDigest(context.model) == scene);
+}
+
+/// Three fields in one step: the parent owns the commands.
+void setTogether(Context& context, const osg::PaintPtr& paint)
+{
+    auto* const parent = new moMultiCommand(text("Varnish"), nullptr);
+    moUndoUtil::makeCommand(text("Set Shininess"), paint, "shininess", 96.F, parent);
+    moUndoUtil::makeCommand(text("Set Coats"), paint, "coats", 3, parent);
+    moUndoUtil::makeCommand(text("Set Price"), paint, "price", 24.75, parent);
+    context.stack.addOrExecute(parent);
+    context.report.check("field: three fields are one step", context.stack.currentCommand() == parent &&
+                                                                 parent->childCount() == 3 &&
+                                                                 paint->getShininess() == 96.F);
+}
+
+/// Each key pressed hands in a command with the text so far.
+void type(Context& context, const osg::PaintPtr& paint, const std::string& label)
+{
+    constexpr double noLimit = -1.;
+
+    const int before = context.stack.size();
+    const std::string start = paint->getLabel();
+    for (std::size_t length = 1; length <= label.size(); ++length) {
+        auto* const command =
+            new moStringFieldUndoCommand(text("Name Paint"), paint, "label", label.substr(0, length), nullptr);
+        command->setMergeResponseDelta(noLimit);
+        context.stack.addOrExecute(command);
+    }
+    context.report.check("field: a word that is typed is one step",
+                         context.stack.size() == before + 1 && paint->getLabel() == label);
+    context.stack.undo();
+    context.report.check("field: one undo takes the whole word back", paint->getLabel() == start);
+    context.stack.redo();
+
+    osg::MFString keywords;
+    keywords.push_back(label);
+    keywords.push_back("interior");
+    context.stack.addOrExecute(new moStringsFieldUndoCommand(text("Set Keywords"), paint, "keywords", keywords));
+    context.report.check("field: a list of texts is set at once", paint->getKeywords().size() == 2);
+}
+
+osg::ImagePtr chequered()
+{
+    constexpr osg::UInt8 pixels[] = {0, 255, 255, 0};
+    osg::ImagePtr image = osg::Image::create();
+    image->set(osg::Image::OSG_L_PF, 2, 2, 1, 1, 1, 0., pixels);
+    return image;
+}
+
+/// A texture is assigned, taken back and assigned again. Two paints with the same picture share one image.
+void assignTexture(Context& context, const osg::PaintPtr& paint, const osg::PaintPtr& other)
+{
+    context.stack.addOrExecute(new moImageFieldUndoCommand(paint, "texture", chequered()));
+    const osg::ImagePtr image = paint->getTexture();
+    context.stack.undo();
+    context.report.check("field: an assigned texture is taken back",
+                         image != osg::NullFC && paint->getTexture() == osg::NullFC);
+    context.stack.redo();
+    context.report.check("field: and comes back as the same image", paint->getTexture() == image);
+
+    context.stack.addOrExecute(new moImageFieldUndoCommand(other, "texture", chequered()));
+    context.report.check("field: equal pictures are one image", other->getTexture() == image);
+    context.stack.addOrExecute(new moImageFieldUndoCommand(other, "texture", osg::NullFC));
+    context.report.check("field: a texture is removed", paint == other || paint->getTexture() == image);
+}
+
+/// A switch follows a field. The invoking command tells it at each redo, and does nothing at undo: what an undo means
+/// to the switch is told by the changed callback of the step.
+void follow(Context& context, const osg::PaintPtr& paint)
+{
+    // Lives as long as the history, which holds commands that call it.
+    auto* const lit = new Switch(&context.stack);
+    lit->setOn(paint->getLit());
+    const bool before = lit->isOn();
+
+    auto* const step = new moMultiCommand(text("Switch the Light"), nullptr);
+    moUndoUtil::makeCommand(text("Set Lit"), paint, "lit", !before, step);
+    new moInvokeBoolFieldUndoCommand(text("Show Lit"), paint, "lit", !before, lit, "setOn(bool)", step);
+    step->setChangedCB([lit, before](bool done) {
+        if (!done) lit->setOn(before);
+    });
+    context.stack.addOrExecute(step);
+    context.report.check("field: a switch follows a field", paint->getLit() != before && lit->isOn() != before);
+    context.stack.undo();
+    context.report.check("field: also when the change is taken back",
+                         paint->getLit() == before && lit->isOn() == before);
+    context.stack.redo();
+    context.report.check("field: and made again", paint->getLit() != before && lit->isOn() != before);
+}
+
+} // namespace
+
+void prepareFields(Model& model)
+{
+    std::vector<LoadedMaterial> materials = model.materials;
+    if (materials.empty()) materials.emplace_back();
+    for (const LoadedMaterial& material : materials) {
+        const osg::PaintPtr paint = osg::Paint::create();
+        const osg::CPEditor edit(paint);
+        paint->setDiffuse(material.baseColor);
+        paint->setEmission(material.emission);
+        paint->setTransparency(1.F - material.opacity);
+        paint->setLabel(material.name);
+        model.containers.emplace_back(paint);
+    }
+}
+
+void fieldChapter(Context& context)
+{
+    const std::vector<osg::PaintPtr> all = paints(context.model);
+    setByName(context, context.model.nodes.front(), all.front());
+    setTogether(context, all.front());
+    type(context, all.front(), "Signal Red");
+    assignTexture(context, all.front(), all.back());
+    follow(context, all.front());
+}
+
+#include "ChapterField.moc"
