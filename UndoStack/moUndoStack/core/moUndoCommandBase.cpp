@@ -33,9 +33,9 @@ QString moUndoCommandBase::getDescription() const
 
 void moUndoCommandBase::setChangedCB(std::function<void(bool)> changed)
 {
-    if (m_changed) --s_changedCount;
-    m_changed = changed ? std::make_unique<std::function<void(bool)>>(std::move(changed)) : nullptr;
-    if (m_changed) ++s_changedCount;
+    auto replacement = changed ? std::make_unique<std::function<void(bool)>>(std::move(changed)) : nullptr;
+    s_changedCount += (replacement ? 1 : 0) - (m_changed ? 1 : 0);
+    m_changed = std::move(replacement);
 }
 
 void moUndoCommandBase::callChangedCB(bool done) const
