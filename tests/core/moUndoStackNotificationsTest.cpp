@@ -170,9 +170,13 @@ TEST_F(Notifications, OfACompositeWhoseFirstChildIsACompositeCarryNoFurtherKeys)
 
 TEST_F(Notifications, SpellTextsInUtf8WithEveryCharacter)
 {
-    const QString text = QString::fromUtf8("Größe “Ω” 🎬") + QChar(0) + "end";
-    stack.add(new FamilyCommand(text));
-    EXPECT_THAT(trace.takeMessages(), ElementsAre(message("redo", 0, true, text.toStdString()).substr(8)));
+    // With and without characters beyond Latin 1.
+    const QString texts[] = {QString::fromUtf8("Größe “Ω” 🎬") + QChar(0) + "end", QString::fromUtf8("Größe"), "\x7f"};
+    for (const QString& text : texts) {
+        stack.add(new FamilyCommand(text));
+        EXPECT_THAT(trace.takeMessages(),
+                    ElementsAre(message("redo", stack.size() - 1, true, text.toStdString()).substr(8)));
+    }
 }
 
 TEST_F(Notifications, TakeTheTextOfTheHistoryNotThatOfTheMenus)
