@@ -5,6 +5,7 @@
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moMessage.h>
 
+#include <array>
 #include <cstdlib>
 #include <limits>
 #include <memory>
@@ -214,9 +215,19 @@ TEST_F(MergeInterval, SlidesWithTheCreationTimeTakenOver)
     EXPECT_FALSE(older->canMergeWith(&later(0.5)));
 }
 
+/// Somebody else's command; mistaken for one of ours it would look willing: merging enabled, a negative interval.
+class ForeignCommand : public QUndoCommand
+{
+public:
+    ForeignCommand() { m_content.fill('\xc1'); }
+
+private:
+    std::array<char, 200> m_content;
+};
+
 TEST_F(MergeInterval, RefusesWhatIsNoCommandOfOurs)
 {
-    QUndoCommand plain;
+    ForeignCommand plain;
     EXPECT_FALSE(older->withId(-1)->canMergeWith(&plain));
     EXPECT_FALSE(older->canMergeWith(nullptr));
 }
