@@ -16,6 +16,13 @@ LensFlareEffect::~LensFlareEffect()
     referenceList::clear(_mfElements);
 }
 
+void LensFlareEffect::setUseLightProperties(bool use)
+{
+    if (use == getUseLightProperties()) return;
+    Inherited::setUseLightProperties(use);
+    setLensFlareType(RoundFlare);
+}
+
 void LensFlareEffect::addElement(const LensFlareElementPtr& element)
 {
     referenceList::insertById(_mfElements, element);

@@ -50,11 +50,13 @@ Enum enumOr(Int32 stored, std::size_t count, Enum otherwise)
 
 UberLight::UberLight(const UberLight& source) : Inherited(source)
 {
+    addRefCP(_sfVisibilityReference.getValue());
     addRefCP(_sfLensFlareEffect.getValue());
 }
 
 UberLight::~UberLight()
 {
+    clearRefCP(_sfVisibilityReference.getValue());
     clearRefCP(_sfLensFlareEffect.getValue());
 }
 
@@ -118,6 +120,11 @@ void UberLight::setLightUnit(LightUnit unit)
     if (!isBelow(unit, candelaPerUnit.size()) || unit == old) return;
     setIntensity(static_cast<Real32>(getIntensity() * candelaPerUnit[old] / candelaPerUnit[unit]));
     UberLightBase::setLightUnit(unit);
+}
+
+void UberLight::setVisibilityReference(const NodePtr& node)
+{
+    setRefdCP(_sfVisibilityReference.getValue(), node);
 }
 
 void UberLight::setLensFlareEffect(const LensFlareEffectPtr& effect)

@@ -36,11 +36,11 @@ OSG_CONTAINER_BASE(UberLight, Transform3D, OSG_UBERLIGHT_FIELDS)
 /// is darker at a distance with a steeper mode, hence the rescaling in setAttenuation(). Angles are in degrees. The
 /// profile value is the luminous intensity in candela that the profile's file states, 0 when it states none.
 ///
-/// The visibility reference is a plain handle, as in most fields: the light does not keep the node, and whoever deletes
-/// a node that has external flag 0x10 unsets it here first. The lens flare effect is held with a reference.
+/// The light holds a reference on its lens flare effect and on its visibility reference. The latter must not be a node
+/// of the light itself, or one above: the two would keep each other for ever.
 ///
-/// None of the functions brackets its edit; the comment names the fields for the caller's mask. The enumerations have a fixed
-/// type, so that a value outside of them, which a caller may have from a file, is harmless.
+/// None of the functions brackets its edit; the comment names the fields for the caller's mask. The enumerations have a
+/// fixed type, so that a value outside of them, which a caller may have from a file, is harmless.
 class UberLight : public UberLightBase
 {
     OSG_CONTAINER_OWNING(UberLight)
@@ -106,12 +106,15 @@ public:
     /// nothing. Fields: lightUnit, intensity.
     void setLightUnit(LightUnit unit);
 
+    /// Replaces the node and the reference on it; null takes it away. Field: visibilityReference.
+    void setVisibilityReference(const NodePtr& node);
+
     /// Replaces the effect and the reference on it; null takes it away. Field: lensFlareEffect.
     void setLensFlareEffect(const LensFlareEffectPtr& effect);
 
 protected:
     UberLight() = default;
-    /// A copy has the same lens flare effect, with a reference of its own.
+    /// A copy has the same lens flare effect and visibility reference, with references of its own.
     UberLight(const UberLight& source);
     ~UberLight() override;
 };

@@ -60,7 +60,7 @@ TEST_F(VisibilityReference, RemoveClearsBothAndUndoSetsThemAgain)
 
 TEST_F(VisibilityReference, TheReferenceThatTheLightHadBeforeIsNotRemembered)
 {
-    light->setVisibilityReference(sceneNode);
+    light->setVisibilityReference(makeNode<osg::Group>("other"));
     stack.addOrExecute(new Command(light, node, adding, nullptr));
     stack.undo();
     EXPECT_EQ(state(), "none, unmarked");
@@ -90,14 +90,33 @@ TEST_F(VisibilityReference, TheMessageGivesTheLightsIdAsLightCommandInBothDirect
     EXPECT_EQ(Command(light, node, removing, nullptr).text(), Command(light, node, adding, nullptr).text());
 }
 
-TEST_F(VisibilityReference, NothingHappensAtConstructionAndNothingIsHeld)
+TEST_F(VisibilityReference, NothingHappensAtConstructionAndTheCommandHoldsNothing)
 {
-    EditLog edits;
     delete new Command(light, node, adding, nullptr);
     EXPECT_EQ(state(), "none, unmarked");
     stack.addOrExecute(new Command(light, node, adding, nullptr));
-    EXPECT_EQ(node.getRefCount(), 1);
+    EXPECT_EQ(node.getRefCount(), 2) << "the scene's and the light's";
     EXPECT_EQ(light.getRefCount(), 1);
+    stack.undo();
+    EXPECT_EQ(node.getRefCount(), 1);
+}
+
+TEST_F(VisibilityReference, ANodeThatOnlyTheLightHoldsGoesAfterItsEdit)
+{
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    const osg::UInt32 id = idOf(node);
+    destroy(node);
+    ASSERT_TRUE(isAlive(id));
+    EditLog edits;
+    stack.undo();
+    EXPECT_FALSE(isAlive(id));
+    auto closed = edits.take();
+    ASSERT_GE(closed.size(), 2u) << "what follows is what a node does when it goes";
+    closed.resize(2);
+    EXPECT_THAT(closed, testing::ElementsAre(EditLog::Edit(idOf(light), osg::UberLight::VisibilityReferenceFieldMask),
+                                             EditLog::Edit(id, osg::Node::ExternalFlagsFieldMask)));
+    stack.redo();
+    EXPECT_TRUE(light->getVisibilityReference() == osg::NullFC);
 }
 
 TEST_F(VisibilityReference, NothingMergesHoweverFast)
@@ -114,7 +133,7 @@ TEST_F(VisibilityReference, NothingMergesHoweverFast)
 
 TEST_F(VisibilityReference, NullLightOrNodeMakesTheCommandInert)
 {
-    light->setVisibilityReference(sceneNode);
+    light->setVisibilityReference(makeNode<osg::Group>("other"));
     Trace trace(stack);
     EditLog edits;
     stack.addOrExecute(new Command(osg::NullFC, node, adding, nullptr));

@@ -20,9 +20,9 @@ protected:
         source->setColor(osg::Color3f(.25f, .5f, .75f));
         source->setIntensity(2.f);
         source->setSize(3.f);
-        source->setLensFlareType(Effect::AnamorphicFlare);
         source->setAngularIntensity(4.f);
         source->setUseLightProperties(true);
+        source->setLensFlareType(Effect::AnamorphicFlare);
         source->addElement(Element::create());
         source->addElement(osg::LensFlareGhostLine::create());
         target = keep(Effect::create());
@@ -52,6 +52,13 @@ TEST_F(SetLensFlareEffect, RedoGivesTheTargetAllSettingsOfTheSourceAndUndoItsOwn
         EXPECT_EQ(describeEffect(source), wanted);
         stack.redo();
     }
+}
+
+TEST_F(SetLensFlareEffect, TheTypeIsCopiedAgainAfterUseOfLightPropertiesHasResetIt)
+{
+    stack.addOrExecute(new moSetLensFlareEffectCommand(source, target, nullptr));
+    EXPECT_TRUE(target->getUseLightProperties());
+    EXPECT_EQ(target->getLensFlareType(), Effect::AnamorphicFlare);
 }
 
 TEST_F(SetLensFlareEffect, TheBackupIsTakenAtConstruction)

@@ -86,6 +86,14 @@ TEST_F(SetLightProfileShape, TheUnitIsNotRememberedUndoLeavesTheDefaultOfTheOldT
     EXPECT_EQ(moLights::getLightValue(light), 40.f);
 }
 
+TEST_F(SetLightProfileShape, AProfileLightInAnotherUnitGetsTheDefaultOne)
+{
+    moLights::setLightProfileShape(light);
+    moLights::setLightUnit(light, Light::Watt);
+    stack.addOrExecute(new moSetLightProfileShapeCommand(light, nullptr));
+    EXPECT_EQ(moLights::getLightUnit(light), Light::Candela);
+}
+
 TEST_F(SetLightProfileShape, UndoEditsTheScaleAloneForTheScale)
 {
     stack.addOrExecute(new moSetLightProfileShapeCommand(light, nullptr));

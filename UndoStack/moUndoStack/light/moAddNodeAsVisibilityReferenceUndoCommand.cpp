@@ -39,6 +39,8 @@ void moAddNodeAsVisibilityReferenceUndoCommand::apply(bool remove)
     const auto node = findContainer<osg::NodePtr>(m_nodeId);
     if (!light || !node) return;
 
+    // The light may be the last to hold the node, which has to outlive its edit.
+    const ContainerReference held(node);
     // In this order, so that the light's edit closes first.
     const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
     const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);

@@ -63,7 +63,7 @@ void moSetLensFlareEffectCommand::apply(const osg::LensFlareEffectPtr& from, osg
     to->setLensFlareType(from->getLensFlareType());
     to->setAngularIntensity(from->getAngularIntensity());
     to->setUseLightProperties(from->getUseLightProperties());
-    // The second copy of the type is intended: what a setter before may have adjusted is final after it.
+    // The second copy of the type is intended: the setter before may start anew with another one.
     to->setLensFlareType(from->getLensFlareType());
     to->clearEffects();
     for (const ContainerReference& element : elements)

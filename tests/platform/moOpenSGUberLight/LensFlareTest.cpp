@@ -104,6 +104,21 @@ TYPED_TEST(LensFlareContainer, ACopyHoldsTheSameEntriesOnItsOwn)
     EXPECT_EQ(this->a.get().getRefCount(), 1);
 }
 
+TEST(LensFlareEffect, SwitchingLightPropertiesOverStartsAnewWithARoundFlare)
+{
+    using osg::LensFlareEffect;
+    const osg::RefPtr<osg::LensFlareEffectPtr> effect(LensFlareEffect::create());
+    for (const bool use : {true, false}) {
+        effect->setLensFlareType(LensFlareEffect::AnamorphicFlare);
+        effect->setUseLightProperties(use);
+        EXPECT_EQ(effect->getUseLightProperties(), use);
+        EXPECT_EQ(effect->getLensFlareType(), LensFlareEffect::RoundFlare);
+        effect->setLensFlareType(LensFlareEffect::AnamorphicFlare);
+        effect->setUseLightProperties(use);
+        EXPECT_EQ(effect->getLensFlareType(), LensFlareEffect::AnamorphicFlare);
+    }
+}
+
 TEST(LensFlareTypes, AGhostLineIsAnElementAndAGhostIsNot)
 {
     EXPECT_TRUE(osg::LensFlareGhostLine::getClassType().isDerivedFrom(osg::LensFlareElement::getClassType()));

@@ -122,34 +122,43 @@ TEST_F(UberLightTest, ANewTypeBringsItsUnitAndTheLightShinesAsBefore)
     EXPECT_EQ(UberLight::defaultLightUnit(static_cast<UberLight::LightType>(-1)), UberLight::Candela);
 }
 
-TEST_F(UberLightTest, TheLensFlareEffectIsHeldAndTheVisibilityReferenceIsNot)
+TEST_F(UberLightTest, LensFlareEffectAndVisibilityReferenceAreHeldUntilTheyAreReplacedOrTheLightGoes)
 {
     const osg::RefPtr<osg::LensFlareEffectPtr> effect(osg::LensFlareEffect::create());
-    const osg::RefPtr<osg::LensFlareEffectPtr> other(osg::LensFlareEffect::create());
-    const osg::NodeRefPtr node(osg::Node::create());
+    const osg::RefPtr<osg::LensFlareEffectPtr> otherEffect(osg::LensFlareEffect::create());
+    const osg::NodeRefPtr node(osg::Node::create()), otherNode(osg::Node::create());
     light->setLensFlareEffect(effect);
     light->setLensFlareEffect(effect);
     light->setVisibilityReference(node);
+    light->setVisibilityReference(node);
     EXPECT_EQ(effect.get().getRefCount(), 2);
-    EXPECT_EQ(node.get().getRefCount(), 1);
-    light->setLensFlareEffect(other);
+    EXPECT_EQ(node.get().getRefCount(), 2);
+    light->setLensFlareEffect(otherEffect);
+    light->setVisibilityReference(otherNode);
     EXPECT_EQ(effect.get().getRefCount(), 1);
-    EXPECT_EQ(other.get().getRefCount(), 2);
+    EXPECT_EQ(node.get().getRefCount(), 1);
     light = osg::UberLightPtr();
-    EXPECT_EQ(other.get().getRefCount(), 1);
+    EXPECT_EQ(otherEffect.get().getRefCount(), 1);
+    EXPECT_EQ(otherNode.get().getRefCount(), 1);
 }
 
-TEST_F(UberLightTest, ACopyHoldsTheSameLensFlareEffect)
+TEST_F(UberLightTest, ACopyHoldsTheSameContainersOnItsOwn)
 {
     const osg::RefPtr<osg::LensFlareEffectPtr> effect(osg::LensFlareEffect::create());
+    const osg::NodeRefPtr node(osg::Node::create());
     light->setLensFlareEffect(effect);
+    light->setVisibilityReference(node);
     light->setIntensity(5.f);
     osg::UberLightPtr copy = osg::UberLightPtr::dcast(light->shallowCopy());
     EXPECT_EQ(copy->getIntensity(), 5.f);
     EXPECT_TRUE(copy->getLensFlareEffect() == effect.get());
-    EXPECT_EQ(effect.get().getRefCount(), 3);
-    osg::subRefCP(copy);
+    EXPECT_TRUE(copy->getVisibilityReference() == node.get());
+    light = osg::UberLightPtr();
     EXPECT_EQ(effect.get().getRefCount(), 2);
+    EXPECT_EQ(node.get().getRefCount(), 2);
+    osg::subRefCP(copy);
+    EXPECT_EQ(effect.get().getRefCount(), 1);
+    EXPECT_EQ(node.get().getRefCount(), 1);
 }
 
 } // namespace
