@@ -11,6 +11,7 @@ const std::vector<Chapter>& chapters()
         // name           prepare            run
         {"core",          nullptr,           coreChapter},
         {"field",         prepareFields,     fieldChapter},
+        {"light",         prepareLights,     lightChapter},
     };
     // clang-format on
     return table;

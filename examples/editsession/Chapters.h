@@ -33,5 +33,8 @@ void coreChapter(Context& context);
 void prepareFields(Model& model);
 void fieldChapter(Context& context);
 
+void prepareLights(Model& model);
+void lightChapter(Context& context);
+
 /// The chapters in the order of the session.
 const std::vector<Chapter>& chapters();

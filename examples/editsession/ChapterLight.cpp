@@ -1,0 +1,272 @@
+#include <editsession/Chapters.h>
+#include <editsession/ModelLoader.h>
+#include <editsession/Report.h>
+#include <editsession/SceneDigest.h>
+
+#include <moUndoStack/moUndoCommands.h>
+
+#include <moOpenSGUtils/moLights.h>
+#include <moSceneData/moSceneDataManager.h>
+
+#include <OpenSG/OSGSimpleAttachments.h>
+
+#include <algorithm>
+
+namespace {
+
+using osg::UberLight;
+
+constexpr osg::UInt32 sharedCoreFlag = 0x2;
+constexpr unsigned int lightList = 3, sceneNodeList = 0;
+constexpr bool adding = false, removing = true;
+
+/// What prepare() puts into the scene, found again below the root by its name.
+constexpr const char* areaLightName = "Area Light";
+constexpr const char* standInName = "Area Light as seen by the Library";
+constexpr const char* linkSetName = "Light Links";
+
+UberLight::LightType typeOf(LoadedLight::Kind kind)
+{
+    switch (kind) {
+    case LoadedLight::Kind::Directional:
+        return UberLight::DirectionalLight;
+    case LoadedLight::Kind::Spot:
+        return UberLight::SpotLight;
+    case LoadedLight::Kind::Area:
+        return UberLight::AreaLight;
+    case LoadedLight::Kind::Point:
+    case LoadedLight::Kind::Ambient:
+        break;
+    }
+    return UberLight::PointLight;
+}
+
+/// A core that shines as the file says and stands where the node's transform puts it.
+osg::UberLightPtr lightCore(const LoadedLight& loaded)
+{
+    const osg::UberLightPtr light = UberLight::create();
+    const osg::CPEditor edit(light, osg::FieldBits::AllFields);
+    if (const auto transform = osg::Transform3DPtr::dcast(loaded.node->getCore())) {
+        for (osg::UInt32 id = osg::Transform::NextFieldId; id < osg::Transform3D::NextFieldId; ++id)
+            light->getField(id)->setAbstrValue(*transform->getField(id));
+    }
+    const float intensity = std::max({loaded.color.red(), loaded.color.green(), loaded.color.blue()});
+    light->setLightType(typeOf(loaded.kind));
+    if (intensity > 0.f) {
+        light->setIntensity(intensity);
+        light->setDiffuse(osg::Color3f(loaded.color.red() / intensity, loaded.color.green() / intensity,
+                                       loaded.color.blue() / intensity));
+    }
+    if (loaded.kind == LoadedLight::Kind::Spot) {
+        light->setConeAngle(std::clamp(loaded.outerConeAngle, 0.f, 180.f));
+        light->setPenumbraAngle(std::clamp(loaded.outerConeAngle - loaded.innerConeAngle, 0.f, 180.f));
+    }
+    if (loaded.attenuation[2] > 0.f)
+        light->setAttenuation(UberLight::QuadraticAttenuation);
+    else if (loaded.attenuation[1] > 0.f)
+        light->setAttenuation(UberLight::LinearAttenuation);
+    return light;
+}
+
+osg::NodePtr addNode(const osg::NodePtr& parent, const char* name, const osg::NodeCorePtr& core)
+{
+    const osg::NodePtr node = osg::makeNodeFor(core);
+    osg::setName(node, name);
+    const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
+    parent->addChild(node);
+    return node;
+}
+
+osg::NodePtr childOfRoot(const Model& model, const char* name)
+{
+    const osg::NodePtr root = model.root.get();
+    for (osg::UInt32 i = root->getNChildren(); i > 0; --i) {
+        const char* childName = osg::getName(root->getChild(i - 1));
+        if (childName && std::string(childName) == name) return root->getChild(i - 1);
+    }
+    return osg::NullFC;
+}
+
+/// Scene 0 is the model, as long as this lives: a command that looks for the real node of a light looks there.
+class SceneZero
+{
+public:
+    explicit SceneZero(const Model& model) { moSceneDataManager::getSceneData(0)->setSceneNode(model.root.get()); }
+    ~SceneZero() { moSceneDataManager::getSceneData(0)->setSceneNode(osg::NullFC); }
+    SceneZero(const SceneZero&) = delete;
+    SceneZero& operator=(const SceneZero&) = delete;
+};
+
+/// A slider is dragged: a command for each move, and one step in the history.
+template<class Command, class T>
+void drag(Context& context, const osg::NodePtr& light, T (*value)(const osg::NodePtr&), const T& first, const T& last)
+{
+    constexpr int moves = 20;
+    // Seconds: the hand may rest in the middle of a drag.
+    constexpr double mergeInterval = 10.;
+
+    const QByteArray before = sceneDigest(context.model);
+    const int steps = context.stack.size();
+    for (int move = 1; move <= moves; ++move) {
+        const float part = static_cast<float>(move) / static_cast<float>(moves);
+        auto* command = new Command(light, move == moves ? last : T(first + (last - first) * part), nullptr);
+        command->setMergeResponseDelta(mergeInterval);
+        context.stack.addOrExecute(command);
+    }
+    const char* name = osg::getName(light);
+    const QString text = QStringLiteral("%1, %2").arg(QString::fromUtf8(name), context.stack.currentCommand()->text());
+    context.report.check(QStringLiteral("light: the moves of a drag are one step (%1)").arg(text),
+                         context.stack.size() == steps + 1 && value(light) == last);
+    context.stack.undo();
+    context.report.check(QStringLiteral("light: one undo takes the whole drag back (%1)").arg(text),
+                         sceneDigest(context.model) == before);
+    context.stack.redo();
+}
+
+void editProperties(Context& context, const osg::NodePtr& light)
+{
+    using osg::Vec3f;
+    drag<moLightDiffuseUndoCommand>(context, light, moLights::getDiffuse, Vec3f(1.f, 1.f, 1.f), Vec3f(1.f, .75f, .5f));
+    drag<moLightGlossyUndoCommand>(context, light, moLights::getGlossy, Vec3f(1.f, 1.f, 1.f), Vec3f(.5f, .75f, 1.f));
+    drag<moLightIntensityUndoCommand>(context, light, moLights::getLightValue, 1.f, 27.5f);
+    drag<moLightConeAngleUndoCommand>(context, light, moLights::getConeAngle, 20.f, 72.f);
+    drag<moLightPenumbraAngleUndoCommand>(context, light, moLights::getPenumbraAngle, 0.f, 12.f);
+
+    const float value = moLights::getLightValue(light);
+    const auto attenuation = moLights::getAttenuation(light) == UberLight::QuadraticAttenuation
+                                 ? UberLight::NoAttenuation
+                                 : UberLight::QuadraticAttenuation;
+    context.stack.addOrExecute(new moLightAttenuationUndoCommand(light, attenuation, nullptr));
+    context.report.check("light: another attenuation keeps the light value", moLights::getLightValue(light) == value);
+
+    context.stack.addOrExecute(new moLightEnableUndoCommand(light, false, nullptr));
+    const int steps = context.stack.size();
+    context.stack.addOrExecute(new moLightVisibleUndoCommand(light, false, nullptr));
+    context.stack.addOrExecute(new moLightVisibleUndoCommand(light, true, nullptr));
+    context.stack.addOrExecute(new moLightVisibleUndoCommand(light, false, nullptr));
+    context.report.check("light: showing and hiding stay steps of their own", context.stack.size() == steps + 3);
+}
+
+/// A lens flare is built from parts, thinned out, and replaced by another one.
+void editLensFlare(Context& context, const osg::NodePtr& light)
+{
+    const osg::LensFlareEffectPtr flare = moLights::getLensFlareEffect(light);
+    const osg::LensFlareElementPtr glow = osg::LensFlareElement::create();
+    const osg::LensFlareElementPtr ring = osg::LensFlareElement::create();
+    const osg::LensFlareGhostLinePtr ghostLine = osg::LensFlareGhostLine::create();
+    context.stack.addOrExecute(new moAddLensFlareElementCommand(light, {glow, ring, ghostLine}, nullptr));
+
+    std::vector<osg::LensFlareGhostPtr> ghosts;
+    for (const float position : {.5f, .8f, 1.3f, 1.9f}) {
+        ghosts.push_back(osg::LensFlareGhost::create());
+        ghosts.back()->setPosition(position);
+    }
+    context.stack.addOrExecute(new moAddGhostCommand(ghostLine, ghosts, nullptr));
+
+    const QByteArray whole = sceneDigest(context.model);
+    context.stack.addOrExecute(
+        new moRemoveGhostCommand(ghostLine, {osg::getContainerId(ghosts[1]), osg::getContainerId(ghosts[2])}, nullptr));
+    context.stack.addOrExecute(new moRemoveLensFlareElementCommand(light, {osg::getContainerId(ring)}, nullptr));
+    context.report.check("light: parts were taken out of a lens flare",
+                         flare->getElements().size() == 2 && ghostLine->getGhosts().size() == 2);
+    context.stack.undo();
+    context.stack.undo();
+    context.report.check("light: undo puts them back where they were", sceneDigest(context.model) == whole);
+    context.stack.redo();
+    context.stack.redo();
+
+    const osg::RefPtr<osg::LensFlareEffectPtr> preset(osg::LensFlareEffect::create());
+    preset->setLensFlareType(osg::LensFlareEffect::AnamorphicFlare);
+    preset->setColor(osg::Color3f(.4f, .6f, 1.f));
+    preset->setSize(2.5f);
+    preset->addElement(osg::LensFlareElement::create());
+    context.stack.addOrExecute(new moSetLensFlareEffectCommand(preset, flare, nullptr));
+    context.report.check("light: a lens flare takes over all of a preset",
+                         flare->getSize() == 2.5f && flare->getElements().size() == 1);
+}
+
+void editProfile(Context& context, const osg::NodePtr& light)
+{
+    const QByteArray before = sceneDigest(context.model);
+    context.stack.addOrExecute(new moSetLightProfileShapeCommand(light, nullptr));
+    context.report.check("light: a light has the shape and the value of its profile",
+                         moLights::getLightTypeName(light) == "Profile" && moLights::getLightValue(light) == 850.f);
+    context.stack.undo();
+    context.report.check("light: undo gives type, scale and value back", sceneDigest(context.model) == before);
+    context.stack.redo();
+}
+
+void editLinks(Context& context, const osg::NodePtr& areaLight)
+{
+    const auto set = osg::LightLinkSetPtr::dcast(childOfRoot(context.model, linkSetName)->getCore());
+    const SceneZero scene(context.model);
+
+    // Whatever stands in for the area light, it is the area light that goes in.
+    const osg::NodePtr standIn = childOfRoot(context.model, standInName);
+    context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, standIn, lightList, adding, nullptr));
+    context.report.check("light: a light with a shared core is listed by its real node",
+                         set->containsLight(areaLight) && !set->containsLight(standIn));
+
+    // A link set refuses the root, which a file may have put a light on.
+    std::vector<osg::NodePtr> lights;
+    for (const LoadedLight& loaded : context.model.lights) {
+        if (loaded.node != context.model.root.get()) lights.push_back(loaded.node);
+    }
+    context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, lights, lightList, adding, nullptr));
+    context.report.check("light: a link set lists a light once", set->getLights().size() == lights.size());
+
+    const std::vector<osg::NodePtr> nodes(context.model.nodes.begin() + 1, context.model.nodes.end());
+    context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, nodes, sceneNodeList, adding, nullptr));
+    context.report.check("light: a link set takes every node", set->getSceneNodes().size() == nodes.size());
+
+    // Reordering: every other node leaves its place and comes in again behind the others.
+    std::vector<osg::NodePtr> moved;
+    for (std::size_t i = 0; i < nodes.size(); i += 2)
+        moved.push_back(nodes[i]);
+    const QByteArray before = sceneDigest(context.model);
+    context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, moved, sceneNodeList, removing, nullptr));
+    context.stack.undo();
+    context.report.check("light: removed nodes return to their places", sceneDigest(context.model) == before);
+    context.stack.redo();
+    context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, moved, sceneNodeList, adding, nullptr));
+
+    if (nodes.empty()) return;
+    context.stack.addOrExecute(new moAddNodeAsVisibilityReferenceUndoCommand(
+        osg::UberLightPtr::dcast(areaLight->getCore()), nodes.back(), adding, nullptr));
+    context.report.check("light: a visibility reference is marked", (nodes.back()->getExternalFlags() & 0x10) != 0);
+}
+
+} // namespace
+
+void prepareLights(Model& model)
+{
+    for (const LoadedLight& loaded : model.lights) {
+        const osg::CPEditor edit(loaded.node, osg::Node::CoreFieldMask);
+        loaded.node->setCore(lightCore(loaded));
+    }
+
+    // What model files do not bring along: an area light with a profile and a lens flare, another node with its core,
+    // and a link set.
+    const osg::UberLightPtr core = UberLight::create();
+    const osg::NodePtr areaLight = addNode(model.root.get(), areaLightName, core);
+    moLights::changeLightType(areaLight, "Area");
+    moLights::setLightProfile(areaLight, "softbox.ies", 850.f);
+    moLights::setLensFlareEffect(areaLight, osg::LensFlareEffect::create());
+    {
+        const osg::CPEditor edit(core, osg::Transform3D::ScaleFieldMask);
+        core->setScale(osg::Vec3f(2.f, 1.f, 1.f));
+    }
+    model.lights.push_back({LoadedLight::Kind::Area, areaLight, osg::Color3f(1.f, 1.f, 1.f)});
+    addNode(model.root.get(), standInName, core)->setExternalFlags(sharedCoreFlag);
+    addNode(model.root.get(), linkSetName, osg::LightLinkSet::create());
+}
+
+void lightChapter(Context& context)
+{
+    const osg::NodePtr areaLight = context.model.lights.back().node;
+    for (const LoadedLight& loaded : context.model.lights)
+        editProperties(context, loaded.node);
+    editLensFlare(context, areaLight);
+    editProfile(context, areaLight);
+    editLinks(context, areaLight);
+}
