@@ -4,6 +4,8 @@
 #include <OpenSG/OSGFieldContainerPtr.h>
 #include <OpenSG/OSGThread.h>
 
+#include <typeinfo>
+
 namespace osg {
 
 class FieldContainerType;
@@ -75,6 +77,20 @@ private:
     UInt32 m_id;
     Int32 m_refCount = 0;
 };
+
+template<class Self, class Base, class Object>
+Self ContainerHandle<Self, Base, Object>::dcast(const FieldContainerPtrBase& handle)
+{
+    Self result;
+    if (FieldContainer* const store = handle.getBaseCPtr()) {
+        // The very class asked for is the usual case, and much cheaper to recognise than a derived one.
+        if (typeid(*store) == typeid(Object) || dynamic_cast<const Object*>(store)) {
+            result.m_store = store;
+            result.setParentFieldPos(handle.getParentFieldPos());
+        }
+    }
+    return result;
+}
 
 inline UInt32 FieldContainerPtrBase::getFieldContainerId() const
 {

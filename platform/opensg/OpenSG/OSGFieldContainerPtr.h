@@ -3,7 +3,6 @@
 #include <OpenSG/OSGBaseTypes.h>
 
 #include <iosfwd>
-#include <typeinfo>
 
 namespace osg {
 
@@ -204,20 +203,6 @@ inline void subRef(const FieldContainerPtrBase& container)
 inline Int32 getRefCount(const FieldContainerPtrBase& container)
 {
     return container.getRefCount();
-}
-
-template<class Self, class Base, class Object>
-Self ContainerHandle<Self, Base, Object>::dcast(const FieldContainerPtrBase& handle)
-{
-    Self result;
-    if (FieldContainer* const store = handle.getBaseCPtr()) {
-        // The very class asked for is the usual case, and much cheaper to recognise than a derived one.
-        if (typeid(*store) == typeid(Object) || dynamic_cast<const Object*>(store)) {
-            result.m_store = store;
-            result.setParentFieldPos(handle.getParentFieldPos());
-        }
-    }
-    return result;
 }
 
 } // namespace osg
