@@ -215,11 +215,11 @@ TEST_F(MergeInterval, SlidesWithTheCreationTimeTakenOver)
     EXPECT_FALSE(older->canMergeWith(&later(0.5)));
 }
 
-/// Somebody else's command; mistaken for one of ours it would look willing: merging enabled, a negative interval.
+/// Somebody else's command; mistaken for one of ours it would look willing: merging enabled, made at the very start.
 class ForeignCommand : public QUndoCommand
 {
 public:
-    ForeignCommand() { m_content.fill('\xc1'); }
+    ForeignCommand() { m_content.fill('\x01'); }
 
 private:
     std::array<char, 200> m_content;
@@ -228,6 +228,7 @@ private:
 TEST_F(MergeInterval, RefusesWhatIsNoCommandOfOurs)
 {
     ForeignCommand plain;
+    older->adoptCreationTime(later(1.0));
     EXPECT_FALSE(older->withId(-1)->canMergeWith(&plain));
     EXPECT_FALSE(older->canMergeWith(nullptr));
 }
