@@ -38,8 +38,10 @@ public:
     /// Takes out the first source that stands for the scene object.
     void removeSource(const AttachmentContainerPtr& object);
 
-    /// Appends the constraint object itself, with its weight; one that is listed already stays where it is.
+    /// Appends the constraint object itself, with its weight. One that is listed already stays where it is; one that
+    /// was made for the same scene object meanwhile gives it its place.
     void addSourceObject(ConstraintObjectPtr object);
+    /// Takes out the constraint object, or the one that was made for the same scene object meanwhile.
     void removeSourceObject(ConstraintObjectPtr object);
 
     /// Makes the scene object the target, through a new constraint object.

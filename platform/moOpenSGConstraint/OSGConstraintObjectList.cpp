@@ -4,6 +4,18 @@
 
 namespace osg {
 
+namespace {
+
+/// The object itself, or the one that stands for the same scene object; the end if there is neither.
+MFConstraintObjectPtr::iterator place(MFConstraintObjectPtr& list, const ConstraintObjectPtr& object)
+{
+    const auto itself = list.find(object);
+    if (itself != list.end() || object == NullFC) return itself;
+    return list.find(findInList(list, object->getObject()));
+}
+
+} // namespace
+
 ConstraintObjectPtr findInList(const MFConstraintObjectPtr& list, const AttachmentContainerPtr& object)
 {
     if (object == NullFC) return NullFC;
@@ -23,14 +35,16 @@ void addToList(MFConstraintObjectPtr& list, const AttachmentContainerPtr& object
 
 void addToList(MFConstraintObjectPtr& list, const ConstraintObjectPtr& object)
 {
-    if (object == NullFC || list.find(object) != list.end()) return;
+    if (object == NullFC) return;
+    const auto taken = place(list, object);
+    if (taken != list.end()) return setRefdCP(*taken, object);
     addRefCP(object);
     list.push_back(object);
 }
 
 void removeFromList(MFConstraintObjectPtr& list, const ConstraintObjectPtr& object)
 {
-    const auto found = list.find(object);
+    const auto found = place(list, object);
     if (found == list.end()) return;
     const ConstraintObjectPtr removed = *found;
     list.erase(found);

@@ -1,5 +1,6 @@
 #include "TracedConstraints.h"
 
+#include <moUndoStack/constraint/moAddConstraintSourcesUndoCommand.h>
 #include <moUndoStack/constraint/moDeleteConstraintReferenceUndoCommand.h>
 
 namespace {
@@ -161,6 +162,24 @@ TEST_F(DeleteConstraintReference, SceneObjectThatHasGoneComesBackAsARoleWithoutO
     EXPECT_EQ(describe(aim), "sources door*0.5 car*0.75 gone*0.25 up car*3 gone*2 target gone*1");
     command.redo();
     EXPECT_EQ(describe(aim), "sources door*0.5 car*0.75 up car*3 target -");
+}
+
+TEST_F(DeleteConstraintReference, RemovesAgainWhatASourceCommandBeforeItHasAddedAgain)
+{
+    stack.add(new moAddConstraintSourcesUndoCommand(plain, {lamp, door}, nullptr));
+    stack.add(new Command(plain, {lamp}, nullptr));
+    EXPECT_EQ(describe(plain), "sources door*1 target -");
+    stack.undo();
+    stack.undo();
+    EXPECT_EQ(describe(plain), "sources target -");
+    stack.redo();
+    EXPECT_EQ(describe(plain), "sources lamp*1 door*1 target -");
+    stack.redo();
+    EXPECT_EQ(describe(plain), "sources door*1 target -");
+    stack.undo();
+    EXPECT_EQ(describe(plain), "sources door*1 lamp*1 target -");
+    stack.undo();
+    EXPECT_EQ(describe(plain), "sources target -");
 }
 
 TEST_F(DeleteConstraintReference, ObjectsOfAnotherConstraintAreLeftAlone)

@@ -144,6 +144,50 @@ TEST_P(ConstraintList, ObjectPutBackIsTheSameObjectAtTheEnd)
     osg::subRefCP(object);
 }
 
+TEST_P(ConstraintList, ObjectPutBackTakesThePlaceOfTheOneMadeMeanwhile)
+{
+    add(lamp, 0.25f);
+    const auto object = find(lamp);
+    osg::addRefCP(object);
+    removeObject(object);
+    add(lamp, 0.5f);
+    add(door, 1);
+    ASSERT_NE(find(lamp), object);
+
+    addObject(object);
+    EXPECT_THAT(list(), ElementsAre(object, find(door)));
+    EXPECT_EQ(object.getRefCount(), 2);
+    osg::subRefCP(object);
+}
+
+TEST_P(ConstraintList, RemovedObjectTakesTheOneMadeMeanwhileWithIt)
+{
+    add(lamp, 0.25f);
+    const auto object = find(lamp);
+    osg::addRefCP(object);
+    remove(lamp);
+    add(door, 1);
+    add(lamp, 0.5f);
+
+    removeObject(object);
+    EXPECT_THAT(list(), ElementsAre(find(door)));
+    EXPECT_EQ(object.getRefCount(), 1);
+    osg::subRefCP(object);
+}
+
+TEST_P(ConstraintList, ObjectsWhoseSceneObjectsHaveGoneAreToldApart)
+{
+    add(lamp, 0.25f);
+    add(door, 0.5f);
+    const auto ofLamp = find(lamp);
+    const auto ofDoor = find(door);
+    osg::subRefCP(lamp);
+    osg::subRefCP(door);
+    addObject(ofDoor);
+    removeObject(ofDoor);
+    EXPECT_THAT(list(), ElementsAre(ofLamp));
+}
+
 TEST_P(ConstraintList, IgnoresNullAndUnknownObjects)
 {
     const auto stranger = osg::ConstraintObject::createFor(door, 1);
