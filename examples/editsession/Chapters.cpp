@@ -8,10 +8,13 @@ const std::vector<Chapter>& chapters()
 
     // clang-format off
     static const std::vector<Chapter> table = {
-        // name           prepare            run
-        {"core",          nullptr,           coreChapter},
-        {"field",         prepareFields,     fieldChapter},
-        {"light",         prepareLights,     lightChapter},
+        // name           prepare             run
+        {"core",          nullptr,            coreChapter},
+        {"field",         prepareFields,      fieldChapter},
+        {"light",         prepareLights,      lightChapter},
+        {"material",      prepareMaterials,   materialChapter},
+        {"tags",          prepareTags,        tagChapter},
+        {"constraints",   prepareConstraints, constraintChapter},
     };
     // clang-format on
     return table;

@@ -36,5 +36,14 @@ void fieldChapter(Context& context);
 void prepareLights(Model& model);
 void lightChapter(Context& context);
 
+void prepareMaterials(Model& model);
+void materialChapter(Context& context);
+
+void prepareTags(Model& model);
+void tagChapter(Context& context);
+
+void prepareConstraints(Model& model);
+void constraintChapter(Context& context);
+
 /// The chapters in the order of the session.
 const std::vector<Chapter>& chapters();
