@@ -12,6 +12,7 @@
 
 template<class... Nothing>
 moFieldBaseUndoCommand<Nothing...>::moFieldBaseUndoCommand(const moUndoString& text, osg::FieldContainerPtr container,
+                                                           // NOLINTNEXTLINE(performance-unnecessary-value-param)
                                                            std::string fieldName, QUndoCommand* parent)
     : moUndoCommand(text, parent)
 {

@@ -5,15 +5,10 @@
 
 #include <moUndoUtils/moUndoString.h>
 
-#include <OpenSG/OSGBaseTypes.h>
-#include <OpenSG/OSGFieldContainerPtr.h>
+#include <OpenSG/OSGFieldContainer.h>
 
 #include <functional>
 #include <string>
-
-namespace osg {
-class Field;
-}
 
 /// What all commands on one field of one container share: which field it is, who is told when it was written, and the
 /// two message entries. A template with an empty parameter list; moFieldBaseUndoCommand<> is its only instantiation.

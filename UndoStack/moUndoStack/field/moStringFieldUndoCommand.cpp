@@ -46,6 +46,7 @@ void moStringFieldUndoCommand::undo()
 bool moStringFieldUndoCommand::canMergeWith(const QUndoCommand* other) const
 {
     const auto* const newer = dynamic_cast<const moStringFieldUndoCommand*>(other);
+    // Past the base of the family, which compares containers and fields. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return newer && moUndoCommand::canMergeWith(newer) && newer->m_old == m_new;
 }
 

@@ -32,6 +32,7 @@ void moStringsFieldUndoCommand::undo()
 bool moStringsFieldUndoCommand::canMergeWith(const QUndoCommand* other) const
 {
     const auto* const newer = dynamic_cast<const moStringsFieldUndoCommand*>(other);
+    // Past the base of the family, which compares containers and fields. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return newer && moUndoCommand::canMergeWith(newer) && newer->m_old == m_new;
 }
 
