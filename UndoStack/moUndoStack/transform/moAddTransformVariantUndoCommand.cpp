@@ -10,7 +10,9 @@ MO_UNDO_COMMAND_ID_IMPL(moAddTransformVariantUndoCommand)
 moAddTransformVariantUndoCommand::moAddTransformVariantUndoCommand(osg::NodePtr node, osg::TransformVariantPtr variant,
                                                                    std::uint64_t index, QUndoCommand* parent,
                                                                    Callback callback)
-    : moUndoCommand(transformText(tr("Insert transform variant '%1'"), tr("Insert transform variant"), node), parent),
+    : moUndoCommand(
+          transformText(tr("Insert transform variant '%1'").arg(nodeName(node)), tr("Insert transform variant")),
+          parent),
       m_nodeId(containerId(node)),
       m_variant(std::make_unique<ContainerReference>(variant)),
       m_attachment(std::make_unique<ContainerReference>()),

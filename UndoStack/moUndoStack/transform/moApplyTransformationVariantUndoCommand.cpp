@@ -14,7 +14,7 @@ moApplyTransformationVariantUndoCommand::SyncFunction moApplyTransformationVaria
 moApplyTransformationVariantUndoCommand::moApplyTransformationVariantUndoCommand(osg::NodePtr node, int variantIndex,
                                                                                  bool sync, QUndoCommand* parent,
                                                                                  std::function<void()> callback)
-    : moUndoCommand(transformText(tr("Apply variant to %1"), tr("Apply variant"), node), parent),
+    : moUndoCommand(transformText(tr("Apply variant to %1").arg(nodeName(node)), tr("Apply variant")), parent),
       m_variantIndex(variantIndex),
       m_nodeId(containerId(node)),
       m_callback(std::move(callback)),

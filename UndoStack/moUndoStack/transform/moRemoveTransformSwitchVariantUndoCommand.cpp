@@ -11,7 +11,9 @@ moRemoveTransformSwitchVariantUndoCommand::moRemoveTransformSwitchVariantUndoCom
                                                                                      std::uint64_t index,
                                                                                      QUndoCommand* parent,
                                                                                      Callback callback)
-    : moUndoCommand(transformText(tr("Remove transform variant '%1'"), tr("Remove transform variant"), node), parent),
+    : moUndoCommand(
+          transformText(tr("Remove transform variant '%1'").arg(nodeName(node)), tr("Remove transform variant")),
+          parent),
       m_nodeId(containerId(node)),
       m_variant(std::make_unique<ContainerReference>(moNodeUtils::getTransformVariant(node, index))),
       m_attachment(std::make_unique<ContainerReference>(moNodeUtils::getTransformVariantsAttachment(node))),

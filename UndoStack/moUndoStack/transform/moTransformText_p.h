@@ -6,11 +6,13 @@
 
 #include <QtCore/QString>
 
-/// The text of a command that edits the transform of one node.
-/// \param pattern      what the user reads, with %1 for the name of the node (read as UTF-8; empty for a node without
-/// name). \param description  the same without the node.
-inline moUndoString transformText(const QString& pattern, const QString& description, const osg::NodePtr& node)
+/// The name as the user reads it; empty for a node without one.
+inline QString nodeName(const osg::NodePtr& node)
 {
-    return {pattern.arg(QString::fromUtf8(moNodeUtils::getName(node))), description,
-            QStringLiteral("Transform Commands")};
+    return QString::fromUtf8(moNodeUtils::getName(node));
+}
+
+inline moUndoString transformText(const QString& text, const QString& description)
+{
+    return {text, description, QStringLiteral("Transform Commands")};
 }

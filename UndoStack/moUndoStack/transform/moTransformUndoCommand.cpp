@@ -2,14 +2,20 @@
 
 #include <moUndoStack/transform/moTransformText_p.h>
 
+#include <QtCore/QStringBuilder>
+
 #include <utility>
+
+static moUndoString actionText(const char* action, const osg::NodePtr& node)
+{
+    const QString word = QString::fromUtf8(action);
+    return transformText(word % QLatin1String(" '") % nodeName(node) % QLatin1Char('\''), word);
+}
 
 template<class T>
 moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
                                                   QUndoCommand* parent, int variantIndex)
-    : moFunctionUndoCommand<T>(
-          transformText(QString::fromUtf8(text) + QStringLiteral(" '%1'"), QString::fromUtf8(text), node), node,
-          std::move(value), parent),
+    : moFunctionUndoCommand<T>(actionText(text, node), node, std::move(value), parent),
       m_flag(flag),
       m_variantIndex(variantIndex)
 {

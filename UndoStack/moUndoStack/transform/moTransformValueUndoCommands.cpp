@@ -161,12 +161,11 @@ moTransformCallbackUndoCommand<Command, Flag...>::moTransformCallbackUndoCommand
 template<class Command, class... Flag>
 void moTransformCallbackUndoCommand<Command, Flag...>::set(osg::NodePtr node, osg::Vec3f value)
 {
-    const bool wasIdentity = moNodeUtils::isTransformNodeIdentity(node);
+    const bool wasIdentity = m_callback && moNodeUtils::isTransformNodeIdentity(node);
     this->write(node, value);
-    if (m_callback) {
-        const bool identityChanged = wasIdentity != moNodeUtils::isTransformNodeIdentity(node);
-        m_callback(containerId(node), value, this->variantIndex(), identityChanged);
-    }
+    if (m_callback)
+        m_callback(containerId(node), value, this->variantIndex(),
+                   wasIdentity != moNodeUtils::isTransformNodeIdentity(node));
     this->synchronise(node, value);
 }
 

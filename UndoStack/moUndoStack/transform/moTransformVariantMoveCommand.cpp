@@ -8,19 +8,21 @@
 
 MO_UNDO_COMMAND_ID_IMPL(moTransformVariantMoveCommand)
 
-static bool isBelow(int position, std::uint64_t count)
+// As the list counts: a negative position becomes one past any end.
+static std::uint64_t listPosition(int position)
 {
-    return position >= 0 && static_cast<std::uint64_t>(position) < count;
+    return static_cast<std::uint64_t>(position);
 }
 
 moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, const std::vector<int>& from, int to,
                                                              QUndoCommand* parent, Callback callback)
-    : moUndoCommand(transformText(tr("Move transform variant '%1'"), tr("Move transform variant"), node), parent),
+    : moUndoCommand(transformText(tr("Move transform variant '%1'").arg(nodeName(node)), tr("Move transform variant")),
+                    parent),
       m_nodeId(containerId(node)),
       m_callback(std::move(callback))
 {
     const std::uint64_t count = moNodeUtils::getTransformVariantCount(node);
-    if (!isBelow(to, count) || from.size() > count - static_cast<std::uint64_t>(to)) return;
+    if (listPosition(to) >= count || from.size() > count - listPosition(to)) return;
     for (const int position : from)
         if (record(node, position, to)) ++to;
 }
@@ -33,9 +35,8 @@ moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, 
 
 bool moTransformVariantMoveCommand::record(const osg::NodePtr& node, int from, int to)
 {
-    if (from < 0 || m_positions.contains(from)) return false;
-    const unsigned int variantId =
-        containerId(moNodeUtils::getTransformVariant(node, static_cast<std::uint64_t>(from)));
+    if (m_positions.contains(from)) return false;
+    const unsigned int variantId = containerId(moNodeUtils::getTransformVariant(node, listPosition(from)));
     if (variantId == 0) return false;
     m_positions.insert(from, to);
     m_sourceVariants.emplace(from, variantId);
@@ -55,10 +56,10 @@ bool moTransformVariantMoveCommand::move(const Variants& source, const Variants&
 
     // From the highest position down, so that those still to be removed stay valid.
     for (auto it = source.rbegin(); it != source.rend(); ++it)
-        moNodeUtils::removeTransformVariant(node, static_cast<std::uint64_t>(it->first));
+        moNodeUtils::removeTransformVariant(node, listPosition(it->first));
     for (const auto& [position, variantId] : target)
         if (const auto variant = findContainer<osg::TransformVariantPtr>(variantId))
-            moNodeUtils::insertTransformVariant(node, static_cast<std::uint64_t>(position), variant);
+            moNodeUtils::insertTransformVariant(node, listPosition(position), variant);
     return true;
 }
 
