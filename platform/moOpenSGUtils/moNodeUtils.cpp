@@ -153,8 +153,9 @@ osg::NodePtr findTransform(const osg::NodePtr& node)
 
 osg::Transform3DPtr getTransform3D(const osg::NodePtr& node, int variantIndex)
 {
-    if (node == osg::NullFC || variantIndex < -1) return osg::NullFC;
+    if (node == osg::NullFC) return osg::NullFC;
     if (variantIndex == -1) return osg::Transform3DPtr::dcast(node->getCore());
+    // Any other negative index becomes one past any end.
     const osg::TransformVariantPtr variant = getTransformVariant(node, osg::UInt64(variantIndex));
     return variant != osg::NullFC ? variant->getTransform() : osg::Transform3DPtr();
 }
@@ -321,8 +322,7 @@ void removeTransformVariant(const osg::NodePtr& node, osg::UInt64 index)
 
 std::string getTransformVariantName(const osg::NodePtr& node, int variantIndex)
 {
-    const osg::TransformVariantPtr variant =
-        variantIndex >= 0 ? getTransformVariant(node, osg::UInt64(variantIndex)) : osg::TransformVariantPtr();
+    const osg::TransformVariantPtr variant = getTransformVariant(node, osg::UInt64(variantIndex));
     return variant != osg::NullFC ? variant->getName() : std::string();
 }
 } // namespace moNodeUtils

@@ -20,7 +20,7 @@ osg::Transform3DPtr source(const osg::Transform3DPtr& live, int variantIndex, bo
 namespace moTransformVariantUtils {
 osg::TransformVariantPtr getTransformVariant(const osg::Transform3DPtr& live, int variantIndex)
 {
-    if (live == osg::NullFC || variantIndex < 0) return osg::NullFC;
+    if (live == osg::NullFC) return osg::NullFC;
     for (const osg::NodePtr& node : live->getParents())
         if (moNodeUtils::getTransformVariantsAttachment(node) != osg::NullFC)
             return moNodeUtils::getTransformVariant(node, osg::UInt64(variantIndex));

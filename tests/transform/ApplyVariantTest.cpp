@@ -23,7 +23,7 @@ protected:
         TransformTest::SetUp();
         addVariant(node, "A");
         addVariant(node, "B");
-        fill(-1, 1, 0, "XYZ", true, 0);
+        fill(-1, 1, 3, "XYZ", true, 0);
         fill(0, 100, 1, "ZYX", true, 2);
         fill(1, 200, 0, "YXZ", false, 0);
         moApplyTransformationVariantUndoCommand::setSyncFunction(
