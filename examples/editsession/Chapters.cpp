@@ -12,6 +12,7 @@ const std::vector<Chapter>& chapters()
         {"core",          nullptr,            coreChapter},
         {"field",         prepareFields,      fieldChapter},
         {"light",         prepareLights,      lightChapter},
+        {"transform",     nullptr,            transformChapter},
         {"material",      prepareMaterials,   materialChapter},
         {"tags",          prepareTags,        tagChapter},
         {"constraints",   prepareConstraints, constraintChapter},

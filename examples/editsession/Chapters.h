@@ -29,6 +29,7 @@ struct Chapter
 };
 
 void coreChapter(Context& context);
+void transformChapter(Context& context);
 
 void prepareFields(Model& model);
 void fieldChapter(Context& context);
