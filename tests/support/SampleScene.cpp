@@ -1,0 +1,341 @@
+#include <support/SampleScene.h>
+
+#include <support/EditTrace.h>
+#include <support/Images.h>
+
+#include <moOpenSGUtils/moLights.h>
+#include <moOpenSGUtils/moNodeUtils.h>
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+
+namespace osg {
+
+MO_TRACED_CONTAINER(Node, "Node")
+MO_TRACED_CONTAINER(Transform3D, "Transform3D")
+MO_TRACED_CONTAINER(TransformVariant, "TransformVariant")
+MO_TRACED_CONTAINER(TagAttachment, "TagAttachment")
+MO_TRACED_CONTAINER(UberLight, "UberLight")
+MO_TRACED_CONTAINER(LensFlareEffect, "LensFlareEffect")
+MO_TRACED_CONTAINER(LensFlareGhostLine, "LensFlareGhostLine")
+MO_TRACED_CONTAINER(LightLinkSet, "LightLinkSet")
+MO_TRACED_CONTAINER(ColorComponentSettings, "ColorComponentSettings")
+MO_TRACED_CONTAINER(UberMaterial, "UberMaterial")
+MO_TRACED_CONTAINER(UBRDFMaterial, "UBRDFMaterial")
+MO_TRACED_CONTAINER(AimConstraint, "AimConstraint")
+
+} // namespace osg
+
+namespace {
+
+osg::NodePtr makeNode(const std::string& name, const osg::NodeCorePtr& core)
+{
+    const osg::NodePtr node = osg::TracedNode::create();
+    osg::setName(node, name);
+    node->setCore(core);
+    return node;
+}
+
+/// Values that are all different, so that one written into the place of another shows.
+void placeSomewhere(const osg::Transform3DPtr& transform, float first)
+{
+    transform->setTranslation(osg::Vec3f(first, first + 1, first + 2));
+    transform->setEulerRotation(osg::Vec3f(10 * first, 20, 30));
+    transform->setRotatePivot(osg::Vec3f(first, 0.5f, 0.25f));
+    transform->setScale(osg::Vec3f(1, 2, first + 1));
+    osg::changedCP(transform, osg::Transform3D::EulerRotationFieldMask);
+}
+
+void addVariants(const osg::NodePtr& node)
+{
+    moNodeUtils::createTransformVariantsAttachment(node);
+    for (int i = 0; i < 3; ++i) {
+        const osg::TransformVariantPtr variant = osg::TracedTransformVariant::create();
+        variant->setName("variant " + std::to_string(i));
+        variant->setTransform(osg::Transform3D::create());
+        placeSomewhere(variant->getTransform(), static_cast<float>(i + 4));
+        moNodeUtils::insertTransformVariant(node, static_cast<osg::UInt64>(i), variant);
+    }
+}
+
+template<class Container>
+void traceEdits(const Container& container)
+{
+    container->onChanged = [container](osg::BitVector mask, osg::UInt32 origin) {
+        EditTrace::tell(container, mask, origin);
+    };
+}
+
+} // namespace
+
+SampleTarget::SampleTarget(std::string prefix) : m_prefix(std::move(prefix))
+{
+    action.setCheckable(true);
+
+    const osg::NodePtr box = hold("node", makeNode("box", osg::TracedTransform3D::create()));
+    placeSomewhere(osg::Transform3DPtr::dcast(box->getCore()), 1);
+    addVariants(box);
+    hold("variant", moNodeUtils::getTransformVariant(box, 0));
+
+    const auto tagList = hold("tags", osg::TracedTagAttachment::create());
+    tagList->getMFUserTags()->push_back("old");
+    tagList->getMFSystemTags()->push_back("locked");
+    tagList->getMFTagStamps()->push_back(1);
+    box->addAttachment(tagList);
+
+    const osg::NodePtr plain = hold("bare", makeNode("plain", osg::TracedTransform3D::create()));
+
+    const osg::NodePtr lamp = hold("light", makeNode("lamp", osg::TracedUberLight::create()));
+    const auto flare = hold("effect", osg::TracedLensFlareEffect::create());
+    const auto ghosts = hold("line", osg::TracedLensFlareGhostLine::create());
+    moLights::changeLightType(lamp, "Area");
+    lightCore()->setScale(osg::Vec3f(2, 3, 1));
+    osg::changedCP(lightCore(), osg::Transform3D::ScaleFieldMask);
+    moLights::setLightValue(lamp, 40);
+    moLights::setLightProfile(lamp, "lamp.ies", 250);
+    moLights::setLensFlareEffect(lamp, flare);
+    for (int i = 0; i < 3; ++i) {
+        flare->addElement(osg::LensFlareElement::create());
+        ghosts->addGhost(osg::LensFlareGhost::create());
+    }
+    hold("set", osg::TracedLightLinkSet::create())->addSceneNode(box);
+
+    const auto paint = hold("material", osg::TracedUberMaterial::create());
+    paint->addColorComponent(hold("settings", osg::TracedColorComponentSettings::create()));
+    osg::changedCP(paint, osg::UberMaterial::ColorComponentsFieldMask);
+    hold("component", osg::TracedColorComponentSettings::create());
+    hold("glass", osg::TracedUBRDFMaterial::create());
+    hold("sky", osg::TracedUberMaterial::create());
+
+    const auto constraint = hold("aim", osg::TracedAimConstraint::create());
+    constraint->addSource(box, 0.25f);
+    constraint->addSource(plain, 0.75f);
+    constraint->addUpVectorSource(plain, 0.5f);
+
+    const auto singles = hold("values", osg::AllSingleFields::create());
+    singles->setSingleImagePtr(makeImage({0}));
+    osg::addRefCP(singles->getSingleImagePtr()); // the field's own
+    traceEdits(singles);
+    const auto multis = hold("lists", osg::AllMultiFields::create());
+    multis->getMFMultiString()->push_back("one");
+    traceEdits(multis);
+}
+
+SampleTarget::~SampleTarget()
+{
+    for (const std::string& role : roles())
+        destroy(role);
+}
+
+osg::UberLightPtr SampleTarget::lightCore() const
+{
+    return light() ? osg::UberLightPtr::dcast(light()->getCore()) : osg::UberLightPtr();
+}
+
+std::vector<std::string> SampleTarget::roles() const
+{
+    std::vector<std::string> roles;
+    for (const auto& entry : m_held)
+        roles.push_back(entry.first);
+    return roles;
+}
+
+void SampleTarget::destroy(const std::string& role)
+{
+    const auto held =
+        std::find_if(m_held.begin(), m_held.end(), [&](const auto& entry) { return entry.first == role; });
+    if (held == m_held.end()) return;
+    detach(role);
+    m_held.erase(held);
+}
+
+/// What the application does before it gives a container up: others must not be left with a handle of it.
+void SampleTarget::detach(const std::string& role)
+{
+    if (const auto asNode = osg::NodePtr::dcast(container(role)); asNode && set()) set()->subSceneNode(asNode);
+    if (role == "variant" && node()) {
+        for (osg::UInt64 i = 0; i < moNodeUtils::getTransformVariantCount(node()); ++i)
+            if (moNodeUtils::getTransformVariant(node(), i) == variant())
+                moNodeUtils::removeTransformVariant(node(), i);
+    }
+    if (role == "tags" && node()) node()->subAttachment(tags());
+    if (role == "bare" && lightCore()) lightCore()->setVisibilityReference(osg::NullFC);
+    if (role == "effect" && lightCore()) lightCore()->setLensFlareEffect(osg::NullFC);
+    if (role == "settings" && material()) material()->subColorComponent(settings());
+    if (role == "sky" && glass()) glass()->setEnvironment(osg::NullFC);
+    if (role == "values") {
+        // The field's own; the image's handle goes with the field.
+        osg::ImagePtr image = values()->getSingleImagePtr();
+        values()->setSingleImagePtr(osg::NullFC);
+        osg::subRefCP(image);
+    }
+}
+
+std::vector<std::pair<std::string, osg::FieldContainerPtr>> SampleTarget::named() const
+{
+    std::vector<std::pair<std::string, osg::FieldContainerPtr>> names;
+    for (const auto& [role, held] : m_held) {
+        const osg::FieldContainerPtr container = held;
+        names.emplace_back(m_prefix + role, container);
+        if (const auto asNode = osg::NodePtr::dcast(container))
+            names.emplace_back(m_prefix + role + " core", asNode->getCore());
+    }
+    return names;
+}
+
+namespace {
+
+/// Goes through all that can be reached from the named containers, field by field.
+class Walk
+{
+public:
+    explicit Walk(const SampleScene& scene)
+    {
+        for (const SampleTarget* target : {&scene.target, &scene.other}) {
+            for (const auto& [name, container] : target->named()) {
+                m_names.emplace(container.getFieldContainerId(), name);
+                m_reached.push_back(container);
+            }
+        }
+        // The list grows while it is walked along.
+        for (std::size_t i = 0; i < m_reached.size(); ++i)
+            addContainer(osg::FieldContainerPtr(m_reached[i]));
+    }
+
+    std::vector<std::string> fields;
+    std::vector<std::string> references;
+
+private:
+    /// A container without a role is named after the field from which it is reached first: `effect.elements/2`.
+    std::string nameOf(const osg::FieldContainerPtr& container, const std::string& from)
+    {
+        if (!container) return "-";
+        const auto [name, isNew] = m_names.emplace(container.getFieldContainerId(), std::string());
+        if (isNew) {
+            name->second = from + '/' + std::to_string(++m_counts[from]);
+            m_reached.push_back(container);
+        }
+        return name->second;
+    }
+
+    enum class Kind
+    {
+        Value,
+        Handles,
+        Attachments,
+        Texts
+    };
+    struct Column
+    {
+        osg::UInt32 fieldId;
+        std::string field;
+        Kind kind;
+    };
+
+    static Kind kindOf(const osg::Field& field, const std::string& name)
+    {
+        if (dynamic_cast<const osg::SFAttachmentMap*>(&field)) return Kind::Attachments;
+        if (dynamic_cast<const osg::MFString*>(&field)) return Kind::Texts;
+        // There is a field type for each type of handle. What they have in common is their text: the ids.
+        return std::strstr(field.getType().getCName(), "Ptr") || name == "objectId" ? Kind::Handles : Kind::Value;
+    }
+
+    /// What is of interest of a container's fields; looked up once for each type.
+    static const std::vector<Column>& columnsOf(const osg::FieldContainerPtr& container)
+    {
+        static std::map<osg::UInt32, std::vector<Column>> known;
+        const auto [entry, isNew] = known.try_emplace(container->getTypeId());
+        const osg::FieldContainerType& type = container->getType();
+        for (osg::UInt32 id = 1; isNew && id <= type.getNumFieldDescs(); ++id) {
+            const osg::FieldDescription& description = *type.getFieldDescription(id);
+            const std::string name = description.getCName();
+            if (description.isInternal() || name == "parents" || name == "volume") continue;
+            entry->second.push_back({id, '.' + name, kindOf(*container->getField(id), name)});
+        }
+        return entry->second;
+    }
+
+    void addContainer(const osg::FieldContainerPtr& container)
+    {
+        const std::string name = nameOf(container, std::string());
+        references.push_back(name + ' ' + std::to_string(container.getRefCount()));
+        for (const Column& column : columnsOf(container)) {
+            const std::string text = textOf(column.kind, *container->getField(column.fieldId), name + column.field);
+            std::string& line = fields.emplace_back();
+            line.reserve(name.size() + column.field.size() + 3 + text.size());
+            line.append(name).append(column.field).append(" = ").append(text);
+        }
+        if (const auto image = osg::ImagePtr::dcast(container)) {
+            std::string pixels;
+            for (osg::UInt32 i = 0; i < image->getSize(); ++i)
+                pixels += ' ' + std::to_string(image->getData()[i]);
+            fields.push_back(name + ".pixels =" + pixels);
+        }
+    }
+
+    std::string textOf(Kind kind, const osg::Field& field, const std::string& from)
+    {
+        std::string text;
+        switch (kind) {
+        case Kind::Value:
+            field.getValueByStr(text);
+            break;
+        case Kind::Handles:
+            text = namesOf(field.getValueByStr(), field.getSize(), from);
+            break;
+        case Kind::Attachments:
+            for (const auto& entry : static_cast<const osg::SFAttachmentMap&>(field).getValue())
+                text += nameOf(entry.second, from) + ' ';
+            break;
+        case Kind::Texts:
+            for (const std::string& entry : static_cast<const osg::MFString&>(field))
+                text += '"' + entry + "\" ";
+            break;
+        }
+        return text;
+    }
+
+    std::string namesOf(const std::string& ids, osg::UInt32 count, const std::string& from)
+    {
+        std::string names;
+        const char* text = ids.c_str();
+        for (osg::UInt32 i = 0; i < count; ++i) {
+            char* end = nullptr;
+            const auto id = static_cast<osg::UInt32>(std::strtoul(text, &end, 10));
+            names += nameOf(osg::FieldContainerFactory::the()->getContainer(id), from) + ' ';
+            text = end + std::strspn(end, ", ");
+        }
+        return names;
+    }
+
+    std::map<osg::UInt32, std::string> m_names;
+    std::vector<osg::FieldContainerPtr> m_reached;
+    std::map<std::string, int> m_counts;
+};
+
+} // namespace
+
+std::vector<std::string> SampleScene::digest() const
+{
+    std::vector<std::string> lines = Walk(*this).fields;
+    lines.push_back("counter = " + std::to_string(target.counter));
+    lines.push_back("other counter = " + std::to_string(other.counter));
+    return lines;
+}
+
+std::vector<std::string> SampleScene::references() const
+{
+    return Walk(*this).references;
+}
+
+void SampleScene::nameIn(EditTrace& edits) const
+{
+    for (const SampleTarget* one : {&target, &other})
+        for (const auto& [name, container] : one->named())
+            edits.name(container, name);
+}

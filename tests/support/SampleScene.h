@@ -1,0 +1,133 @@
+#pragma once
+
+#include <moUndoStack/core/moUndoCommand.h>
+
+#include <moOpenSGConstraint/OSGAimConstraint.h>
+#include <moOpenSGExt/OSGTagAttachment.h>
+#include <moOpenSGExt/OSGTransformVariant.h>
+#include <moOpenSGUberLight/OSGLensFlareEffect.h>
+#include <moOpenSGUberLight/OSGLensFlareGhostLine.h>
+#include <moOpenSGUberLight/OSGLightLinkSet.h>
+#include <moOpenSGUberLight/OSGUberLight.h>
+#include <moOpenSGUberMaterial/OSGUBRDFMaterial.h>
+#include <moOpenSGUberMaterial/OSGUberMaterial.h>
+#include <support/OSGAllFields.h>
+
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGRefPtr.h>
+
+#include <QtWidgets/QAction>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+class EditTrace;
+
+/// One of everything that a command can edit: what the samples of Samples.h are made on.
+///
+/// Each container has a role, by which tests name it, and one reference of the target's own:
+///
+///     role        what it is
+///     node        a node with a transform, three transform variants and tags
+///     variant     the first of these variants
+///     tags        the tags of the node
+///     bare        a node with a transform and nothing else
+///     light       a node with an area light, in lumen, with a profile and a lens flare effect
+///     effect      that effect, with three elements
+///     line        a ghost line with three ghosts
+///     set         a light link set with one scene node
+///     material    a material with one colour
+///     settings    that colour
+///     component   a colour that belongs to no material
+///     glass       a material that can have an environment
+///     sky         a material to be that environment
+///     aim         an aim constraint with two sources (node, bare) and an up-vector source (bare)
+///     values      a container with a single field of each type
+///     lists       a container with a multi field of each type
+class SampleTarget
+{
+public:
+    /// \param prefix  stands before each role in digests and traces.
+    explicit SampleTarget(std::string prefix);
+    ~SampleTarget();
+    SampleTarget(const SampleTarget&) = delete;
+    SampleTarget& operator=(const SampleTarget&) = delete;
+
+    // Null once destroyed.
+    osg::NodePtr node() const { return get<osg::NodePtr>("node"); }
+    osg::TransformVariantPtr variant() const { return get<osg::TransformVariantPtr>("variant"); }
+    osg::TagAttachmentPtr tags() const { return get<osg::TagAttachmentPtr>("tags"); }
+    osg::NodePtr bare() const { return get<osg::NodePtr>("bare"); }
+    osg::NodePtr light() const { return get<osg::NodePtr>("light"); }
+    osg::LensFlareEffectPtr effect() const { return get<osg::LensFlareEffectPtr>("effect"); }
+    osg::LensFlareGhostLinePtr line() const { return get<osg::LensFlareGhostLinePtr>("line"); }
+    osg::LightLinkSetPtr set() const { return get<osg::LightLinkSetPtr>("set"); }
+    osg::UberMaterialPtr material() const { return get<osg::UberMaterialPtr>("material"); }
+    osg::ColorComponentSettingsPtr settings() const { return get<osg::ColorComponentSettingsPtr>("settings"); }
+    osg::ColorComponentSettingsPtr component() const { return get<osg::ColorComponentSettingsPtr>("component"); }
+    osg::UBRDFMaterialPtr glass() const { return get<osg::UBRDFMaterialPtr>("glass"); }
+    osg::MaterialPtr sky() const { return get<osg::MaterialPtr>("sky"); }
+    osg::AimConstraintPtr aim() const { return get<osg::AimConstraintPtr>("aim"); }
+    osg::AllSingleFieldsPtr values() const { return get<osg::AllSingleFieldsPtr>("values"); }
+    osg::AllMultiFieldsPtr lists() const { return get<osg::AllMultiFieldsPtr>("lists"); }
+    osg::UberLightPtr lightCore() const;
+
+    /// What is no container: a number for commands that are made of functions, and a receiver of method calls.
+    int counter = 0;
+    QAction action;
+
+    /// Merge interval of the commands that a sample makes, those inside others included.
+    double mergeInterval = moUndoCommand::defaultMergeResponseDelta;
+
+    /// Takes the container of that role out of the scene and gives the target's reference back: what is not held by a
+    /// command goes. Nothing if that has happened before.
+    void destroy(const std::string& role);
+
+    std::vector<std::string> roles() const;
+    osg::FieldContainerPtr container(const std::string& role) const { return get<osg::FieldContainerPtr>(role); }
+
+    /// The name of each container that has one: the roles, and the cores of the nodes.
+    std::vector<std::pair<std::string, osg::FieldContainerPtr>> named() const;
+
+private:
+    template<class Ptr>
+    Ptr get(const std::string& role) const
+    {
+        for (const auto& [name, container] : m_held)
+            if (name == role) return Ptr::dcast(container.get());
+        return Ptr();
+    }
+    template<class Ptr>
+    Ptr hold(const std::string& role, const Ptr& container)
+    {
+        m_held.emplace_back(role, container);
+        return container;
+    }
+    void detach(const std::string& role);
+
+    std::string m_prefix;
+    std::vector<std::pair<std::string, osg::FieldContainerRefPtr>> m_held;
+};
+
+/// A fresh private scene: a target for the commands under test, and a second, equal one beside it.
+///
+/// It must outlive the commands that were made on it: those made of functions write to it.
+class SampleScene
+{
+public:
+    SampleTarget target{""};
+    SampleTarget other{"other "};
+
+    /// Every value of every field that can be reached, one line each: `node core.translation = 0 0 0`. Exact: a
+    /// number's text is the shortest that gives the very same number again. Containers appear under their role or
+    /// under the way to them, never under their id. Left out are links upwards, which follow from those downwards, and
+    /// volumes, which are caches.
+    std::vector<std::string> digest() const;
+
+    /// The reference count of every container that can be reached: `node core 1`.
+    std::vector<std::string> references() const;
+
+    /// Makes the trace use the names of the digest.
+    void nameIn(EditTrace& edits) const;
+};
