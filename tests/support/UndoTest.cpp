@@ -5,13 +5,9 @@
 #include <OpenSG/OSGFieldContainer.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 
-#include <algorithm>
-
 std::size_t liveContainerCount()
 {
-    const auto& store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
-    return static_cast<std::size_t>(
-        std::count_if(store.begin(), store.end(), [](const auto& container) { return container != osg::NullFC; }));
+    return osg::FieldContainerFactory::the()->getNumLiveContainers();
 }
 
 UndoTest::UndoTest() = default;
