@@ -12,6 +12,7 @@ EditTrace* s_trace = nullptr;
 
 std::string fieldNames(const osg::FieldContainerType& type, osg::BitVector mask)
 {
+    if (mask == osg::FieldBits::AllFields) return "everything";
     std::string names;
     for (osg::UInt32 id = 0; id < 64; ++id) {
         if ((mask & (osg::BitVector(1) << id)) == 0) continue;
