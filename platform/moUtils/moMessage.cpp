@@ -5,21 +5,13 @@
 
 namespace {
 
-// More than any command sets, so that a message allocates its list once.
-constexpr std::size_t typicalKeyCount = 10;
-
-template<class Entries>
-auto findEntry(Entries& entries, const std::string& key)
+template<class List>
+auto findEntry(List& entries, const std::string& key)
 {
     return std::find_if(entries.begin(), entries.end(), [&key](const auto& entry) { return entry.first == key; });
 }
 
 } // namespace
-
-moMessage::moMessage()
-{
-    m_entries.reserve(typicalKeyCount);
-}
 
 void moMessage::set(const std::string& key, const boost::any& value, bool overwrite)
 {

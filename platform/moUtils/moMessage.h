@@ -1,20 +1,20 @@
 #pragma once
 
 #include <boost/any.hpp>
+#include <boost/container/small_vector.hpp>
 
 #include <string>
 #include <utility>
-#include <vector>
 
 /// A record of keys and values. Entries keep the order in which their keys were first set.
 ///
-/// A message has a handful of keys, so it is a flat list: setting and finding are linear.
+/// A message has a handful of keys, so it is a flat list: setting and finding are linear, and the list itself takes no
+/// memory from the heap until it has more keys than a command sets.
 class moMessage
 {
 public:
     using Entry = std::pair<std::string, boost::any>;
-
-    moMessage();
+    using Entries = boost::container::small_vector<Entry, 8>;
 
     /// Sets a key. A key that is there already keeps its place; `overwrite` decides whether it takes the new value or
     /// keeps the old one.
@@ -26,8 +26,8 @@ public:
     const boost::any* find(const std::string& key) const;
 
     /// All entries in the order in which their keys were set.
-    const std::vector<Entry>& entries() const { return m_entries; }
+    const Entries& entries() const { return m_entries; }
 
 private:
-    std::vector<Entry> m_entries;
+    Entries m_entries;
 };
