@@ -41,8 +41,8 @@ public:
         AnamorphicFlare = 1
     };
 
-    /// Whether colour and intensity are those of the light. Switching over starts anew with a round flare: another type is
-    /// chosen after it.
+    /// Whether colour and intensity are those of the light. Switching over starts anew with a round flare: another type
+    /// is chosen after it.
     void setUseLightProperties(bool use);
 
     void addElement(const LensFlareElementPtr& element);

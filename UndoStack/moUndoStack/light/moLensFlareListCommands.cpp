@@ -65,6 +65,7 @@ void moLensFlareListCommand<OwnerPtr, ItemPtr>::keep(const ItemPtr& item)
 template<class OwnerPtr, class ItemPtr>
 void moLensFlareListCommand<OwnerPtr, ItemPtr>::makeMessage(moMessage& message) const
 {
+    // Past the lens flare command and its "lightCommand", as intended. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     moUndoCommand::makeMessage(message);
     message.set(ListOf<OwnerPtr>::ownerKey, m_ownerId, true);
     message.set(ListOf<OwnerPtr>::itemsKey, m_itemIds, true);

@@ -67,6 +67,7 @@ moLightUndoCommand<T>::moLightUndoCommand(const moUndoString& text, const osg::N
 template<class T>
 void moLightUndoCommand<T>::makeMessage(moMessage& message) const
 {
+    // Past the function command and its "node", as intended. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     moUndoCommand::makeMessage(message);
     message.set("lightCommand", true, true);
 }
