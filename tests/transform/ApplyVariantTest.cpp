@@ -206,6 +206,18 @@ TEST_F(ApplyVariant, WithoutSyncIsNotMirroredButCallsBack)
     EXPECT_THAT(take(), ElementsAre("callback", "callback"));
 }
 
+TEST_F(ApplyVariant, ItsMirrorMayReplaceItself)
+{
+    moApplyTransformationVariantUndoCommand::setSyncFunction(
+        [this, kept = std::string(1000, 'x')](const osg::NodePtr&) {
+            moApplyTransformationVariantUndoCommand::setSyncFunction({});
+            told.push_back(kept);
+        });
+    apply(0);
+    stack.undo();
+    EXPECT_THAT(told, ElementsAre("callback", std::string(1000, 'x'), "callback"));
+}
+
 TEST_F(ApplyVariant, NeedsNeitherCallbackNorMirror)
 {
     moApplyTransformationVariantUndoCommand::setSyncFunction({});

@@ -103,6 +103,36 @@ TEST_F(EulerRotationOrder, CallsBackAndIsMirroredWithTheOrderThatWasWritten)
                                   "callback " + id + ", XYZ, -1", "sync " + id + ", XYZ"));
 }
 
+TEST_F(EulerRotationOrder, ItsMirrorMayReplaceItself)
+{
+    moEulerRotationOrderUndoCommand::setSyncFunction(
+        [this, kept = std::string(1000, 'x')](const osg::NodePtr&, const std::string&) {
+            moEulerRotationOrderUndoCommand::setSyncFunction({});
+            told.push_back(kept);
+        });
+    stack.add(new moEulerRotationOrderUndoCommand(node, "ZYX", nullptr, nullptr, -1));
+    stack.undo();
+    EXPECT_THAT(told, ElementsAre(std::string(1000, 'x')));
+}
+
+TEST_F(EulerRotationOrder, EveryConstructorPassesOnAllThatItIsGiven)
+{
+    addVariant(node, "A");
+    const auto expectPassedOn = [this](auto... merge) {
+        QUndoCommand parent;
+        const auto* made = new moEulerRotationOrderUndoCommand(node, "YXZ", merge..., &parent, tell(), 0);
+        EXPECT_EQ(made->parent(), &parent);
+        parent.redo();
+        EXPECT_THAT(std::exchange(told, {}), ElementsAre("callback " + std::to_string(idOf(node)) + ", YXZ, 0"));
+        EXPECT_EQ(order(-1) + order(0), "XYZYXZ");
+        parent.undo();
+        told.clear();
+    };
+    expectPassedOn();
+    expectPassedOn(true);
+    expectPassedOn(0.25);
+}
+
 TEST_F(EulerRotationOrder, OfAVariantCallsBackButIsNotMirrored)
 {
     synchronise();

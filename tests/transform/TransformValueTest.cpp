@@ -93,16 +93,18 @@ moUndoCommand* shear(const Arguments& a)
     return new moShearUndoCommand(a.node, a.value, a.parent);
 }
 
-/// Installs a synchronisation function that writes down its arguments; null removes it.
+using Listener = std::function<void(const std::string& call)>;
+
+/// Installs a synchronisation function that tells the listener its arguments; no listener removes it.
 template<class Command>
-void synchronise(Told* told)
+void synchronise(const Listener& listener)
 {
-    if (!told)
+    if (!listener)
         Command::setSyncFunction({});
     else
-        Command::setSyncFunction([told](const osg::NodePtr& node, const osg::Vec3f& value, auto... flags) {
-            told->push_back("sync " + std::to_string(idOf(node)) + ", " + print(value) +
-                            (std::string() + ... + (flags ? ", true" : ", false")));
+        Command::setSyncFunction([listener](const osg::NodePtr& node, const osg::Vec3f& value, auto... flags) {
+            listener("sync " + std::to_string(idOf(node)) + ", " + print(value) +
+                     (std::string() + ... + (flags ? ", true" : ", false")));
         });
 }
 
@@ -129,7 +131,7 @@ struct Row
     Synced synced;
     moUndoCommand* (*make)(const Arguments&);
     osg::Vec3f (*get)(const osg::NodePtr&, int variantIndex);
-    void (*synchronise)(Told*);
+    void (*synchronise)(const Listener&);
     int (*commandId)();
 };
 
@@ -194,6 +196,11 @@ protected:
             told.push_back("callback " + std::to_string(id) + ", " + print(value) + ", " +
                            std::to_string(variantIndex) + (identityChanged ? ", true" : ", false"));
         };
+    }
+
+    Listener tellSync()
+    {
+        return [this](const std::string& call) { told.push_back(call); };
     }
 
     Told take() { return std::exchange(told, {}); }
@@ -311,7 +318,7 @@ TEST_P(TransformValue, TellsTheNodeAndThatItIsATransformCommand)
 
 TEST_P(TransformValue, IsMirroredAsItsRowSays)
 {
-    row.synchronise(&told);
+    row.synchronise(tellSync());
     const std::string sync = "sync " + std::to_string(idOf(node));
     for (const int index : {-1, 0, 5, -2}) {
         if (index != -1 && !has(Variants)) continue;
@@ -339,14 +346,14 @@ TEST_P(TransformValue, IsMirroredAsItsRowSays)
 TEST_P(TransformValue, MirrorsOnlyItsOwnClass)
 {
     for (const Row& each : rows)
-        if (each.commandId() != row.commandId()) each.synchronise(&told);
+        if (each.commandId() != row.commandId()) each.synchronise(tellSync());
     stack.add(row.make(arguments()));
     EXPECT_THAT(told, IsEmpty());
 }
 
 TEST_P(TransformValue, CallsItsOwnCallbackAtEveryStepBeforeItIsMirrored)
 {
-    row.synchronise(&told);
+    row.synchronise(tellSync());
     Arguments a = arguments();
     a.callback = tell();
     const std::string id = std::to_string(idOf(node));
@@ -493,7 +500,7 @@ TEST_P(TransformValue, IsAChildOfTheCompositeBeingComposed)
 
 TEST_P(TransformValue, DoesNothingOnceItsNodeHasGone)
 {
-    row.synchronise(&told);
+    row.synchronise(tellSync());
     Arguments a = arguments();
     a.callback = tell();
     stack.add(row.make(a));
@@ -507,7 +514,7 @@ TEST_P(TransformValue, DoesNothingOnceItsNodeHasGone)
 
 TEST_P(TransformValue, OfNoNodeDoesAndTellsNothing)
 {
-    row.synchronise(&told);
+    row.synchronise(tellSync());
     Arguments a = arguments();
     a.node = osg::NullFC;
     a.callback = tell();
@@ -575,23 +582,68 @@ TEST_P(TransformValue, TakesComponentsThatAreNotFiniteAndGoesBackFromThem)
     }
 }
 
-TEST_P(TransformValue, WhoseCallbackThrowsLeavesAStackThatWorks)
+TEST_P(TransformValue, WhoseCallbackOrMirrorThrowsLeavesAStackThatWorks)
 {
-    Arguments a = arguments();
-    a.callback = [](unsigned int, const osg::Vec3f&, int, bool) { throw std::runtime_error("from the callback"); };
-    if (has(Callback)) {
+    const auto expectThrow = [this](const Arguments& a) {
         EXPECT_THROW(stack.add(row.make(a)), std::runtime_error);
-    } else {
-        row.synchronise(&told); // the others have no callback: their mirror throws instead
-        stack.add(row.make(a));
-        stack.clear();
-    }
-    EXPECT_EQ(stack.size(), 0);
-    EXPECT_EQ(value(), "1 2 3") << "the edit was made before";
+        EXPECT_EQ(stack.size(), 0);
+        EXPECT_EQ(value(), print(a.value)) << "the edit was made before";
+    };
+    Arguments a = arguments(osg::Vec3f(7, 8, 9));
+    a.callback = [](unsigned int, const osg::Vec3f&, int, bool) { throw std::runtime_error("from the callback"); };
+    if (has(Callback)) expectThrow(a);
+    row.synchronise([](const std::string&) { throw std::runtime_error("from the mirror"); });
+    expectThrow(arguments());
+    row.synchronise(nullptr);
     stack.add(row.make(arguments(osg::Vec3f(4, 5, 6))));
     EXPECT_EQ(value(), "4 5 6");
     stack.undo();
     EXPECT_EQ(value(), "1 2 3");
+}
+
+TEST_P(TransformValue, ItsMirrorMayReplaceItself)
+{
+    row.synchronise([this, kept = std::string(1000, 'x')](const std::string&) {
+        row.synchronise(nullptr);
+        told.push_back(kept);
+    });
+    stack.add(row.make(arguments()));
+    stack.undo();
+    EXPECT_THAT(told, ElementsAre(std::string(1000, 'x')));
+}
+
+TEST_P(TransformValue, EveryConstructorPassesOnAllThatItIsGiven)
+{
+    row.synchronise(tellSync());
+    const std::string id = std::to_string(idOf(node));
+    for (const auto& merge : std::vector<decltype(Arguments::merge)>{std::monostate(), true, 0.25}) {
+        if (merge.index() != 0 && !has(Merge)) continue;
+        for (const int index : {-1, 1}) {
+            if (index != -1 && !has(Variants)) continue;
+            SCOPED_TRACE(testing::Message() << "form " << merge.index() << ", variant " << index);
+            QUndoCommand parent;
+            Arguments a = arguments();
+            a.flag = true;
+            a.merge = merge;
+            a.parent = &parent;
+            a.callback = tell();
+            a.variantIndex = index;
+            EXPECT_EQ(row.make(a)->parent(), &parent);
+            ASSERT_EQ(parent.childCount(), 1);
+
+            parent.redo();
+            EXPECT_EQ(value(index), "1 2 3");
+            Told expected;
+            if (has(Callback))
+                expected.push_back("callback " + id + ", 1 2 3, " + std::to_string(index) +
+                                   (index == -1 ? ", true" : ", false"));
+            if (index == -1 || row.synced == Synced::Always)
+                expected.push_back("sync " + id + ", 1 2 3" + (has(Flag) ? ", true" : ""));
+            EXPECT_EQ(take(), expected);
+            parent.undo();
+            take();
+        }
+    }
 }
 
 TEST_P(TransformValue, WorksWithoutBeingRecorded)
@@ -683,6 +735,24 @@ TEST_F(Transform, ADirectionIsWrittenWithItsAxisAndFlagAndReadAsItIsStored)
     EXPECT_EQ(print(core->getRotationDirection()), "0 3 4");
     stack.undo();
     EXPECT_EQ(print(core->getRotationDirection()), "0 0 5");
+}
+
+TEST_F(Transform, EveryConstructorOfADirectionPassesOnItsAxisAndFlag)
+{
+    const osg::Transform3DPtr core = getTransform3D(node, -1);
+    const auto expectPassedOn = [&](auto... merge) {
+        for (const bool normalised : {false, true}) {
+            stack.add(new moRotationPivotDirectionUndoCommand(node, osg::Vec3f(0, 3, 4), 2, normalised, merge...,
+                                                              nullptr, -1));
+            EXPECT_EQ(print(core->getRotationDirection()), normalised ? "0 0.6 0.8" : "0 3 4");
+            EXPECT_EQ(core->getRotationDirectionMode(), 2);
+            stack.undo();
+            EXPECT_EQ(core->getRotationDirectionMode(), 0);
+        }
+    };
+    expectPassedOn();
+    expectPassedOn(true);
+    expectPassedOn(0.25);
 }
 
 TEST_F(Transform, UndoOfTheFirstDirectionGivesTheOrientationBackToItsAngles)

@@ -46,6 +46,14 @@ protected:
     {
         stack.add(new moRemoveTransformSwitchVariantUndoCommand(node, index, nullptr, tell()));
     }
+    /// Somebody else gives back the only reference on a list, that of a command.
+    static void giveBackList(unsigned int id)
+    {
+        auto list = osg::TransformVariantsAttachmentPtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
+        ASSERT_NE(list, osg::NullFC);
+        osg::subRefCP(list);
+        ASSERT_FALSE(exists(id));
+    }
     unsigned int attachmentId() const { return idOf(moNodeUtils::getTransformVariantsAttachment(node)); }
 
     const moUndoCommandBase& top() const { return *static_cast<const moUndoCommandBase*>(stack.currentCommand()); }
@@ -63,6 +71,22 @@ TEST_F(VariantList, CommandsAreNamedAfterTheNode)
     remove(0);
     EXPECT_EQ(top().text(), "Remove transform variant 'Box'");
     EXPECT_EQ(top().getDescription(), "Remove transform variant");
+}
+
+TEST_F(VariantList, CommandsBelongToTheParentThatTheyAreGiven)
+{
+    QUndoCommand parent;
+    const osg::TransformVariantPtr a = addVariant(node, "A");
+    const moUndoCommandBase* const children[] = {
+        new moAddTransformVariantUndoCommand(node, variant("B"), 0, &parent, tell()),
+        new moRemoveTransformSwitchVariantUndoCommand(node, 0, &parent, tell()),
+        new moTransformVariantNameUndoCommand(a, "C", &parent, [](const auto&, const auto&) {}),
+        new moTransformVariantOptionsUndoCommand(a, 1, &parent, [] {})};
+    ASSERT_EQ(parent.childCount(), 4);
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(children[i]->parent(), &parent);
+        EXPECT_EQ(parent.child(i), children[i]);
+    }
 }
 
 TEST_F(VariantList, CommandsHaveABareMessageAndNeverMerge)
@@ -94,6 +118,25 @@ TEST_F(VariantList, TheFirstInsertMakesAListWhichUndoTakesOffAndRedoPutsBack)
         EXPECT_EQ(names(node), "A");
         EXPECT_EQ(attachmentId(), list);
     }
+}
+
+TEST_F(VariantList, RedoOfTheFirstInsertMakesAnotherListWhenTheOneItMadeHasGone)
+{
+    insert(0, variant("A"));
+    const unsigned int first = attachmentId();
+    stack.undo();
+    giveBackList(first);
+    stack.redo();
+    EXPECT_EQ(names(node), "A");
+    const unsigned int other = attachmentId();
+    EXPECT_NE(other, first);
+    stack.undo();
+    EXPECT_EQ(names(node), "none");
+    EXPECT_TRUE(exists(other));
+    stack.redo();
+    EXPECT_EQ(attachmentId(), other);
+    stack.clear();
+    EXPECT_EQ(moNodeUtils::getTransformVariantsAttachment(node).getRefCount(), 1);
 }
 
 TEST_F(VariantList, AListThatWasThereStaysAlsoWhenUndoLeavesItEmpty)
@@ -256,10 +299,7 @@ TEST_F(VariantList, UndoOfARemoveWhoseListWasDeletedRestoresAndTellsNothing)
     const unsigned int listId = attachmentId();
     remove(0);
     take();
-    // Somebody else gives back the reference of the command.
-    auto list = osg::TransformVariantsAttachmentPtr::dcast(osg::FieldContainerFactory::the()->getContainer(listId));
-    ASSERT_NE(list, osg::NullFC);
-    osg::subRefCP(list);
+    giveBackList(listId);
     stack.undo();
     EXPECT_EQ(names(node), "none");
     EXPECT_THAT(told, IsEmpty());

@@ -1,6 +1,7 @@
 #include <moUndoStack/transform/moApplyTransformationVariantUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/transform/moSyncFunction_p.h>
 #include <moUndoStack/transform/moTransformText_p.h>
 
 #include <moOpenSGUtils/moTransformVariantUtils.h>
@@ -89,5 +90,5 @@ void moApplyTransformationVariantUndoCommand::apply(const TransformValues& value
                                         values.eulerRotationOrder, values.rotationDirectionValid,
                                         values.rotationDirection, values.rotationDirectionMode, -1);
     if (m_callback) m_callback();
-    if (s_sync && m_sync) s_sync(node);
+    if (m_sync) callSyncFunction(s_sync, node);
 }

@@ -33,7 +33,8 @@ public:
     moApplyTransformationVariantUndoCommand(osg::NodePtr node, int variantIndex, bool sync, QUndoCommand* parent,
                                             std::function<void()> callback);
 
-    /// One function for the whole class and the rest of the process; an empty one switches mirroring off.
+    /// One function for the whole class and the rest of the process; an empty one switches mirroring off. The
+    /// function may replace itself while it runs.
     static void setSyncFunction(const SyncFunction& function);
 
 protected:

@@ -1,6 +1,7 @@
 #include <moUndoStack/transform/moEulerRotationOrderUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/transform/moSyncFunction_p.h>
 
 #include <moOpenSGUtils/moNodeUtils.h>
 
@@ -51,5 +52,5 @@ void moEulerRotationOrderUndoCommand::set(osg::NodePtr node, std::string order)
 {
     moNodeUtils::setTransformNodeEulerRotationOrder(node, order, variantIndex());
     if (m_callback) m_callback(containerId(node), order, variantIndex());
-    if (s_sync && editsLiveTransform()) s_sync(node, order);
+    if (editsLiveTransform()) callSyncFunction(s_sync, node, order);
 }

@@ -9,8 +9,8 @@
 
 /// Sets the order in which a node's transform turns about its axes.
 ///
-/// \param order     such as "XYZ"; handed on unchecked. osg::Transform3D says which texts it knows and what it does
-/// with others. \param callback  of the command's own, called at every step; may be empty.
+/// \param order     such as "XYZ"; handed on unchecked, see osg::Transform3D for texts that it does not know.
+/// \param callback  of the command's own, called at every step, before the mirror; may be empty.
 ///
 /// Merges, message and bad input as in moTransformUndoCommand. The action word is "Translate", that of
 /// moTranslationUndoCommand; the ids differ. Intended.
@@ -31,7 +31,8 @@ public:
     moEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order, double mergeDelta, QUndoCommand* parent,
                                     Callback callback, int variantIndex);
 
-    /// One function for the whole class and the rest of the process; an empty one switches mirroring off.
+    /// One function for the whole class and the rest of the process; an empty one switches mirroring off. The
+    /// function may replace itself while it runs.
     static void setSyncFunction(const SyncFunction& function);
 
 protected:

@@ -1,6 +1,7 @@
 #include <moUndoStack/transform/moTransformValueUndoCommands.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/transform/moSyncFunction_p.h>
 
 #include <moOpenSGUtils/moNodeUtils.h>
 
@@ -125,8 +126,8 @@ void moTransformValueUndoCommand<Command, Flag...>::write(const osg::NodePtr& no
 template<class Command, class... Flag>
 void moTransformValueUndoCommand<Command, Flag...>::synchronise(const osg::NodePtr& node, const osg::Vec3f& value) const
 {
-    if (!s_sync || (moTransformRow<Command>::synced == Synced::LiveOnly && !editsLiveTransform())) return;
-    s_sync(node, value, Flag(flag())...);
+    if (moTransformRow<Command>::synced == Synced::Always || editsLiveTransform())
+        callSyncFunction(s_sync, node, value, Flag(flag())...);
 }
 
 template<class Command, class... Flag>

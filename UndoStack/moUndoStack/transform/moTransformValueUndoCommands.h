@@ -27,7 +27,8 @@ public:
     moTransformValueUndoCommand(osg::NodePtr node, osg::Vec3f value, Flag... flag, double mergeDelta,
                                 QUndoCommand* parent, int variantIndex);
 
-    /// One function for the whole class and the rest of the process; an empty one switches mirroring off.
+    /// One function for the whole class and the rest of the process; an empty one switches mirroring off. The
+    /// function may replace itself while it runs.
     static void setSyncFunction(const SyncFunction& function);
 
 protected:
