@@ -16,7 +16,8 @@
 namespace {
 
 using Container = osg::FieldContainerPtr;
-using Name = std::string;
+using Name = const std::string&;
+using Parent = QUndoCommand*;
 
 const moUndoString& text()
 {
@@ -44,8 +45,9 @@ constexpr const char* method = "stop()";
 template<class T, class Field>
 NameForm scalarForm(const std::string& type)
 {
-    return {"scalar" + type, "single" + type, isFieldOfAnyOf<Field>, [](const Container& container, const Name& name) {
-                return new moFieldUndoCommand<T>(text(), container, name, T(1));
+    return {"scalar" + type, "single" + type, isFieldOfAnyOf<Field>,
+            [](const Container& container, Name name, Parent p) {
+                return new moFieldUndoCommand<T>(text(), container, name, T(1), p);
             }};
 }
 
@@ -65,26 +67,26 @@ const std::vector<NameForm>& nameForms()
         scalarForm<std::uint64_t,  osg::SFUInt64>("UInt64"),
         scalarForm<float,          osg::SFReal32>("Real32"),
         scalarForm<double,         osg::SFReal64>("Real64"),
-        {"bool", "singleBool", isBoolOrIntegerField, [](const Container& c, const Name& name) {
-             return new moBoolFieldUndoCommand(c, name, true); }},
-        {"boolWithText", "singleBool", isBoolOrIntegerField, [](const Container& c, const Name& name) {
-             return new moBoolFieldUndoCommand(text(), c, name, true); }},
-        {"boolIntoInteger", "singleInt16", isBoolOrIntegerField, [](const Container& c, const Name& name) {
-             return new moBoolFieldUndoCommand(c, name, true); }},
-        {"invoke", "singleBool", isBoolOrIntegerField, [](const Container& c, const Name& name) {
-             return new moInvokeBoolFieldUndoCommand(c, name, true, receiver(), method); }},
-        {"invokeWithText", "singleBool", isBoolOrIntegerField, [](const Container& c, const Name& name) {
-             return new moInvokeBoolFieldUndoCommand(text(), c, name, true, receiver(), method); }},
-        {"string", "singleString", isFieldOfAnyOf<osg::SFString>, [](const Container& c, const Name& name) {
-             return new moStringFieldUndoCommand(c, name, "new"); }},
-        {"stringWithText", "singleString", isFieldOfAnyOf<osg::SFString>, [](const Container& c, const Name& name) {
-             return new moStringFieldUndoCommand(text(), c, name, "new"); }},
-        {"strings", "multiString", isFieldOfAnyOf<osg::MFString>, [](const Container& c, const Name& name) {
-             return new moStringsFieldUndoCommand(c, name, strings()); }},
-        {"stringsWithText", "multiString", isFieldOfAnyOf<osg::MFString>, [](const Container& c, const Name& name) {
-             return new moStringsFieldUndoCommand(text(), c, name, strings()); }},
-        {"image", "singleImagePtr", isFieldOfAnyOf<osg::SFImagePtr>, [](const Container& c, const Name& name) {
-             return new moImageFieldUndoCommand(c, name, makeImage({1, 2, 3})); }},
+        {"bool", "singleBool", isBoolOrIntegerField, [](const Container& c, Name n, Parent p) {
+             return new moBoolFieldUndoCommand(c, n, true, p); }},
+        {"boolWithText", "singleBool", isBoolOrIntegerField, [](const Container& c, Name n, Parent p) {
+             return new moBoolFieldUndoCommand(text(), c, n, true, p); }},
+        {"boolIntoInteger", "singleInt16", isBoolOrIntegerField, [](const Container& c, Name n, Parent p) {
+             return new moBoolFieldUndoCommand(c, n, true, p); }},
+        {"invoke", "singleBool", isBoolOrIntegerField, [](const Container& c, Name n, Parent p) {
+             return new moInvokeBoolFieldUndoCommand(c, n, true, receiver(), method, p); }},
+        {"invokeWithText", "singleBool", isBoolOrIntegerField, [](const Container& c, Name n, Parent p) {
+             return new moInvokeBoolFieldUndoCommand(text(), c, n, true, receiver(), method, p); }},
+        {"string", "singleString", isFieldOfAnyOf<osg::SFString>, [](const Container& c, Name n, Parent p) {
+             return new moStringFieldUndoCommand(c, n, "new", p); }},
+        {"stringWithText", "singleString", isFieldOfAnyOf<osg::SFString>, [](const Container& c, Name n, Parent p) {
+             return new moStringFieldUndoCommand(text(), c, n, "new", p); }},
+        {"strings", "multiString", isFieldOfAnyOf<osg::MFString>, [](const Container& c, Name n, Parent p) {
+             return new moStringsFieldUndoCommand(c, n, strings(), p); }},
+        {"stringsWithText", "multiString", isFieldOfAnyOf<osg::MFString>, [](const Container& c, Name n, Parent p) {
+             return new moStringsFieldUndoCommand(text(), c, n, strings(), p); }},
+        {"image", "singleImagePtr", isFieldOfAnyOf<osg::SFImagePtr>, [](const Container& c, Name n, Parent p) {
+             return new moImageFieldUndoCommand(c, n, makeImage({1, 2, 3}), p); }},
     };
     // clang-format on
     return s_forms;
@@ -94,20 +96,20 @@ const std::vector<IdForm>& idForms()
 {
     // clang-format off
     static const std::vector<IdForm> s_forms = {
-        {"bool", "singleBool", isBoolOrIntegerField, [](const Container& c, int id) {
-             return new moBoolFieldUndoCommand(c, id, true); }},
-        {"boolWithText", "singleBool", isBoolOrIntegerField, [](const Container& c, int id) {
-             return new moBoolFieldUndoCommand(text(), c, id, true); }},
-        {"invoke", "singleBool", isBoolOrIntegerField, [](const Container& c, int id) {
-             return new moInvokeBoolFieldUndoCommand(c, id, true, receiver(), method); }},
-        {"invokeWithText", "singleBool", isBoolOrIntegerField, [](const Container& c, int id) {
-             return new moInvokeBoolFieldUndoCommand(text(), c, id, true, receiver(), method); }},
-        {"string", "singleString", isFieldOfAnyOf<osg::SFString>, [](const Container& c, int id) {
-             return new moStringFieldUndoCommand(c, id, "new"); }},
-        {"stringWithText", "singleString", isFieldOfAnyOf<osg::SFString>, [](const Container& c, int id) {
-             return new moStringFieldUndoCommand(text(), c, id, "new"); }},
-        {"image", "singleImagePtr", isFieldOfAnyOf<osg::SFImagePtr>, [](const Container& c, int id) {
-             return new moImageFieldUndoCommand(c, id, makeImage({1, 2, 3})); }},
+        {"bool", "singleBool", isBoolOrIntegerField, [](const Container& c, int id, Parent p) {
+             return new moBoolFieldUndoCommand(c, id, true, p); }},
+        {"boolWithText", "singleBool", isBoolOrIntegerField, [](const Container& c, int id, Parent p) {
+             return new moBoolFieldUndoCommand(text(), c, id, true, p); }},
+        {"invoke", "singleBool", isBoolOrIntegerField, [](const Container& c, int id, Parent p) {
+             return new moInvokeBoolFieldUndoCommand(c, id, true, receiver(), method, p); }},
+        {"invokeWithText", "singleBool", isBoolOrIntegerField, [](const Container& c, int id, Parent p) {
+             return new moInvokeBoolFieldUndoCommand(text(), c, id, true, receiver(), method, p); }},
+        {"string", "singleString", isFieldOfAnyOf<osg::SFString>, [](const Container& c, int id, Parent p) {
+             return new moStringFieldUndoCommand(c, id, "new", p); }},
+        {"stringWithText", "singleString", isFieldOfAnyOf<osg::SFString>, [](const Container& c, int id, Parent p) {
+             return new moStringFieldUndoCommand(text(), c, id, "new", p); }},
+        {"image", "singleImagePtr", isFieldOfAnyOf<osg::SFImagePtr>, [](const Container& c, int id, Parent p) {
+             return new moImageFieldUndoCommand(c, id, makeImage({1, 2, 3}), p); }},
     };
     // clang-format on
     return s_forms;

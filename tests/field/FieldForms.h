@@ -31,7 +31,8 @@ struct FieldForm
     std::string fieldName; // a field of osg::AllFields that the class can write
     std::function<bool(const osg::Field*)> handles;
     /// A command whose first redo changes the field of a new container.
-    std::function<moFieldBaseUndoCommand<>*(const osg::FieldContainerPtr& container, Key key)> make;
+    std::function<moFieldBaseUndoCommand<>*(const osg::FieldContainerPtr& container, Key key, QUndoCommand* parent)>
+        make;
 };
 
 using NameForm = FieldForm<const std::string&>;

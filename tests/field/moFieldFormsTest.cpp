@@ -24,6 +24,14 @@ bool isReallyUndone(std::string_view what)
     return what.substr(0, 6) != "invoke"; // its undo does nothing
 }
 
+/// The wording of the commands that FieldForms.cpp makes.
+std::string textOf(std::string_view what)
+{
+    if (what == "image") return "Set Texture";
+    const bool hasText = what.substr(0, 6) == "scalar" || what.find("WithText") != std::string_view::npos;
+    return hasText ? "Edit" : "";
+}
+
 template<class Form>
 class FormTest : public FieldTest, public testing::WithParamInterface<Form>
 {
@@ -117,6 +125,18 @@ protected:
         EXPECT_EQ(notified, undone ? 3 : 2);
     }
 
+    template<class Key>
+    void expectTextAndParent(Key key)
+    {
+        QUndoCommand parent;
+        const moFieldBaseUndoCommand<>* const command = form.make(target, key, &parent);
+        EXPECT_EQ(command->text().toStdString(), textOf(form.what));
+        EXPECT_EQ(command->getDescription().toStdString(), textOf(form.what));
+        EXPECT_EQ(command->parent(), &parent);
+        ASSERT_EQ(parent.childCount(), 1);
+        EXPECT_EQ(parent.child(0), command);
+    }
+
     void expectInertWhenTheContainerGoes(moFieldBaseUndoCommand<>* command)
     {
         int notified = 0;
@@ -180,12 +200,17 @@ INSTANTIATE_TEST_SUITE_P(Every, NumberedFieldTest, testing::ValuesIn(idForms()),
 
 TEST_P(NamedFieldTest, EachStepIsOneEditOfTheFieldFollowedByTheNotifyFunction)
 {
-    expectWritesItsField(form.make(target, form.fieldName));
+    expectWritesItsField(form.make(target, form.fieldName, nullptr));
+}
+
+TEST_P(NamedFieldTest, TextAndParentAreTheOnesThatTheConstructorWasGiven)
+{
+    expectTextAndParent(form.fieldName);
 }
 
 TEST_P(NamedFieldTest, TheCaseOfTheFirstLetterDoesNotMatter)
 {
-    expectWritesItsField(form.make(target, withFirstLetterFlipped(form.fieldName)));
+    expectWritesItsField(form.make(target, withFirstLetterFlipped(form.fieldName), nullptr));
 }
 
 TEST_P(NamedFieldTest, ANameThatIsNotFoundMakesTheCommandInert)
@@ -195,52 +220,58 @@ TEST_P(NamedFieldTest, ANameThatIsNotFoundMakesTheCommandInert)
     for (const std::string& name :
          {std::string(), std::string("noSuchField"), QString::fromStdString(form.fieldName).toLower().toStdString(),
           otherFirst, form.fieldName + '\0', form.fieldName + ' ', std::string(100000, 's')})
-        expectUnresolved(form.make(target, name), '"' + name.substr(0, 40) + '"');
+        expectUnresolved(form.make(target, name, nullptr), '"' + name.substr(0, 40) + '"');
 }
 
 TEST_P(NamedFieldTest, ANullContainerMakesTheCommandInert)
 {
-    expectUnresolved(form.make(osg::NullFC, form.fieldName), "null");
+    expectUnresolved(form.make(osg::NullFC, form.fieldName, nullptr), "null");
 }
 
 TEST_P(NamedFieldTest, AContainerThatGoesBetweenUndoAndRedoMakesTheCommandInert)
 {
-    expectInertWhenTheContainerGoes(form.make(target, form.fieldName));
+    expectInertWhenTheContainerGoes(form.make(target, form.fieldName, nullptr));
 }
 
 TEST_P(NamedFieldTest, AFieldOfAnotherTypeIsLeftAlone)
 {
     expectOtherFieldsLeftAlone([this](const osg::FieldContainerPtr& any, osg::UInt32 id) {
-        return form.make(any, any->getType().getFieldDescription(id)->getCName());
+        return form.make(any, any->getType().getFieldDescription(id)->getCName(), nullptr);
     });
 }
 
 TEST_P(NumberedFieldTest, EachStepIsOneEditOfTheFieldFollowedByTheNotifyFunction)
 {
-    expectWritesItsField(form.make(target, static_cast<int>(fieldId)));
+    expectWritesItsField(form.make(target, static_cast<int>(fieldId), nullptr));
+}
+
+TEST_P(NumberedFieldTest, TextAndParentAreTheOnesThatTheConstructorWasGiven)
+{
+    expectTextAndParent(static_cast<int>(fieldId));
 }
 
 TEST_P(NumberedFieldTest, AnIdThatTheContainerDoesNotHaveMakesTheCommandInert)
 {
     const int last = static_cast<int>(target->getType().getNumFieldDescs());
     for (const int id : {0, -1, last + 1, 64, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
-        expectUnresolved(form.make(target, id), std::to_string(id));
+        expectUnresolved(form.make(target, id, nullptr), std::to_string(id));
 }
 
 TEST_P(NumberedFieldTest, ANullContainerMakesTheCommandInert)
 {
-    expectUnresolved(form.make(osg::NullFC, static_cast<int>(fieldId)), "null");
+    expectUnresolved(form.make(osg::NullFC, static_cast<int>(fieldId), nullptr), "null");
 }
 
 TEST_P(NumberedFieldTest, AContainerThatGoesBetweenUndoAndRedoMakesTheCommandInert)
 {
-    expectInertWhenTheContainerGoes(form.make(target, static_cast<int>(fieldId)));
+    expectInertWhenTheContainerGoes(form.make(target, static_cast<int>(fieldId), nullptr));
 }
 
 TEST_P(NumberedFieldTest, AFieldOfAnotherTypeIsLeftAlone)
 {
-    expectOtherFieldsLeftAlone(
-        [this](const osg::FieldContainerPtr& any, osg::UInt32 id) { return form.make(any, static_cast<int>(id)); });
+    expectOtherFieldsLeftAlone([this](const osg::FieldContainerPtr& any, osg::UInt32 id) {
+        return form.make(any, static_cast<int>(id), nullptr);
+    });
 }
 
 TEST_F(FieldTest, TheTestContainersHaveAFieldOfEveryTypeThereIs)
