@@ -20,8 +20,8 @@ public:
 
 protected:
     /// \param text          the action word.
-    /// \param flag          handed to those operations that take one (there it means world space); false for the
-    /// others. \param variantIndex  -1: the node's own transform; from 0 on: that variant of the node.
+    /// \param flag          world space, handed to those operations that take it; false for the others.
+    /// \param variantIndex  -1: the node's own transform; from 0 on: that variant of the node.
     moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, QUndoCommand* parent,
                            int variantIndex);
 

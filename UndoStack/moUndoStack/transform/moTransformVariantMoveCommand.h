@@ -15,9 +15,9 @@
 
 /// Moves transform variants within the list of a node.
 ///
-/// \param callback  called after every step with the positions before it and those after it, in ascending order of the
-/// old positions.
-///                  Required: an empty one throws std::bad_function_call after the edit was made.
+/// \param callback  called after every step with the positions before it and those after it, both in ascending order of
+///                  the positions before the move. Required: an empty one throws std::bad_function_call after the edit
+///                  was made.
 ///
 /// Which variant goes where is recorded at construction, by ids; the command holds no reference, only for the duration
 /// of a step. Never merges. Message: "id" (int). Positions out of range record nothing: the steps then leave the list

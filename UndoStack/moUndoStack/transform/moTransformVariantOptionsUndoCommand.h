@@ -14,7 +14,7 @@
 ///
 /// \param applyFlags  osg::TransformVariant::ApplyFlags; all 64 bits are kept.
 /// \param callback    called after every step. Required: an empty one throws std::bad_function_call after the edit was
-/// made.
+///                    made.
 ///
 /// Old value: read at construction. Never merges. Message: "id" (int).
 /// A variant that has gone makes a step do and tell nothing; a null one makes a command that never does anything.
