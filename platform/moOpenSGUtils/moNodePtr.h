@@ -10,7 +10,8 @@ class moNodePtr
 public:
     moNodePtr() = default;
 
-    /// Implicit: wherever a moNodePtr is wanted a node may be given. \param node  alive or null.
+    /// Implicit: wherever a moNodePtr is wanted a node may be given.
+    /// \param node  alive or null.
     moNodePtr(const osg::NodePtr& node);
 
     /// Null when the node has gone or there was none.

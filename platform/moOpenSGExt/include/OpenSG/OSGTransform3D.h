@@ -33,15 +33,17 @@ OSG_CONTAINER_BASE(Transform3D, Transform, OSG_TRANSFORM3D_FIELDS)
 
 /// A transform made of components. changed() composes them into the inherited matrix:
 ///
-///     M = T · Tr · Pr · (O · R · O⁻¹) · Pr⁻¹ · Ts · Ps · H · S · Ps⁻¹        (column vectors: the right end acts
-///     first)
+///     M = T · Tr · Pr · (O · R · O⁻¹) · Pr⁻¹ · Ts · Ps · H · S · Ps⁻¹
 ///
-/// S, H   scale and shear; shear (a, b, c) adds a·y + b·z to x and c·z to y. Ps scale pivot, Ts scale pivot
-/// translation. R      the rotation; Pr rotate pivot, Tr rotate pivot translation. T translation. O      orientation of
-/// the axes that R turns about: what Pr is to the centre of the rotation, O is to its axes. A transform
-///        without rotation is not moved by it. It is given by three angles (degrees, about x, then y, then z) or by a
-///        direction: the smallest turn that takes the axis rotationDirectionMode (0 x, 1 y, 2 z; any other counts as x)
-///        there. A direction is in force when it is finite and not zero, and then replaces the angles.
+/// Vectors are columns: the right end acts first.
+///
+/// - S, H: scale and shear; shear (a, b, c) adds a·y + b·z to x and c·z to y.
+/// - Ps, Ts: scale pivot and scale pivot translation.
+/// - R: the rotation. Pr, Tr: rotate pivot and rotate pivot translation. T: translation.
+/// - O: orientation of the axes that R turns about: what Pr is to the centre of the rotation, O is to its axes. A
+///   transform without rotation is not moved by it. It is given by three angles (degrees, about x, then y, then z) or
+///   by a direction: the smallest turn that takes the axis rotationDirectionMode (0 x, 1 y, 2 z; any other counts as x)
+///   there. A direction is in force when it is finite and not zero, and then replaces the angles.
 ///
 /// The rotation is kept twice, and changed() keeps both in step: as a quaternion, which the matrix is made from, and as
 /// three angles in degrees (x, y, z: the angle about that axis) with the order in which the axes are turned about,
