@@ -20,7 +20,8 @@ public:
     {
         osg::beginEditCP(m_container, m_mask, osg::ChangedOrigin::External);
     }
-    ~Edit() { osg::endEditCP(m_container, m_mask, osg::ChangedOrigin::External); }
+    // What a listener to the change throws goes on to the caller.
+    ~Edit() noexcept(false) { osg::endEditCP(m_container, m_mask, osg::ChangedOrigin::External); }
     Edit(const Edit&) = delete;
     Edit& operator=(const Edit&) = delete;
 

@@ -24,7 +24,7 @@ moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, 
     const std::uint64_t count = moNodeUtils::getTransformVariantCount(node);
     if (listPosition(to) >= count || from.size() > count - listPosition(to)) return;
     for (const int position : from)
-        if (record(node, position, to)) ++to;
+        if (listPosition(position) < count && record(node, position, to)) ++to;
 }
 
 moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, int from, int to, QUndoCommand* parent,
