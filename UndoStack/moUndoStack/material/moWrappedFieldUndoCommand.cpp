@@ -25,7 +25,7 @@ bool moWrappedFieldUndoCommand::mergeWith(const QUndoCommand* other)
 bool moWrappedFieldUndoCommand::canMergeWith(const QUndoCommand* other) const
 {
     if (!moUndoCommand::canMergeWith(other)) return false;
-    const auto* newer = dynamic_cast<const moWrappedFieldUndoCommand*>(other);
+    const auto* newer = castLike(*this, other);
     if (!newer || newer->m_firstId != m_firstId || newer->m_secondId != m_secondId) return false;
     // Without a command of their own there is nothing that could be lost.
     if (!m_wrapped || !newer->m_wrapped) return m_wrapped == newer->m_wrapped;
