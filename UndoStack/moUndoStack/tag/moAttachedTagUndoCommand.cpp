@@ -54,8 +54,8 @@ moAttachedTagUndoCommand::moAttachedTagUndoCommand(const moUndoString& text, osg
 
     m_oldTags = *field.tags;
     if (newTags) m_newTags = *newTags;
-    m_oldValues = std::move(oldValues);
-    m_newValues = std::move(newValues);
+    m_oldValues.swap(oldValues);
+    m_newValues.swap(newValues);
 
     const bool isUserTag = fieldId == osg::TagAttachment::UserTagsFieldId;
     const bool isSystemTag = fieldId == osg::TagAttachment::SystemTagsFieldId;
