@@ -119,6 +119,25 @@ TEST_F(VisibilityReference, ANodeThatOnlyTheLightHoldsGoesAfterItsEdit)
     EXPECT_TRUE(light->getVisibilityReference() == osg::NullFC);
 }
 
+TEST_F(VisibilityReference, ANodeThatNobodyHoldsYetSurvivesBothSteps)
+{
+    const osg::NodePtr fresh = osg::Node::create();
+    const osg::UInt32 id = idOf(fresh);
+    Command command(light, fresh, removing, nullptr);
+    command.redo();
+    ASSERT_TRUE(isAlive(id));
+    command.undo();
+    EXPECT_EQ(light->getVisibilityReference(), fresh);
+    EXPECT_EQ(fresh.getRefCount(), 1) << "the light's";
+}
+
+TEST_F(VisibilityReference, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    new Command(light, node, adding, &parent);
+    EXPECT_EQ(parent.childCount(), 1);
+}
+
 TEST_F(VisibilityReference, NothingMergesHoweverFast)
 {
     auto* first = new Command(light, node, adding, nullptr);

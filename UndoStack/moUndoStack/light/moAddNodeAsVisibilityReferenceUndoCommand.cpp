@@ -39,8 +39,9 @@ void moAddNodeAsVisibilityReferenceUndoCommand::apply(bool remove)
     const auto node = findContainer<osg::NodePtr>(m_nodeId);
     if (!light || !node) return;
 
-    // The light may be the last to hold the node, which has to outlive its edit.
-    const ContainerReference held(node);
+    // The light may be the last to hold the node, which has to outlive its edit. One that nobody holds yet is not held:
+    // giving the reference back would destroy it.
+    const ContainerReference held(node.getRefCount() > 0 ? node : osg::NodePtr());
     // In this order, so that the light's edit closes first.
     const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
     const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
