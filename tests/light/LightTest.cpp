@@ -13,6 +13,13 @@
 #include <algorithm>
 #include <sstream>
 
+namespace osg {
+
+MO_TRACED_CONTAINER(LightLinkSet, "LightLinkSet")
+MO_TRACED_CONTAINER(UberLight, "UberLight")
+
+} // namespace osg
+
 void LightTest::SetUp()
 {
     UndoTest::SetUp();
@@ -39,6 +46,16 @@ void LightTest::drop(const osg::FieldContainerPtr& container)
     ASSERT_NE(entry, m_kept.end()) << "dropped what was not kept";
     m_kept.erase(entry);
     osg::subRefCP(container);
+}
+
+osg::NodePtr LightTest::makeTracedLight()
+{
+    return makeNode<osg::TracedUberLight>("light");
+}
+
+osg::LightLinkSetPtr LightTest::makeTracedSet()
+{
+    return osg::TracedLightLinkSet::create();
 }
 
 osg::NodePtr LightTest::place(const osg::NodePtr& parent, const std::string& name, const osg::NodeCorePtr& core)

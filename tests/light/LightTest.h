@@ -1,5 +1,6 @@
 #pragma once
 
+#include <support/EditTrace.h>
 #include <support/Trace.h>
 #include <support/UndoTest.h>
 
@@ -41,6 +42,12 @@ protected:
         return place(sceneNode, name, Core::create());
     }
     osg::NodePtr makeLight(const std::string& name = "light") { return makeNode<osg::UberLight>(name); }
+
+    /// The same, with a core that tells EditTrace of its changes; goodbye is the last, when the node goes.
+    osg::NodePtr makeTracedLight();
+    static constexpr const char* goodbye = "TracedUberLight parents 1";
+    /// A set that tells EditTrace of its changes.
+    static osg::LightLinkSetPtr makeTracedSet();
 
     /// A node with the core, below the parent, which alone holds it.
     osg::NodePtr place(const osg::NodePtr& parent, const std::string& name, const osg::NodeCorePtr& core);

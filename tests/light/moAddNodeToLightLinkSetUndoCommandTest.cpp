@@ -246,6 +246,42 @@ TEST_P(LightLinkList, OnlyTheAddressedListIsEdited)
     EXPECT_EQ(edits.take(), expected);
 }
 
+TEST_P(LightLinkList, NodesThatAreNotTakenLeaveTheIndicesWithTheirNodes)
+{
+    const auto nodes = listed("abcd");
+    stack.addOrExecute(
+        new Command(set, {nodes[0], root, osg::NullFC, nodes[2], nodes[3]}, listType(), removing, nullptr));
+    EXPECT_EQ(list(), "b");
+    stack.undo();
+    EXPECT_EQ(list(), "a b c d");
+    EXPECT_THAT(log.take(), testing::SizeIs(1));
+}
+
+TEST_P(LightLinkList, ASetTakenAwayByAListenerIsNotEditedAnyMore)
+{
+    const auto a = make("a"), b = make("b");
+    const osg::NodePtr holder = place(root, "traced set", makeTracedSet());
+    auto* command = new Command(osg::LightLinkSetPtr::dcast(holder->getCore()), {a, b}, listType(), adding, nullptr);
+    EditTrace edits;
+    edits.onChange([&] { destroy(holder); });
+    stack.addOrExecute(command);
+    EXPECT_THAT(edits.take(),
+                testing::ElementsAre(ofLights() ? "TracedLightLinkSet lights 1" : "TracedLightLinkSet sceneNodes 1",
+                                     "TracedLightLinkSet parents 1"))
+        << "the second is what the set's node does when it goes";
+    EXPECT_EQ(a.getRefCount(), 1);
+    EXPECT_EQ(b.getRefCount(), 1);
+}
+
+TEST_P(LightLinkList, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    const auto a = make("a");
+    new Command(set, a, listType(), adding, &parent);
+    new Command(set, std::vector{a}, listType(), adding, &parent);
+    EXPECT_EQ(parent.childCount(), 2);
+}
+
 TEST_P(LightLinkList, TheMessageNamesTheSet)
 {
     const auto a = make("a");

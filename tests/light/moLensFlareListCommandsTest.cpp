@@ -407,6 +407,18 @@ TEST_F(LensFlareElements, ANodeThatIsNoLightAndALightWithoutEffectTakeNoElements
     EXPECT_TRUE(moLights::getLensFlareEffect(light) == osg::NullFC);
 }
 
+TEST_F(LensFlareElements, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    new moAddLensFlareElementCommand(osg::NullFC, {}, &parent);
+    new moRemoveLensFlareElementCommand(osg::NullFC, {}, &parent);
+    new moAddGhostCommand(osg::NullFC, {}, &parent);
+    new moRemoveGhostCommand(osg::NullFC, {}, &parent);
+    new moSetLensFlareEffectCommand(osg::NullFC, osg::NullFC, &parent);
+    new moSetLightProfileShapeCommand(osg::NullFC, &parent);
+    EXPECT_EQ(parent.childCount(), 6);
+}
+
 TEST_F(LensFlareElements, EachClassTranslatesInItsOwnContext)
 {
     class ContextNames : public QTranslator

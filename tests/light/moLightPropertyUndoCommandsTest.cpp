@@ -333,6 +333,45 @@ TEST_F(LightPropertyDetails, UndoOfAnAttenuationKeepsALightValueThatWasSetAfterI
     EXPECT_EQ(moLights::getLightValue(light), 77.f);
 }
 
+TEST_F(LightPropertyDetails, ALightTakenAwayByAListenerOfTheModeIsNotWrittenAnyMore)
+{
+    light = makeTracedLight();
+    EditTrace edits;
+    edits.onChange([this] { destroy(light); });
+    stack.addOrExecute(new moLightAttenuationUndoCommand(light, Light::LinearAttenuation, nullptr));
+    EXPECT_THAT(edits.take(), testing::ElementsAre("TracedUberLight intensity|attenuation 1", goodbye));
+}
+
+TEST_F(LightPropertyDetails, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    new moLightDiffuseUndoCommand(light, {}, &parent);
+    new moLightGlossyUndoCommand(light, {}, &parent);
+    new moLightIntensityUndoCommand(light, 1.f, &parent);
+    new moLightPenumbraAngleUndoCommand(light, 1.f, &parent);
+    new moLightConeAngleUndoCommand(light, 1.f, &parent);
+    new moLightAttenuationUndoCommand(light, Light::NoAttenuation, &parent);
+    new moLightEnableUndoCommand(light, true, &parent);
+    new moLightVisibleUndoCommand(light, true, &parent);
+    EXPECT_EQ(parent.childCount(), 8);
+}
+
+TEST_F(LightPropertyDetails, NoCommandSetsAFlag)
+{
+    struct Diffuse : moLightDiffuseUndoCommand
+    {
+        using moLightDiffuseUndoCommand::m_lightFlags;
+        using moLightDiffuseUndoCommand::moLightDiffuseUndoCommand;
+    };
+    struct Enable : moLightEnableUndoCommand
+    {
+        using moLightEnableUndoCommand::m_lightFlags;
+        using moLightEnableUndoCommand::moLightEnableUndoCommand;
+    };
+    EXPECT_EQ(Diffuse(light, {}, nullptr).m_lightFlags, 0u);
+    EXPECT_EQ(Enable(light, true, nullptr).m_lightFlags, 0u);
+}
+
 TEST_F(LightPropertyDetails, AnAngleOutOfRangeIsSetAsTheLimitAndUndoGivesTheOldOne)
 {
     const std::string before = describeLight(light);

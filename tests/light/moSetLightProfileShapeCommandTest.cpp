@@ -94,6 +94,34 @@ TEST_F(SetLightProfileShape, AProfileLightInAnotherUnitGetsTheDefaultOne)
     EXPECT_EQ(moLights::getLightUnit(light), Light::Candela);
 }
 
+TEST_F(SetLightProfileShape, RedoEditsTheShapeThenTheUnitThenTheValue)
+{
+    auto* command = new moSetLightProfileShapeCommand(light, nullptr);
+    EditLog edits;
+    stack.addOrExecute(command);
+    const osg::UInt32 core = idOf(coreOf(light));
+    EXPECT_THAT(edits.take(),
+                testing::ElementsAre(EditLog::Edit(core, Light::LightTypeFieldMask | Light::LightUnitFieldMask |
+                                                             Light::IntensityFieldMask | Light::ScaleFieldMask),
+                                     EditLog::Edit(core, Light::LightUnitFieldMask | Light::IntensityFieldMask),
+                                     EditLog::Edit(core, Light::IntensityFieldMask)));
+}
+
+TEST_F(SetLightProfileShape, ALightTakenAwayByAListenerIsNotEditedAnyMore)
+{
+    using Command = moSetLightProfileShapeCommand;
+    for (const bool undo : {false, true}) {
+        light = makeTracedLight();
+        Command command(light, nullptr);
+        if (undo) command.redo();
+        EditTrace edits;
+        edits.onChange([this] { destroy(light); });
+        undo ? command.undo() : command.redo();
+        EXPECT_THAT(edits.take(),
+                    testing::ElementsAre("TracedUberLight scale|lightType|intensity|lightUnit 1", goodbye));
+    }
+}
+
 TEST_F(SetLightProfileShape, UndoEditsTheScaleAloneForTheScale)
 {
     stack.addOrExecute(new moSetLightProfileShapeCommand(light, nullptr));

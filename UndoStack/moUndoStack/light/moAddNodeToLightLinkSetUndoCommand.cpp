@@ -104,9 +104,10 @@ void moAddNodeToLightLinkSetUndoCommand::redo()
 
 void moAddNodeToLightLinkSetUndoCommand::apply(bool remove)
 {
-    const auto set = findContainer<osg::LightLinkSetPtr>(m_setId);
-    if (!set) return;
     for (std::size_t i = 0; i < m_nodeIds.size(); ++i) {
+        // Found anew for each node: whoever hears of one edit may take the set away before the next.
+        const auto set = findContainer<osg::LightLinkSetPtr>(m_setId);
+        if (!set) return;
         const auto node = findContainer<osg::NodePtr>(m_nodeIds[i]);
         if (!node) continue;
         if (remove) {

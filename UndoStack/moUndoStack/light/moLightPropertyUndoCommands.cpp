@@ -1,5 +1,7 @@
 #include <moUndoStack/light/moLightPropertyUndoCommands.h>
 
+#include <moUndoStack/core/moContainer_p.h>
+
 #include <moOpenSGUtils/moLights.h>
 #include <moUndoUtils/moUndoString.h>
 
@@ -14,12 +16,14 @@ moUndoString lightText(const char* text, const QString& description)
                         QStringLiteral("Light Commands"));
 }
 
-/// The mode without what moLights does to the light value beside it.
+/// The mode without what moLights does to the light value beside it. The light is found anew in between: whoever hears
+/// of the mode may take it away.
 void setAttenuationOnly(const osg::NodePtr& light, osg::UberLight::LightAttenuation mode)
 {
+    const unsigned int lightId = containerId(light);
     const float value = moLights::getLightValue(light);
     moLights::setAttenuation(light, mode);
-    moLights::setLightValue(light, value);
+    moLights::setLightValue(findContainer<osg::NodePtr>(lightId), value);
 }
 
 } // namespace

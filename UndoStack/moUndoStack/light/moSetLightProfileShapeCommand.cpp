@@ -21,27 +21,30 @@ moSetLightProfileShapeCommand::moSetLightProfileShapeCommand(const osg::NodePtr&
 
 void moSetLightProfileShapeCommand::redo()
 {
-    const auto light = findContainer<osg::NodePtr>(m_lightId);
-    moLights::setLightProfileShape(light);
-    moLights::setDefaultLightUnit(light);
-    const float profileValue = moLights::getLightProfileValue(light);
-    moLights::setLightValue(light, profileValue > 0.f ? profileValue : m_lightValue);
+    moLights::setLightProfileShape(light());
+    moLights::setDefaultLightUnit(light());
+    const float profileValue = moLights::getLightProfileValue(light());
+    moLights::setLightValue(light(), profileValue > 0.f ? profileValue : m_lightValue);
 }
 
 void moSetLightProfileShapeCommand::undo()
 {
-    const auto light = findContainer<osg::NodePtr>(m_lightId);
-    moLights::changeLightType(light, m_typeName.c_str());
+    moLights::changeLightType(light(), m_typeName.c_str());
     // No type name: it was no light, and nothing was remembered that could be put back.
-    if (!light || m_typeName.empty()) return;
-    if (const auto core = osg::Transform3DPtr::dcast(light->getCore())) {
+    if (!light() || m_typeName.empty()) return;
+    if (const auto core = osg::Transform3DPtr::dcast(light()->getCore())) {
         const ContainerEdit edit(core, osg::Transform3DBase::ScaleFieldMask);
         core->setScale(m_scale);
     }
-    moLights::setLightValue(light, m_lightValue);
+    moLights::setLightValue(light(), m_lightValue);
 }
 
 bool moSetLightProfileShapeCommand::canMergeWith(const QUndoCommand*) const
 {
     return false;
+}
+
+osg::NodePtr moSetLightProfileShapeCommand::light() const
+{
+    return findContainer<osg::NodePtr>(m_lightId);
 }

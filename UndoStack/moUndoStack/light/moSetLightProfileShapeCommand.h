@@ -29,6 +29,9 @@ public:
     bool canMergeWith(const QUndoCommand* other) const override;
 
 private:
+    /// Asked before each edit and not kept: whoever hears of one edit may take the light away before the next.
+    osg::NodePtr light() const;
+
     unsigned int m_lightId;
     std::string m_typeName;
     osg::Vec3f m_scale;
