@@ -64,8 +64,8 @@ public:
         ProfileLight
     };
 
-    /// Lumen and watt are those of a light that shines evenly in all directions (watt at 555 nm), lux is measured at 1
-    /// m.
+    /// Lumen and watt are those of a light that shines evenly in all directions (watt at 555 nm), lux is measured at
+    /// 1 m.
     enum LightUnit : Int32
     {
         Candela,

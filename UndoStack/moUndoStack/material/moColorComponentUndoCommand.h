@@ -5,9 +5,8 @@
 
 /// Sets one field of a colour component, and tells listeners which component it was and whose.
 ///
-/// \param command          the field command that does the edit, owned from here on; see moWrappedFieldUndoCommand.
-/// Null makes
-///                         the command inert.
+/// \param command          the field command that does the edit, owned from here on; null makes the command inert.
+///                         See moWrappedFieldUndoCommand.
 /// \param parentContainer  what the component belongs to; may be null.
 /// \param component        the colour component; may be null.
 ///

@@ -5,9 +5,8 @@
 
 /// Sets one field of a material's colour component settings, and has the settings and the material tell of it.
 ///
-/// \param command            the field command that does the edit, owned from here on; see moWrappedFieldUndoCommand.
-/// Null
-///                           makes the command inert.
+/// \param command            the field command that does the edit, owned from here on; null makes the command inert.
+///                           See moWrappedFieldUndoCommand.
 /// \param material           the osg::UberMaterial whose colour data changes with the settings; may be null.
 /// \param componentSettings  the osg::ColorComponentSettings; may be null.
 ///

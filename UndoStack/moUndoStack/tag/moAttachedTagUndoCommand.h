@@ -15,9 +15,8 @@ class ContainerReference;
 ///
 /// \param container  the tagged object; held for the life of the command. Null makes the command inert.
 /// \param fieldMask  passed to the edit bracket of the tags and, as it stands, to that of the stamps.
-/// \param fieldId    the string list within the attachment: 4 or 5. Any other list of strings is edited too and counts
-/// as
-///                   SYSTEM_TAG, after a line on standard output.
+/// \param fieldId    the string list within the attachment: 4 or 5. Any other list of strings is edited, too, and
+///                   counts as SYSTEM_TAG, after a line on standard output.
 /// \param tag        the tag that was added or removed, for getTagString().
 /// \param newTags    the whole list after the change; copied, stays the caller's. Null stands for an empty list.
 /// \param oldValues  the stamps before the change.
