@@ -167,6 +167,13 @@ TYPED_TEST(AddSourcesTest, TellsItsTextAndIdAlone)
                                                   " id=int:" + std::to_string(TypeParam::Command::commandId())));
 }
 
+TYPED_TEST(AddSourcesTest, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    new typename TypeParam::Command(this->aim, {this->lamp}, &parent);
+    EXPECT_EQ(parent.childCount(), 1);
+}
+
 TYPED_TEST(AddSourcesTest, TwoInARowNeverMerge)
 {
     auto* first = this->create({this->lamp});
@@ -187,6 +194,20 @@ TEST_F(AddToOneRole, UpVectorSourcesAreAnnouncedAsSourcesThoughSourcesStay)
     command.redo();
     EXPECT_EQ(describe(aim), "sources car*1 up lamp*1 target -");
     EXPECT_THAT(edits.take(), ElementsAre("aim sources 1"));
+}
+
+TEST_F(AddToOneRole, AConstraintThatIsNoAimConstraintTakesNoUpVectorSources)
+{
+    // Assigned as to any handle: nobody has looked at the type.
+    osg::AimConstraintPtr unchecked;
+    static_cast<osg::FieldContainerPtr&>(unchecked) = plain;
+    for (const auto& handle : {unchecked, osg::AimConstraintPtr::dcast(plain)}) {
+        moAddAimConstraintUpVectorSourcesUndoCommand command(handle, {lamp}, nullptr);
+        command.redo();
+        command.undo();
+    }
+    EXPECT_EQ(describe(plain), "sources target -");
+    EXPECT_THAT(edits.take(), IsEmpty());
 }
 
 TEST_F(AddToOneRole, SourcesOfAConstraintThatIsNoAimConstraintAreAddedToo)

@@ -240,6 +240,13 @@ TEST_F(DeleteConstraintReference, TellsItsTextAndIdAlone)
                     std::to_string(Command::commandId())));
 }
 
+TEST_F(DeleteConstraintReference, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    new Command(aim, {lamp}, &parent);
+    EXPECT_EQ(parent.childCount(), 1);
+}
+
 TEST_F(DeleteConstraintReference, TwoInARowNeverMerge)
 {
     auto* first = new Command(aim, {lamp}, nullptr);

@@ -95,6 +95,13 @@ TEST_F(SetConstraintTarget, TellsItsTextAndIdAlone)
                             std::to_string(moSetConstraintTargetUndoCommand::commandId())));
 }
 
+TEST_F(SetConstraintTarget, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    new moSetConstraintTargetUndoCommand(aim, lamp, &parent);
+    EXPECT_EQ(parent.childCount(), 1);
+}
+
 TEST_F(SetConstraintTarget, TwoInARowNeverMerge)
 {
     auto* first = new moSetConstraintTargetUndoCommand(aim, lamp, nullptr);

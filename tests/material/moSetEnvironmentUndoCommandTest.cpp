@@ -151,6 +151,13 @@ TEST_F(SetEnvironment, TwoInARowNeverMerge)
     EXPECT_EQ(glass->getEnvironment(), osg::NullFC);
 }
 
+TEST_F(SetEnvironment, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    new moSetEnvironmentUndoCommand(glass, sky, &parent);
+    EXPECT_EQ(parent.childCount(), 1);
+}
+
 TEST_F(SetEnvironment, TellsTheStackItsMaterial)
 {
     Trace trace(stack);

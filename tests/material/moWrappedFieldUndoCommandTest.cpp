@@ -404,6 +404,14 @@ TEST_F(WrappedPair, CommandsOfDifferentClassesNeverMergeThoughTheirContainersAre
     EXPECT_FALSE(ofComponent.mergeWith(&ofMaterial));
 }
 
+TEST_F(WrappedPair, AParentThatIsGivenIsTheParent)
+{
+    QUndoCommand parent;
+    new moMaterialUndoCommand(text, setRed(0.5f), material, settings, &parent);
+    new moColorComponentUndoCommand(text, setRed(0.25f), material, settings, &parent);
+    EXPECT_EQ(parent.childCount(), 2);
+}
+
 TEST_F(WrappedPair, MaterialCommandTellsTheStackItsKeys)
 {
     Trace trace(stack);
