@@ -24,10 +24,13 @@ MO_UNDO_STACK_EXPORT osg::NodePtr findNode(unsigned int id);
 /// Sets one value of one node. A subclass says how the value is read (get) and written (set), and declares its id.
 ///
 /// The node is kept by id: once it is gone, undo and redo do nothing. A null node makes a command that never does
-/// anything. Old value: read at each step, just before the stored one is written; the two then change places, so that
-/// redo and undo are one operation. A subclass that overrides redo() changes both. Merges with a newer command of the
-/// same class and node made within its merge interval; the value from before the first one stays, so that one undo
-/// takes the whole series back. Message: "id" (int), "node" (unsigned int).
+/// anything.
+/// Old value: read at each step, just before the stored one is written; the two then change places, so that redo and
+/// undo are one operation. A subclass that overrides redo() changes both. If set() throws, the stored value stays, so
+/// that the step can be tried again.
+/// Merges with a newer command of the same class and node made within its merge interval; the value from before the
+/// first one stays, so that one undo takes the whole series back.
+/// Message: "id" (int), "node" (unsigned int).
 template<class T>
 class moFunctionUndoCommand : public moUndoCommand
 {
