@@ -41,17 +41,15 @@ class moUndoCommandBase;
 ///
 /// **Exceptions.** What a listener or a command throws reaches the caller of the outermost operation, after the calls
 /// that waited were carried out; if several throw, the first goes on and the others are logged. The stack stays usable:
-///  - redo() of a command being pushed throws: the command is deleted, the stack is as before. A command that has a
-///  parent is
-///    left to its parent.
+///  - redo() of a command being pushed throws: the command is deleted, the stack is as before. A moUndoCommandBase that
+///    has a parent is left to its parent.
 ///  - mergeWith() of the top command throws: the newer command is deleted. Its edit stays and counts as part of the top
 ///    command. Steps that could have been redone are gone, as with any push.
 ///  - a listener throws: the step stands; the listeners after that one are not told.
 ///  - undo() or redo() of a recorded command throws: the index stays.
 ///  - a command throws in the middle of a jump over several steps (reset(), or a click into the history): the index
-///  stays
-///    where it was, but the commands before the failing one have been run, and QUndoStack offers no way to say so.
-///    clear() is then the only way to a history that is true.
+///    stays where it was, but the commands before the failing one have been run, and QUndoStack offers no way to say
+///    so. clear() is then the only way to a history that is true.
 class MO_UNDO_STACK_EXPORT moUndoStack : public QObject
 {
     Q_OBJECT
