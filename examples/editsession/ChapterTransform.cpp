@@ -9,6 +9,7 @@
 #include <moOpenSGUtils/moTransformVariantUtils.h>
 
 #include <cmath>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -88,9 +89,10 @@ std::string variantNames(const osg::NodePtr& node)
 /// second view through the synchronisation function.
 void variants(Context& context, const osg::NodePtr& node)
 {
-    int notified = 0;
-    const auto listChanged = [&notified](unsigned int, int, bool) { ++notified; };
-    const auto moved = [&notified](unsigned int, const QList<int>&, const QList<int>&) { ++notified; };
+    // Shared with the commands, which stay in the history and call back at every later undo and redo.
+    const auto notified = std::make_shared<int>(0);
+    const auto listChanged = [notified](unsigned int, int, bool) { ++*notified; };
+    const auto moved = [notified](unsigned int, const QList<int>&, const QList<int>&) { ++*notified; };
 
     // What was recorded: "Open" turned by 90 degrees, "Half Open" by 45, "Closed" as the node was.
     const std::vector<std::pair<const char*, float>> poses{{"Open", 90.f}, {"Half Open", 45.f}, {"Closed", 0.f}};
@@ -112,12 +114,12 @@ void variants(Context& context, const osg::NodePtr& node)
 
     const osg::TransformVariantPtr open = moNodeUtils::getTransformVariant(node, 2);
     context.stack.addOrExecute(new moTransformVariantNameUndoCommand(
-        open, "Wide Open", nullptr, [&notified](const std::string&, const std::string&) { ++notified; }));
+        open, "Wide Open", nullptr, [notified](const std::string&, const std::string&) { ++*notified; }));
     // Everything but the scale: a pose says nothing about the size.
     context.stack.addOrExecute(new moTransformVariantOptionsUndoCommand(
         open, osg::TransformVariant::ApplyAll & ~osg::UInt64(osg::TransformVariant::ApplyScale), nullptr,
-        [&notified] { ++notified; }));
-    context.report.check("transform: the editor's list is told of every change", notified == 7);
+        [notified] { ++*notified; }));
+    context.report.check("transform: the editor's list is told of every change", *notified == 7);
 
     const osg::Transform3DPtr live = moNodeUtils::getTransform3D(node, -1);
     const osg::Vec3f size = live->getScale();
