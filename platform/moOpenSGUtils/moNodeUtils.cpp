@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace component = moTransformComponents;
 
@@ -222,7 +223,7 @@ void setTransformNodeEulerRotationOrder(const osg::NodePtr& node, std::string or
     const osg::Transform3DPtr transform = getTransform3D(node, variantIndex);
     if (transform == osg::NullFC) return;
     const Edit edit(transform, Base::EulerRotationOrderFieldMask);
-    transform->setEulerRotationOrder(order);
+    transform->getEulerRotationOrder() = std::move(order);
 }
 
 void setTransformNodeValues(const osg::NodePtr& node, const osg::Vec3f& translation,

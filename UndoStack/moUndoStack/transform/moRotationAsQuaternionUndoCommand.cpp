@@ -20,7 +20,8 @@ moRotationAsQuaternionUndoCommand::moRotationAsQuaternionUndoCommand(const moUnd
 
 void moRotationAsQuaternionUndoCommand::makeMessage(moMessage& message) const
 {
-    moUndoCommand::makeMessage(message); // not the base's own: "node" is left out, which is intended
+    // Past the base, which would add "node": leaving it out is intended.
+    moUndoCommand::makeMessage(message); // NOLINT(bugprone-parent-virtual-call)
     message.set("transformCommand", true, true);
 }
 

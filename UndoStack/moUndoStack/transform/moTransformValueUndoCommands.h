@@ -67,6 +67,7 @@ private:
 };
 
 /// Sets the translation of a node's transform.
+/// Made from (node, value, flag, [mergeEnabled | mergeDelta,] parent, callback, variantIndex).
 ///
 /// \param value  unit of the scene; with the flag the point of the world to go to, without it relative to the parent.
 /// \param flag   world space.
@@ -83,6 +84,7 @@ public:
 };
 
 /// Sets the Euler angles of a node's transform, in degrees; the order of the axes stays.
+/// Made from (node, value, [mergeEnabled | mergeDelta,] parent, callback, variantIndex).
 ///
 /// Mirrored for the node's own transform only.
 class MO_UNDO_STACK_EXPORT moRotationUndoCommand : public moTransformCallbackUndoCommand<moRotationUndoCommand>
@@ -95,6 +97,7 @@ public:
 };
 
 /// Sets the scale factors of a node's transform.
+/// Made from (node, value, [mergeEnabled | mergeDelta,] parent, callback, variantIndex).
 ///
 /// Mirrored for the node's own transform only.
 class MO_UNDO_STACK_EXPORT moScaleUndoCommand : public moTransformCallbackUndoCommand<moScaleUndoCommand>
@@ -107,6 +110,7 @@ public:
 };
 
 /// Sets the point that scaling leaves where it is.
+/// Made from (node, value, flag, [mergeEnabled | mergeDelta,] parent, variantIndex).
 ///
 /// \param flag  true: the value is a point of the world; false: of the node's own space.
 ///
@@ -121,6 +125,7 @@ public:
 };
 
 /// Sets the point that the rotation turns about.
+/// Made from (node, value, flag, [mergeEnabled | mergeDelta,] parent, variantIndex).
 ///
 /// \param flag  true: the value is a point of the world; false: of the node's own space.
 ///
@@ -136,6 +141,7 @@ public:
 };
 
 /// Sets how far the node is moved between scaling and rotation.
+/// Made from (node, value, [mergeEnabled | mergeDelta,] parent, variantIndex).
 ///
 /// Mirrored at every step, variants included (intended).
 class MO_UNDO_STACK_EXPORT moScalePivotTranslationUndoCommand
@@ -149,6 +155,7 @@ public:
 };
 
 /// Sets how far the node is moved between rotation and translation.
+/// Made from (node, value, [mergeEnabled | mergeDelta,] parent, variantIndex).
 ///
 /// Mirrored at every step, variants included (intended).
 class MO_UNDO_STACK_EXPORT moRotationPivotTranslationUndoCommand
@@ -162,6 +169,7 @@ public:
 };
 
 /// Sets the orientation of the axes that the rotation turns about, as three angles in degrees.
+/// Made from (node, value, [mergeEnabled | mergeDelta,] parent, variantIndex).
 ///
 /// The action word is that of moRotationPivotUndoCommand, and so are the texts; the ids differ. Intended.
 /// Mirrored for the node's own transform only.
