@@ -369,6 +369,18 @@ TEST_F(Exceptions, AfterTheFirstOneAreLogged)
     EXPECT_THAT(log.take(), ElementsAre("error: moUndoStack: another exception in the same operation: second"));
 }
 
+TEST_F(Exceptions, OutOfTheLogItselfDoNotLeaveTheStackAtWork)
+{
+    const moLog::Listener before = moLog::setListener([](moLog::Kind, const std::string&) { throw Fault("log"); });
+    QObject context;
+    QObject::connect(&stack, &moUndoStack::undoPerformed, &context, fails("first"));
+    QObject::connect(&stack, &moUndoStack::cleared, &context, fails("second"));
+    EXPECT_EQ(faultOf([this] { stack.clear(); }), "first");
+    QObject::disconnect(&stack, nullptr, &context, nullptr);
+    moLog::setListener(before);
+    expectTheStackToWork();
+}
+
 TEST_F(Exceptions, InAJumpLeaveTheIndexWhereItWas)
 {
     bool broken = false;

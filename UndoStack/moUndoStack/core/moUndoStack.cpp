@@ -187,11 +187,13 @@ void moUndoStack::endMultiCommand()
         return;
     }
 
-    moMultiCommand* composite = s_multiCommands.pop().first;
-    if (!s_multiCommands.isEmpty()) {
+    moMultiCommand* composite = s_multiCommands.top().first;
+    if (s_multiCommands.size() > 1) {
         abandon(composite);
+        s_multiCommands.pop();
         return;
     }
+    s_multiCommands.pop();
     const int count = composite->childCount();
     if (count < 1) {
         delete composite;
@@ -217,8 +219,10 @@ void moUndoStack::clearMultiCommands()
 {
     if (s_multiCommands.isEmpty()) return;
     moLog::warningNR("moUndoStack::clearMultiCommands() called while multi command is composed.");
-    while (s_multiCommands.size() > 1)
-        abandon(s_multiCommands.pop().first);
+    while (s_multiCommands.size() > 1) {
+        abandon(s_multiCommands.top().first);
+        s_multiCommands.pop();
+    }
     delete s_multiCommands.pop().first;
 }
 
@@ -238,11 +242,14 @@ void moUndoStack::keepException()
         return;
     }
     try {
-        throw;
-    } catch (const std::exception& later) {
-        moLog::error("moUndoStack: another exception in the same operation: %s", later.what());
-    } catch (...) {
-        moLog::error("moUndoStack: another exception in the same operation");
+        try {
+            throw;
+        } catch (const std::exception& later) {
+            moLog::error("moUndoStack: another exception in the same operation: %s", later.what());
+        } catch (...) {
+            moLog::error("moUndoStack: another exception in the same operation");
+        }
+    } catch (...) { // NOLINT(bugprone-empty-catch): the log itself fails, and the stack must come to rest all the same
     }
 }
 
@@ -283,20 +290,36 @@ bool moUndoStack::owns(const QUndoCommand* command) const
     return last->childCount() > 0 && last->child(last->childCount() - 1) == command;
 }
 
+/// Deletes a command that could not be pushed, unless somebody has it: Qt takes a command over only after it was run
+/// and not merged. Listeners do not throw into Qt, see indexChanged().
+void moUndoStack::drop(QUndoCommand* command) const
+{
+    const auto* ours = dynamic_cast<const moUndoCommandBase*>(command);
+    if (!owns(command) && !(ours && ours->parent())) delete command;
+}
+
 void moUndoStack::push(QUndoCommand* command)
 {
-    perform([this, command] {
+    const auto pushNow = [this, command] {
         m_pushing = true;
         try {
             m_stack->push(command);
         } catch (...) {
-            // Qt takes a command over only after it was run and not merged. Listeners do not throw into Qt, see
-            // indexChanged().
-            const auto* ours = dynamic_cast<const moUndoCommandBase*>(command);
-            if (!owns(command) && !(ours && ours->parent())) delete command;
+            drop(command);
             throw;
         }
-    });
+    };
+    if (m_busyDepth == 0) {
+        perform(pushNow);
+        return;
+    }
+    try {
+        perform(pushNow);
+    } catch (...) {
+        // No memory for it to wait its turn.
+        drop(command);
+        throw;
+    }
 }
 
 void moUndoStack::add(QUndoCommand* command)

@@ -169,6 +169,7 @@ private:
 
     StackType getType() const;
     void push(QUndoCommand* command);
+    void drop(QUndoCommand* command) const;
     bool owns(const QUndoCommand* command) const;
 
     template<class Call>
