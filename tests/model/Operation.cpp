@@ -137,9 +137,20 @@ Program Generator::program(unsigned length)
     while (made.size() < length) {
         made.push_back(next());
         if (made.back().kind == Operation::End && below(2) == 0) repeatComposition(made);
+        if (made.back().kind <= Operation::Text && below(8) == 0) drag(made);
     }
     made.resize(length);
     return made;
+}
+
+/// The same command again and again, now and then after a pause that is too long.
+void Generator::drag(Program& program)
+{
+    const Operation step = program.back();
+    for (unsigned i = 2 + below(4); i > 0; --i) {
+        program.push_back({Operation::Wait, 0, below(8)});
+        program.push_back(step);
+    }
 }
 
 /// Composites merge only if their children can, one by one, and chance alone seldom makes two such.

@@ -85,6 +85,7 @@ public:
 
 private:
     unsigned below(unsigned limit);
+    void drag(Program& program);
     void repeatComposition(Program& program);
     Operation::Kind kind();
 

@@ -117,9 +117,11 @@ Player::~Player()
 
 void Player::leaveRecording() const
 {
-    while (moUndoStack::undoBlocked())
+    // Not for ever: a counter that has wrapped is one of the faults to be found.
+    constexpr int mostOpen = 10000;
+    for (int i = 0; i < mostOpen && moUndoStack::undoBlocked(); ++i)
         moUndoStack::endBlockUndo();
-    while (moUndoStack::undoEnabled())
+    for (int i = 0; i < mostOpen && moUndoStack::undoEnabled(); ++i)
         moUndoStack::endUndo();
 }
 

@@ -472,7 +472,8 @@ bool Shadow::mayMerge(const Command& older, const Command& newer)
         }
         return true;
     }
-    if (!newer.mergeEnabled) return false;
+    // A sample's target is its own.
+    if (!newer.mergeEnabled || older.kind == Kind::Sample) return false;
     const bool unlimited = !(newer.interval >= 0.0);
     if (!unlimited && newer.made - older.made >= newer.interval) return false;
     if (older.kind == Kind::Text) return newer.old == older.value;
