@@ -21,11 +21,12 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 
+#include <QtCore/QRegularExpression>
+
 #include <algorithm>
 #include <cctype>
 #include <iterator>
 #include <memory>
-#include <regex>
 #include <set>
 #include <sstream>
 
@@ -528,13 +529,12 @@ TEST_P(EveryClass, AnnouncesEveryFieldThatItWrites)
     };
     const auto announced = [](const Lines& trace) {
         std::set<std::string> fields;
-        static const std::regex pattern("(.*) ([^ ]+) ([0-9]+)");
-        for (const std::string& line : trace) {
-            std::smatch match;
-            if (!std::regex_match(line, match, pattern)) continue;
-            std::istringstream list(match[2]);
-            for (std::string field; std::getline(list, field, '|');)
-                fields.insert(match[1].str() + '.' + field);
+        for (const std::string& line : trace) { // container fields origin
+            const std::size_t origin = line.rfind(' ');
+            const std::size_t list = line.rfind(' ', origin - 1);
+            std::istringstream words(line.substr(list + 1, origin - list - 1));
+            for (std::string field; std::getline(words, field, '|');)
+                fields.insert(line.substr(0, list) + '.' + field);
         }
         return fields;
     };
@@ -613,11 +613,11 @@ TEST_P(EveryClass, DescribesItselfWithTheDocumentedKeysInTheirOrderAndOfTheirTyp
     const Lines messages = trace.takeMessages();
     ASSERT_EQ(messages.size(), 2U);
     for (const std::string& message : messages) {
-        static const std::regex pattern("([A-Za-z]+=[a-z]+):");
-        std::string keys;
-        for (std::sregex_iterator key(message.begin(), message.end(), pattern); key != std::sregex_iterator(); ++key)
-            keys += (keys.empty() ? "" : " ") + (*key)[1].str();
-        EXPECT_EQ(keys, expected) << message;
+        static const QRegularExpression pattern(QStringLiteral("([A-Za-z]+=[a-z]+):"));
+        QStringList keys;
+        for (auto match = pattern.globalMatch(QString::fromStdString(message)); match.hasNext();)
+            keys.append(match.next().captured(1));
+        EXPECT_EQ(keys.join(' ').toStdString(), expected) << message;
     }
 }
 
