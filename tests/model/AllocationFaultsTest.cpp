@@ -172,8 +172,14 @@ const std::vector<Operation>& operations()
          [](Stack& s, const Core&) {
              s.add(callingProbe([&s] {
                  s.beginMultiCommand("composite", "", true);
-                 const auto end = qScopeGuard([&s] { s.endMultiCommand(); });
-                 new ProbeCommand("child");
+                 // No scope guard: the end of the composition may find no memory either.
+                 try {
+                     new ProbeCommand("child");
+                 } catch (...) {
+                     s.endMultiCommand();
+                     throw;
+                 }
+                 s.endMultiCommand();
              }));
          }},
         {"Clear", 0, [](Stack& s, const Core& core) { compose(s, core); },
