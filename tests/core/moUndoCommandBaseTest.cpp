@@ -139,6 +139,17 @@ TEST_F(ChangedCallbacks, MayReplaceThemselvesWhileTheyRun)
     EXPECT_THAT(calls, testing::ElementsAre(name, "second undone"));
 }
 
+TEST_F(ChangedCallbacks, KeepTheirStateFromOneCallToTheNext)
+{
+    std::vector<int> counts;
+    auto* command = new BareCommand(moUndoString("a", ""), nullptr);
+    command->setChangedCB([&counts, count = 0](bool) mutable { counts.push_back(++count); });
+    stack.add(command);
+    stack.undo();
+    stack.redo();
+    EXPECT_THAT(counts, testing::ElementsAre(1, 2, 3));
+}
+
 TEST_F(ChangedCallbacks, AreReleasedWithTheirCommand)
 {
     const auto held = std::make_shared<int>(1);

@@ -33,18 +33,15 @@ QString moUndoCommandBase::getDescription() const
 
 void moUndoCommandBase::setChangedCB(std::function<void(bool)> changed)
 {
-    auto replacement = changed ? std::make_unique<std::function<void(bool)>>(std::move(changed)) : nullptr;
+    auto replacement = changed ? std::make_shared<std::function<void(bool)>>(std::move(changed)) : nullptr;
     s_changedCount += (replacement ? 1 : 0) - (m_changed ? 1 : 0);
     m_changed = std::move(replacement);
 }
 
 void moUndoCommandBase::callChangedCB(bool done) const
 {
-    if (m_changed) {
-        // A copy: the function may set another one while it runs.
-        const auto changed = *m_changed;
-        changed(done);
-    }
+    // Held meanwhile: the function may set another one while it runs. Not a copy of it, as it may keep a state.
+    if (const auto changed = m_changed) (*changed)(done);
     for (int i = 0; i < childCount(); ++i) {
         if (const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i))) command->callChangedCB(done);
     }

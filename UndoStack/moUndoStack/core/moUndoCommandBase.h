@@ -49,7 +49,7 @@ private:
     static int s_changedCount;
 
     QUndoCommand* m_parent;
-    /// Apart from the command, as few have one and the many are kept smaller by it.
-    std::unique_ptr<std::function<void(bool)>> m_changed;
+    /// Apart from the command, as few have one and the many are kept smaller by it; shared with the call under way.
+    std::shared_ptr<std::function<void(bool)>> m_changed;
     QString m_description;
 };
