@@ -1,5 +1,6 @@
-// Shows the history in a process whose application object lives and dies in one of several ways. Exit status 0: all as
-// it should be, and nothing crashed on the way out.
+// How a process ends: one that has shown the history, and whose application object lives and dies in one of several
+// ways, and one whose commands call the stacks while they are deleted. Exit status 0: all as it should be, and nothing
+// crashed on the way out.
 
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/core/moUndoStack.h>
@@ -68,6 +69,48 @@ void showNothing()
     check(lines == 1, "one line says that there is no QApplication");
 }
 
+/// What a command may hold: something that calls both stacks when it goes.
+class LateCaller
+{
+public:
+    LateCaller() = default;
+    LateCaller(const LateCaller&) = delete;
+    LateCaller& operator=(const LateCaller&) = delete;
+    ~LateCaller()
+    {
+        for (const unsigned int type : {0U, 1U}) {
+            moUndoStack& stack = moUndoStack::get(type);
+            stack.undo();
+            stack.redo();
+            stack.beginMacro("late");
+            stack.endMacro();
+            stack.reset();
+            stack.clear();
+            // Too late for main() to say that a macro came to the three steps.
+            if (stack.size() > 3) std::_Exit(1);
+        }
+    }
+};
+
+moUndoCommand* holdingALateCaller()
+{
+    const auto held = std::make_shared<LateCaller>();
+    return new moGenericFunctionUndoCommand(
+        moUndoString("step", ""), [held] {}, [held] {}, nullptr);
+}
+
+void leaveLateCallers()
+{
+    moUndoStack::beginUndo();
+    for (const unsigned int type : {0U, 1U}) {
+        moUndoStack& stack = moUndoStack::get(type);
+        for (int i = 0; i < 3; ++i)
+            stack.addOrExecute(holdingALateCaller());
+        stack.undo();
+    }
+    moUndoStack::endUndo();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -101,6 +144,8 @@ int main(int argc, char** argv)
     } else if (how == "core-application") {
         const QCoreApplication application(s_argc, s_argv);
         showNothing();
+    } else if (how == "late-calls") {
+        leaveLateCallers();
     } else if (how == "no-application") {
         showNothing();
     } else {

@@ -60,11 +60,17 @@ struct moUndoStacks
     ~moUndoStacks()
     {
         qRemovePostRoutine(closeHistories);
+        // What a command holds may call the stacks when it goes. Both are there until the last command has gone, but
+        // at work for good, so that such a call changes nothing any more.
+        for (moUndoStack& stack : all)
+            ++stack.m_busyDepth;
         while (!moUndoStack::s_multiCommands.isEmpty())
             moUndoStack::abandon(moUndoStack::s_multiCommands.pop().first);
         for (const moMultiCommand* composite : moUndoStack::s_abandoned)
             delete composite;
         moUndoStack::s_abandoned.clear();
+        all[moUndoStack::SecondStack].deleteCommands();
+        all[moUndoStack::DefaultStack].deleteCommands();
     }
 
     /// A widget must be gone before the application object is. Its destructor calls this; if the application object is
@@ -91,9 +97,15 @@ moUndoStack::moUndoStack() : m_stack(new QUndoStack)
 moUndoStack::~moUndoStack()
 {
     closeHistory();
-    // Qt's stack reports its own end; nobody is to hear of it through an object that is half gone.
-    m_stack->disconnect(this);
     delete m_stack;
+}
+
+/// The first half of the end, see ~moUndoStacks(). Nobody is told of it.
+void moUndoStack::deleteCommands()
+{
+    closeHistory();
+    m_stack->disconnect(this);
+    m_stack->clear();
 }
 
 moUndoStack& moUndoStack::get(unsigned int type)

@@ -179,6 +179,7 @@ private:
     void keepException();
     void jump(int index);
     void closeHistory();
+    void deleteCommands();
 
     void reportIndexChange(int i);
     void sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const;
