@@ -1,3 +1,4 @@
+#include <support/ContextTranslator.h>
 #include <support/ProbeCommand.h>
 #include <support/Trace.h>
 #include <support/UndoTest.h>
@@ -80,6 +81,32 @@ TEST_F(Composition, KeepsTheTextAndDescriptionItWasGiven)
     stack.endMultiCommand();
     EXPECT_EQ(top()->text(), "mine");
     EXPECT_EQ(top()->getDescription(), "my description");
+}
+
+TEST_F(Composition, MakesUpOnlyWhatItWasNotGiven)
+{
+    stack.beginMultiCommand("mine", "", true);
+    child("A");
+    child("B");
+    stack.endMultiCommand();
+    EXPECT_EQ(top()->text(), "mine");
+    EXPECT_EQ(top()->getDescription(), "Set about A");
+
+    stack.beginMultiCommand("", "my description", true);
+    child("A");
+    stack.endMultiCommand();
+    EXPECT_EQ(top()->text(), "Set A");
+    EXPECT_EQ(top()->getDescription(), "my description");
+}
+
+TEST_F(Composition, WithoutATextTranslatesTheTextThatItMakesUpButNotTheDescription)
+{
+    const ContextTranslator translator;
+    stack.beginMultiCommand("", "", true);
+    child("Move");
+    stack.endMultiCommand();
+    EXPECT_EQ(top()->text(), "moUndoStack: Set Move");
+    EXPECT_EQ(top()->getDescription(), "Set about Move");
 }
 
 TEST_F(Composition, KeepsATextOfNothingButABlank)

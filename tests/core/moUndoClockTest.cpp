@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 namespace {
 
 int s_counterReadings = 0;
@@ -31,6 +33,25 @@ TEST(UndoClock, ReadsTheFrequencyOnceAndTheCounterOncePerCall)
     EXPECT_EQ(s_counterReadings, 3);
     EXPECT_EQ(s_frequencyReadings, 1);
     moUndoClock::setSource(real);
+}
+
+TEST(UndoClock, CountsInSecondsWhenNobodyReplacesIt)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto seconds = [](Clock::duration duration) { return std::chrono::duration<double>(duration).count(); };
+
+    const auto beforeTheFirst = Clock::now();
+    const double first = moUndoClock::seconds();
+    const auto afterTheFirst = Clock::now();
+    while (Clock::now() - afterTheFirst < std::chrono::milliseconds(1)) {
+    }
+    const auto beforeTheSecond = Clock::now();
+    const double second = moUndoClock::seconds();
+    const auto afterTheSecond = Clock::now();
+
+    constexpr double rounding = 1e-9;
+    EXPECT_GE(second - first, seconds(beforeTheSecond - afterTheFirst) - rounding);
+    EXPECT_LE(second - first, seconds(afterTheSecond - beforeTheFirst) + rounding);
 }
 
 TEST(UndoClock, NeverRunsBackwards)

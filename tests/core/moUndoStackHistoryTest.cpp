@@ -1,3 +1,4 @@
+#include <support/ContextTranslator.h>
 #include <support/ProbeCommand.h>
 #include <support/Trace.h>
 #include <support/UndoTest.h>
@@ -50,6 +51,12 @@ TEST_F(History, IsAWindowOfItsOwnWithItsTitleAndSize)
     EXPECT_EQ(view->parentWidget(), nullptr);
     EXPECT_EQ(view->windowTitle(), "Undo/Redo History");
     EXPECT_EQ(view->size(), QSize(300, 100));
+}
+
+TEST_F(History, TranslatesItsTitleInTheContextOfTheStack)
+{
+    const ContextTranslator translator;
+    EXPECT_EQ(shown()->windowTitle(), "moUndoStack: Undo/Redo History");
 }
 
 TEST_F(History, IsMadeOncePerStack)

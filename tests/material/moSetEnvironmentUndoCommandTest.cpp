@@ -1,9 +1,8 @@
 #include "MaterialTest.h"
 
-#include <moUndoStack/material/moSetEnvironmentUndoCommand.h>
+#include <support/ContextTranslator.h>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QTranslator>
+#include <moUndoStack/material/moSetEnvironmentUndoCommand.h>
 
 namespace {
 
@@ -20,20 +19,6 @@ protected:
     std::unique_ptr<moSetEnvironmentUndoCommand> make(const osg::MaterialPtr& environment)
     {
         return std::unique_ptr<moSetEnvironmentUndoCommand>(create(environment));
-    }
-};
-
-/// Translates every text into "context: text".
-class ContextTranslator : public QTranslator
-{
-public:
-    ContextTranslator() { QCoreApplication::installTranslator(this); }
-    ~ContextTranslator() override { QCoreApplication::removeTranslator(this); }
-
-    bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* sourceText, const char*, int) const override
-    {
-        return QString::fromUtf8(context) + ": " + QString::fromUtf8(sourceText);
     }
 };
 
