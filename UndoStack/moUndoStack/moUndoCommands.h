@@ -8,6 +8,7 @@
 #include <moUndoStack/constraint/moSetConstraintTargetUndoCommand.h>
 #include <moUndoStack/core/moFunctionUndoCommand.h>
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
+#include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moInvokeMultiCommand.h>
 #include <moUndoStack/core/moMultiCommand.h>
 #include <moUndoStack/core/moUndoCommand.h>

@@ -168,6 +168,16 @@ TEST_F(FieldTest, ANotifyFunctionMayReplaceItself)
     EXPECT_EQ(called, std::vector<std::string>({std::string(1000, 'x')}));
 }
 
+TEST_F(FieldTest, ANotifyFunctionKeepsItsStateFromOneCallToTheNext)
+{
+    std::vector<int> counts;
+    auto* const command = new moFieldUndoCommand<int>(text, container, "singleInt32", 1);
+    command->setNotifyFunction([&counts, count = 0]() mutable { counts.push_back(++count); });
+    stack.add(command);
+    stack.undo();
+    EXPECT_EQ(counts, std::vector<int>({1, 2}));
+}
+
 TEST_F(FieldTest, ANotifyFunctionThatThrowsLosesNoValue)
 {
     auto* const command = new moFieldUndoCommand<int>(text, container, "singleInt32", 1);

@@ -218,6 +218,15 @@ TEST_F(ApplyVariant, ItsMirrorMayReplaceItself)
     EXPECT_THAT(told, ElementsAre("callback", std::string(1000, 'x'), "callback"));
 }
 
+TEST_F(ApplyVariant, ItsMirrorKeepsItsStateFromOneCallToTheNext)
+{
+    moApplyTransformationVariantUndoCommand::setSyncFunction(
+        [this, count = 0](const osg::NodePtr&) mutable { told.push_back(std::to_string(++count)); });
+    apply(0);
+    stack.undo();
+    EXPECT_THAT(told, ElementsAre("callback", "1", "callback", "2"));
+}
+
 TEST_F(ApplyVariant, NeedsNeitherCallbackNorMirror)
 {
     moApplyTransformationVariantUndoCommand::setSyncFunction({});

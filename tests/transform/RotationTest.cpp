@@ -115,6 +115,15 @@ TEST_F(EulerRotationOrder, ItsMirrorMayReplaceItself)
     EXPECT_THAT(told, ElementsAre(std::string(1000, 'x')));
 }
 
+TEST_F(EulerRotationOrder, ItsMirrorKeepsItsStateFromOneCallToTheNext)
+{
+    moEulerRotationOrderUndoCommand::setSyncFunction(
+        [this, count = 0](const auto&...) mutable { told.push_back(std::to_string(++count)); });
+    stack.add(new moEulerRotationOrderUndoCommand(node, "ZYX", nullptr, nullptr, -1));
+    stack.undo();
+    EXPECT_THAT(told, ElementsAre("1", "2"));
+}
+
 TEST_F(EulerRotationOrder, EveryConstructorPassesOnAllThatItIsGiven)
 {
     addVariant(node, "A");

@@ -663,6 +663,15 @@ TEST_F(Transform, CommandIdsAreAllDifferent)
     EXPECT_EQ(ids.size(), rows.size() + 2);
 }
 
+TEST_F(Transform, AMirrorKeepsItsStateFromOneCallToTheNext)
+{
+    moTranslationUndoCommand::setSyncFunction(
+        [this, count = 0](const auto&...) mutable { told.push_back(std::to_string(++count)); });
+    stack.add(new moTranslationUndoCommand(node, osg::Vec3f(1, 2, 3), false, nullptr, nullptr, -1));
+    stack.undo();
+    EXPECT_THAT(told, ElementsAre("1", "2"));
+}
+
 TEST_F(Transform, ToldWithWorldSpaceATranslationGoesToAPlaceInTheWorldAndBack)
 {
     const osg::NodePtr parent = make(osg::Transform3D::create(), "Parent");

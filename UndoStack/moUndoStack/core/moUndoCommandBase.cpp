@@ -33,15 +33,14 @@ QString moUndoCommandBase::getDescription() const
 
 void moUndoCommandBase::setChangedCB(std::function<void(bool)> changed)
 {
-    auto replacement = changed ? std::make_shared<std::function<void(bool)>>(std::move(changed)) : nullptr;
-    s_changedCount += (replacement ? 1 : 0) - (m_changed ? 1 : 0);
-    m_changed = std::move(replacement);
+    const bool had = bool(m_changed);
+    m_changed.set(std::move(changed));
+    s_changedCount += int(bool(m_changed)) - int(had);
 }
 
 void moUndoCommandBase::callChangedCB(bool done) const
 {
-    // Held meanwhile: the function may set another one while it runs. Not a copy of it, as it may keep a state.
-    if (const auto changed = m_changed) (*changed)(done);
+    m_changed(done);
     for (int i = 0; i < childCount(); ++i) {
         if (const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i))) command->callChangedCB(done);
     }

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moUndoStackExport.h>
 
 #include <QtCore/QString>
 #include <QtWidgets/QUndoCommand>
 
 #include <functional>
-#include <memory>
 
 class moMessage;
 class moUndoString;
@@ -49,7 +49,6 @@ private:
     static int s_changedCount;
 
     QUndoCommand* m_parent;
-    /// Apart from the command, as few have one and the many are kept smaller by it; shared with the call under way.
-    std::shared_ptr<std::function<void(bool)>> m_changed;
+    moUndoDetail::HeldFunction<void(bool)> m_changed;
     QString m_description;
 };

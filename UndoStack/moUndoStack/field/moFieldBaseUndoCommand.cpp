@@ -56,14 +56,13 @@ bool moFieldBaseUndoCommand<Nothing...>::canMergeWith(const QUndoCommand* other)
 template<class... Nothing>
 void moFieldBaseUndoCommand<Nothing...>::setNotifyFunction(std::function<void()> function)
 {
-    m_notify = std::move(function);
+    m_notify.set(std::move(function));
 }
 
 template<class... Nothing>
 void moFieldBaseUndoCommand<Nothing...>::notify() const
 {
-    // A copy: the function may replace itself.
-    if (const auto running = m_notify) running();
+    m_notify();
 }
 
 template<class... Nothing>

@@ -69,7 +69,7 @@ private:
     osg::UInt32 m_containerId = 0;
     osg::UInt32 m_fieldId = 0;
     osg::BitVector m_fieldMask = 0;
-    std::function<void()> m_notify;
+    moUndoDetail::HeldFunction<void()> m_notify;
 };
 
 extern template class moFieldBaseUndoCommand<>;

@@ -1,7 +1,6 @@
 #include <moUndoStack/transform/moApplyTransformationVariantUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
-#include <moUndoStack/transform/moSyncFunction_p.h>
 #include <moUndoStack/transform/moTransformText_p.h>
 
 #include <moOpenSGUtils/moTransformVariantUtils.h>
@@ -10,7 +9,7 @@
 
 MO_UNDO_COMMAND_ID_IMPL(moApplyTransformationVariantUndoCommand)
 
-moApplyTransformationVariantUndoCommand::SyncFunction moApplyTransformationVariantUndoCommand::s_sync;
+moUndoDetail::HeldFunction<void(const osg::NodePtr&)> moApplyTransformationVariantUndoCommand::s_sync;
 
 moApplyTransformationVariantUndoCommand::moApplyTransformationVariantUndoCommand(osg::NodePtr node, int variantIndex,
                                                                                  bool sync, QUndoCommand* parent,
@@ -64,7 +63,7 @@ moApplyTransformationVariantUndoCommand::moApplyTransformationVariantUndoCommand
 
 void moApplyTransformationVariantUndoCommand::setSyncFunction(const SyncFunction& function)
 {
-    s_sync = function;
+    s_sync.set(function);
 }
 
 void moApplyTransformationVariantUndoCommand::redo()
@@ -90,5 +89,5 @@ void moApplyTransformationVariantUndoCommand::apply(const TransformValues& value
                                         values.eulerRotationOrder, values.rotationDirectionValid,
                                         values.rotationDirection, values.rotationDirectionMode, -1);
     if (m_callback) m_callback();
-    if (m_sync) callSyncFunction(s_sync, node);
+    if (m_sync) s_sync(node);
 }

@@ -71,5 +71,5 @@ private:
     bool m_captured = false;
     bool m_sync;
 
-    static SyncFunction s_sync;
+    static moUndoDetail::HeldFunction<void(const osg::NodePtr&)> s_sync;
 };

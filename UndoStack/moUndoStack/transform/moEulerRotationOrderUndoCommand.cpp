@@ -1,7 +1,6 @@
 #include <moUndoStack/transform/moEulerRotationOrderUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
-#include <moUndoStack/transform/moSyncFunction_p.h>
 
 #include <moOpenSGUtils/moNodeUtils.h>
 
@@ -9,7 +8,7 @@
 
 MO_UNDO_COMMAND_ID_IMPL(moEulerRotationOrderUndoCommand)
 
-moEulerRotationOrderUndoCommand::SyncFunction moEulerRotationOrderUndoCommand::s_sync;
+moUndoDetail::HeldFunction<void(const osg::NodePtr&, const std::string&)> moEulerRotationOrderUndoCommand::s_sync;
 
 // The word of the translation is intended.
 static constexpr const char* actionWord = "Translate";
@@ -40,7 +39,7 @@ moEulerRotationOrderUndoCommand::moEulerRotationOrderUndoCommand(osg::NodePtr no
 
 void moEulerRotationOrderUndoCommand::setSyncFunction(const SyncFunction& function)
 {
-    s_sync = function;
+    s_sync.set(function);
 }
 
 std::string moEulerRotationOrderUndoCommand::get(osg::NodePtr node)
@@ -52,5 +51,5 @@ void moEulerRotationOrderUndoCommand::set(osg::NodePtr node, std::string order)
 {
     moNodeUtils::setTransformNodeEulerRotationOrder(node, order, variantIndex());
     if (m_callback) m_callback(containerId(node), order, variantIndex());
-    if (editsLiveTransform()) callSyncFunction(s_sync, node, order);
+    if (editsLiveTransform()) s_sync(node, order);
 }

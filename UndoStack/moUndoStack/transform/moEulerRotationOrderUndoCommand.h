@@ -42,5 +42,5 @@ protected:
 private:
     Callback m_callback;
 
-    static SyncFunction s_sync;
+    static moUndoDetail::HeldFunction<void(const osg::NodePtr&, const std::string&)> s_sync;
 };

@@ -1,7 +1,6 @@
 #include <moUndoStack/transform/moTransformValueUndoCommands.h>
 
 #include <moUndoStack/core/moContainer_p.h>
-#include <moUndoStack/transform/moSyncFunction_p.h>
 
 #include <moOpenSGUtils/moNodeUtils.h>
 
@@ -69,7 +68,7 @@ bool flagOf(bool flag)
 } // namespace
 
 template<class Command, class... Flag>
-typename moTransformValueUndoCommand<Command, Flag...>::SyncFunction
+moUndoDetail::HeldFunction<void(const osg::NodePtr&, const osg::Vec3f&, Flag...)>
     moTransformValueUndoCommand<Command, Flag...>::s_sync;
 
 template<class Command, class... Flag>
@@ -101,7 +100,7 @@ moTransformValueUndoCommand<Command, Flag...>::moTransformValueUndoCommand(osg::
 template<class Command, class... Flag>
 void moTransformValueUndoCommand<Command, Flag...>::setSyncFunction(const SyncFunction& function)
 {
-    s_sync = function;
+    s_sync.set(function);
 }
 
 template<class Command, class... Flag>
@@ -126,8 +125,7 @@ void moTransformValueUndoCommand<Command, Flag...>::write(const osg::NodePtr& no
 template<class Command, class... Flag>
 void moTransformValueUndoCommand<Command, Flag...>::synchronise(const osg::NodePtr& node, const osg::Vec3f& value) const
 {
-    if (moTransformRow<Command>::synced == Synced::Always || editsLiveTransform())
-        callSyncFunction(s_sync, node, value, Flag(flag())...);
+    if (moTransformRow<Command>::synced == Synced::Always || editsLiveTransform()) s_sync(node, value, Flag(flag())...);
 }
 
 template<class Command, class... Flag>

@@ -39,7 +39,7 @@ protected:
     void synchronise(const osg::NodePtr& node, const osg::Vec3f& value) const;
 
 private:
-    static SyncFunction s_sync;
+    static moUndoDetail::HeldFunction<void(const osg::NodePtr&, const osg::Vec3f&, Flag...)> s_sync;
 };
 
 /// The same with a callback of the command's own, which is called at every step, before the synchronisation function:

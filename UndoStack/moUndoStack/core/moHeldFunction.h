@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QExplicitlySharedDataPointer>
+#include <QtCore/QSharedData>
+
+#include <functional>
+#include <utility>
+
+namespace moUndoDetail {
+
+/// A function that a caller of the library has given, or none. It may be replaced while it runs, and what it keeps
+/// (a counter in a mutable lambda, say) lasts from one call to the next. Takes a pointer's room: many commands have one,
+/// few are given a function.
+template<class Signature>
+class HeldFunction
+{
+public:
+    explicit operator bool() const { return m_held; }
+
+    /// An empty function means none.
+    void set(std::function<Signature> function) { m_held = function ? new Held(std::move(function)) : nullptr; }
+
+    /// Does nothing if there is none.
+    template<class... Arguments>
+    void operator()(const Arguments&... arguments) const
+    {
+        if (const auto running = m_held) running->function(arguments...);
+    }
+
+private:
+    struct Held : QSharedData
+    {
+        explicit Held(std::function<Signature> given) : function(std::move(given)) {}
+        std::function<Signature> function;
+    };
+
+    QExplicitlySharedDataPointer<Held> m_held;
+};
+
+} // namespace moUndoDetail
