@@ -28,24 +28,22 @@ inline osg::FieldContainerPtr findContainer<osg::FieldContainerPtr>(unsigned int
 }
 
 /// An edit of a container by the user: open from construction to destruction, also when the edit throws. The
-/// container's change notification goes out when it closes. A null container makes it do nothing. Found again by id to
-/// close: what the edit lets go may have been the last to hold the container, and takes it along.
+/// container's change notification goes out when it closes. A null container makes it do nothing.
 class ContainerEdit
 {
 public:
-    ContainerEdit(const osg::FieldContainerPtr& container, osg::BitVector mask)
-        : m_id(containerId(container)), m_mask(mask)
+    ContainerEdit(const osg::FieldContainerPtr& container, osg::BitVector mask) : m_container(container), m_mask(mask)
     {
-        osg::beginEditCP(container, m_mask, origin);
+        osg::beginEditCP(m_container, m_mask, origin);
     }
-    ~ContainerEdit() noexcept(false) { osg::endEditCP(findContainer<osg::FieldContainerPtr>(m_id), m_mask, origin); }
+    ~ContainerEdit() noexcept(false) { osg::endEditCP(m_container, m_mask, origin); }
     ContainerEdit(const ContainerEdit&) = delete;
     ContainerEdit& operator=(const ContainerEdit&) = delete;
 
 private:
     static constexpr osg::UInt32 origin = osg::ChangedOrigin::External;
 
-    unsigned int m_id;
+    osg::FieldContainerPtr m_container;
     osg::BitVector m_mask;
 };
 

@@ -98,7 +98,8 @@ public:
     /// intended; who does that must not let the parent delete it as well.
     void addOrExecute(moUndoCommandBase* command);
 
-    /// Starts a composite: commands made from now on become its children, if recording is on. Compositions nest.
+    /// Starts a composite: commands made from now on become its children, if recording is on. Compositions nest. The
+    /// composite owns its children; as Qt's, they do not sign off, so nobody else may delete one.
     ///
     /// \param text          may be empty: endMultiCommand() then makes one from the children.
     /// \param mergeEnabled  whether later composites may be merged into this one.
@@ -110,7 +111,9 @@ public:
     /// run.
     void endMultiCommand();
 
-    /// Groups what is added until endMacro() into one step of Qt's own kind. Reported once, when it ends.
+    /// Groups what is added until endMacro() into one step of Qt's own kind. Reported once, when it ends. Each command
+    /// is run as it is added. If one of them throws when the macro is taken back or done again, those before it stay as
+    /// they are: only a composite happens whole or not at all.
     void beginMacro(const QString& text);
     void endMacro();
 

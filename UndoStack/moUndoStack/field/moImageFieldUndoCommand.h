@@ -16,8 +16,9 @@
 /// Old image: read at construction. Never merges. The command holds one reference of the old and of the new image as
 /// long as it lives, so neither can go while it may have to return. When the texture manager puts another image in the
 /// place of the given one, the command gives up one reference of the given one: the caller hands it over. Each undo and
-/// redo moves one reference, from the image that leaves the field to the one that enters it. A field of another type is
-/// left alone. Message: "id", "container", "fieldId".
+/// redo moves one reference, from the image that leaves the field to the one that enters it: the field's image must have
+/// been counted for the field, as a material does. A field of another type is left alone.
+/// Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moImageFieldUndoCommand : public moFieldBaseUndoCommand<>
 {
     Q_DECLARE_TR_FUNCTIONS(moImageFieldUndoCommand)
@@ -31,7 +32,7 @@ public:
 
     void undo() override;
     void redo() override;
-    bool canMergeWith(const QUndoCommand* other) const override;
+    bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:
     osg::SFImagePtr* getField() const;
