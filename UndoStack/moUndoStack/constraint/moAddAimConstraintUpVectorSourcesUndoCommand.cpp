@@ -24,11 +24,6 @@ void moAddAimConstraintUpVectorSourcesUndoCommand::redo()
     apply(true);
 }
 
-bool moAddAimConstraintUpVectorSourcesUndoCommand::canMergeWith(const QUndoCommand*) const
-{
-    return false;
-}
-
 void moAddAimConstraintUpVectorSourcesUndoCommand::apply(bool add)
 {
     // Intended: the bracket names the sources field and not the up-vector sources, so that one listener serves both.

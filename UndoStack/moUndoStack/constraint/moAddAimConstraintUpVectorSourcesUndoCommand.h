@@ -27,7 +27,7 @@ public:
 
     void undo() override;
     void redo() override;
-    bool canMergeWith(const QUndoCommand* other) const override;
+    bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:
     void apply(bool add);

@@ -25,11 +25,6 @@ void moAddConstraintSourcesUndoCommand::redo()
     apply(true);
 }
 
-bool moAddConstraintSourcesUndoCommand::canMergeWith(const QUndoCommand*) const
-{
-    return false;
-}
-
 void moAddConstraintSourcesUndoCommand::apply(bool add)
 {
     editSources<osg::AbstractConstraintPtr>(m_constraintId, m_sourceIds,

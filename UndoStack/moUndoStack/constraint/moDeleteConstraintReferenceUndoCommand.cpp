@@ -64,11 +64,6 @@ void moDeleteConstraintReferenceUndoCommand::redo()
     apply(true);
 }
 
-bool moDeleteConstraintReferenceUndoCommand::canMergeWith(const QUndoCommand*) const
-{
-    return false;
-}
-
 void moDeleteConstraintReferenceUndoCommand::init(const osg::AbstractConstraintPtr& constraint,
                                                   const std::vector<osg::AttachmentContainerPtr>& references)
 {

@@ -26,11 +26,6 @@ void moSetConstraintTargetUndoCommand::redo()
     apply(m_targetId);
 }
 
-bool moSetConstraintTargetUndoCommand::canMergeWith(const QUndoCommand*) const
-{
-    return false;
-}
-
 void moSetConstraintTargetUndoCommand::apply(unsigned int targetId)
 {
     const auto constraint = findContainer<osg::AbstractConstraintPtr>(m_constraintId);

@@ -24,7 +24,7 @@ public:
 
     void undo() override;
     void redo() override;
-    bool canMergeWith(const QUndoCommand* other) const override;
+    bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:
     void apply(unsigned int targetId);

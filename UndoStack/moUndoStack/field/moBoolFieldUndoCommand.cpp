@@ -39,11 +39,6 @@ void moBoolFieldUndoCommand::undo()
     apply();
 }
 
-bool moBoolFieldUndoCommand::canMergeWith(const QUndoCommand* /*other*/) const
-{
-    return false;
-}
-
 void moBoolFieldUndoCommand::apply()
 {
     const auto exchangeAs = [this](auto type) {

@@ -45,11 +45,6 @@ void moImageFieldUndoCommand::undo()
     apply(m_old);
 }
 
-bool moImageFieldUndoCommand::canMergeWith(const QUndoCommand* /*other*/) const
-{
-    return false;
-}
-
 osg::SFImagePtr* moImageFieldUndoCommand::getField() const
 {
     return findTypedField<osg::SFImagePtr>();

@@ -25,7 +25,7 @@ public:
     void undo() override;
     void redo() override;
     void makeMessage(moMessage& message) const override;
-    bool canMergeWith(const QUndoCommand* other) const override;
+    bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:
     void apply(bool remove);

@@ -125,8 +125,3 @@ void moAddNodeToLightLinkSetUndoCommand::makeMessage(moMessage& message) const
     moUndoCommand::makeMessage(message);
     message.set("lightlinkset", m_setId, true);
 }
-
-bool moAddNodeToLightLinkSetUndoCommand::canMergeWith(const QUndoCommand*) const
-{
-    return false;
-}

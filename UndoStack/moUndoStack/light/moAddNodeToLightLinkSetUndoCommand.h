@@ -39,7 +39,7 @@ public:
     void undo() override;
     void redo() override;
     void makeMessage(moMessage& message) const override;
-    bool canMergeWith(const QUndoCommand* other) const override;
+    bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:
     moAddNodeToLightLinkSetUndoCommand(const char* text, const osg::LightLinkSetPtr& set, unsigned int listType,

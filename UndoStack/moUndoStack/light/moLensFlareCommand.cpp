@@ -15,8 +15,3 @@ void moLensFlareCommand::makeMessage(moMessage& message) const
     moUndoCommand::makeMessage(message);
     message.set("lightCommand", true, true);
 }
-
-bool moLensFlareCommand::canMergeWith(const QUndoCommand*) const
-{
-    return false;
-}

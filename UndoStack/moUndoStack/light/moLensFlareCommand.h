@@ -14,5 +14,5 @@ public:
     ~moLensFlareCommand() override;
 
     void makeMessage(moMessage& message) const override;
-    bool canMergeWith(const QUndoCommand* other) const override;
+    bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 };

@@ -15,9 +15,9 @@ moSetLensFlareEffectCommand::moSetLensFlareEffectCommand(const osg::LensFlareEff
       m_targetId(containerId(target))
 {
     if (!source) return;
+    const auto backup = moLights::cloneLensFlareEffect(target, LensFlareEffectCloneSharedElements);
     addReference(source);
     addReference(target);
-    const auto backup = moLights::cloneLensFlareEffect(target, LensFlareEffectCloneSharedElements);
     addReference(backup);
     m_backupId = containerId(backup);
 }

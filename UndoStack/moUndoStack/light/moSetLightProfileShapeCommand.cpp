@@ -39,11 +39,6 @@ void moSetLightProfileShapeCommand::undo()
     moLights::setLightValue(light(), m_lightValue);
 }
 
-bool moSetLightProfileShapeCommand::canMergeWith(const QUndoCommand*) const
-{
-    return false;
-}
-
 osg::NodePtr moSetLightProfileShapeCommand::light() const
 {
     return findContainer<osg::NodePtr>(m_lightId);

@@ -26,7 +26,7 @@ public:
 
     void undo() override;
     void redo() override;
-    bool canMergeWith(const QUndoCommand* other) const override;
+    bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:
     /// Asked before each edit and not kept: whoever hears of one edit may take the light away before the next.

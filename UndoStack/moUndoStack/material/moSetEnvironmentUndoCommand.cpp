@@ -32,11 +32,6 @@ void moSetEnvironmentUndoCommand::makeMessage(moMessage& message) const
     if (m_materialId != 0) message.set("material", m_materialId, true);
 }
 
-bool moSetEnvironmentUndoCommand::canMergeWith(const QUndoCommand*) const
-{
-    return false;
-}
-
 void moSetEnvironmentUndoCommand::apply(unsigned int environmentId)
 {
     const auto material = findContainer<osg::UBRDFMaterialPtr>(m_materialId);
