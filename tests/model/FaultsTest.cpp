@@ -3,14 +3,20 @@
 #include <support/Trace.h>
 #include <support/UndoTest.h>
 
-#include <moUndoStack/core/moMultiCommand.h>
+#include <moOpenSGUtils/moNodeUtils.h>
+#include <moOpenSGUtils/moTransformVariantUtils.h>
+#include <moUndoStack/core/moInvokeMultiCommand.h>
 #include <moUndoStack/field/moFieldUndoCommand.h>
+#include <moUndoStack/field/moInvokeBoolFieldUndoCommand.h>
+#include <moUndoStack/transform/moApplyTransformationVariantUndoCommand.h>
+#include <moUndoStack/transform/moEulerRotationOrderUndoCommand.h>
 #include <moUndoStack/transform/moTransformValueUndoCommands.h>
 #include <moUndoUtils/moUndoString.h>
 
 #include <OpenSG/OSGTransform3D.h>
 
 #include <QtCore/QScopeGuard>
+#include <QtWidgets/QAction>
 
 #include <map>
 #include <memory>
@@ -54,14 +60,19 @@ public:
         QObject::connect(&stack, &moUndoStack::cleared, &m_context, [this] { pass("cleared"); });
         s_onMessage = [this](const char* name) { pass(name); };
         stack.setMessageCallback(receive);
-        moTranslationUndoCommand::setSyncFunction([this](const auto&...) { pass("synchronisation"); });
+        setSyncFunctions([this] { pass("synchronisation"); });
+        moNodeUtils::createTransformVariantsAttachment(node);
+        moNodeUtils::insertTransformVariant(
+            node, 0, moTransformVariantUtils::recordTransformVariant(moNodeUtils::getTransform3D(node, -1), "variant"));
+        action.setCheckable(true);
+        QObject::connect(&action, &QAction::toggled, &m_context, [this] { pass("slot"); });
     }
     ~Stage()
     {
         m_trigger = 0;
         stack.setMessageCallback(nullptr);
         s_onMessage = {};
-        moTranslationUndoCommand::setSyncFunction({});
+        setSyncFunctions({});
         destroyScene();
     }
     Stage(const Stage&) = delete;
@@ -127,6 +138,28 @@ public:
             [this](unsigned int, const osg::Vec3f&, int, bool) { pass("transform callback"); }, -1);
     }
 
+    moUndoCommand* rotationOrder(const std::string& order)
+    {
+        return new moEulerRotationOrderUndoCommand(
+            node, order, nullptr, [this](unsigned int, const std::string&, int) { pass("transform callback"); }, -1);
+    }
+    moUndoCommand* variant()
+    {
+        return new moApplyTransformationVariantUndoCommand(node, 0, true, nullptr,
+                                                           [this] { pass("transform callback"); });
+    }
+    moUndoCommand* check()
+    {
+        return new moInvokeBoolFieldUndoCommand(core, "singleBool", true, &action, "setChecked(bool)");
+    }
+    moMultiCommand* group()
+    {
+        auto* command = new moInvokeMultiCommand(moUndoString("group", ""), &action, "toggle()");
+        probe("child", command);
+        number(9, command);
+        return command;
+    }
+
     /// Records a composite with a composite in it.
     void compose()
     {
@@ -169,11 +202,29 @@ public:
     }
 
     moUndoStack& stack;
+    QAction action;
     osg::AllSingleFieldsPtr core;
     osg::NodePtr node;
     std::map<std::string, int> done; ///< how often each probe is done and not undone
 
 private:
+    /// Those of all classes that have one.
+    static void setSyncFunctions(const std::function<void()>& function)
+    {
+        moTranslationUndoCommand::SyncFunction translation;
+        moEulerRotationOrderUndoCommand::SyncFunction order;
+        moApplyTransformationVariantUndoCommand::SyncFunction variant;
+        if (function) {
+            const auto all = [function](const auto&...) { function(); };
+            translation = all;
+            order = all;
+            variant = all;
+        }
+        moTranslationUndoCommand::setSyncFunction(translation);
+        moEulerRotationOrderUndoCommand::setSyncFunction(order);
+        moApplyTransformationVariantUndoCommand::setSyncFunction(variant);
+    }
+
     /// Nothing of the container may be used after it: it can be gone.
     void passFromTheScene()
     {
@@ -215,6 +266,18 @@ const std::vector<Scenario>& scenarios()
          s_nothing, [](Stage& s) { s.stack.add(s.number(7)); }, true},
         {"PushOfATransform", {"transform callback", "synchronisation", "redoPerformed", redoMessage},
          s_nothing, [](Stage& s) { s.stack.add(s.translation(7.0F)); }, true},
+        {"PushOfARotationOrder", {"transform callback", "synchronisation", "redoPerformed", redoMessage},
+         s_nothing, [](Stage& s) { s.stack.add(s.rotationOrder("ZYX")); }, true},
+        {"PushOfAVariant", {"transform callback", "synchronisation", "redoPerformed", redoMessage},
+         s_nothing, [](Stage& s) { s.stack.add(s.variant()); }, true},
+        {"PushOfACheck", {"changed container", "slot", "redoPerformed", redoMessage},
+         s_nothing, [](Stage& s) { s.stack.add(s.check()); }, true},
+        {"PushOfAGroupWithASlot", {"redo child", "changed container", "notify", "slot", "redoPerformed", redoMessage,
+                                   "changed child"},
+         s_nothing, [](Stage& s) { s.stack.add(s.group()); }, true},
+        {"UndoOfAGroupWithASlot", {"changed container", "notify", "undo child", "slot", "undoPerformed", undoMessage,
+                                   "changed child"},
+         [](Stage& s) { s.stack.add(s.group()); }, [](Stage& s) { s.stack.undo(); }, true},
         {"MergedPush", {"redo b", "merge", "redoPerformed", redoMessage, "changed a"},
          [](Stage& s) { s.stack.add(s.mergingProbe("a")); },
          [](Stage& s) { s.stack.add(s.mergingProbe("b")); }, false},
