@@ -149,7 +149,9 @@ Vec3f toEuler(const Quat& q, const Order& o)
     } else { // first and last axis coincide: the whole turn about them goes to the first
         angles[i] = std::atan2(-o.parity * m[j][k], m[j][j]);
     }
-    return vec3f({angles[0] / radiansPerDegree, angles[1] / radiansPerDegree, angles[2] / radiansPerDegree});
+    for (double& angle : angles)
+        angle = angle / radiansPerDegree + 0.; // the sum is never a minus zero
+    return vec3f(angles);
 }
 
 Quat smallestTurn(std::size_t axis, const Vec& direction)
@@ -287,9 +289,9 @@ void Transform3D::synchroniseRotation(BitVector whichField)
     const bool quaternionWritten = whichField & RotationFieldMask;
     const bool anglesDecide = anglesWritten == quaternionWritten ? getRotationMode() != QuaternionMode : anglesWritten;
     const Order o = order(getEulerRotationOrder());
-    // Written together and of one mind, as after a copy of all fields: deriving one from the other would only round it.
-    if (anglesWritten && quaternionWritten && sameRotation(fromEuler(getEulerRotation(), o), quat(getRotation())))
-        return;
+    // A quaternion that says what the angles say, as after a copy of all fields or a write that was refused: deriving
+    // one from the other would only round it, and take turns beyond half a circle out of the angles.
+    if (quaternionWritten && sameRotation(fromEuler(getEulerRotation(), o), quat(getRotation()))) return;
     if (anglesDecide) {
         setRotation(quaternion(fromEuler(getEulerRotation(), o)));
     } else {

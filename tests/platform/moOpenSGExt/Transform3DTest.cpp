@@ -221,17 +221,31 @@ TEST_F(Transform3D, AQuaternionOfSmallAnglesGivesTheseAnglesBack)
     }
 }
 
+TEST_F(Transform3D, AQuaternionThatTheAnglesMakeLeavesThem)
+{
+    turn(400, -30, 725);
+    const osg::Quaternion q = transform->getRotation();
+    turnAsQuaternion(q);
+    expectVector(transform->getEulerRotation(), 400, -30, 725, 0);
+    turnAsQuaternion(quaternion(-q[0], -q[1], -q[2], -q[3]));
+    expectVector(transform->getEulerRotation(), 400, -30, 725, 0);
+}
+
 TEST_F(Transform3D, WithTheMiddleAxisAtARightAngleTheFirstAxisGetsTheWholeTurn)
 {
+    const auto turnFromOrigin = [this](const osg::Quaternion& q) {
+        turn(0, 0, 0);
+        turnAsQuaternion(q);
+    };
     turn(30, 90, 0);
     const Rows up = rows(transform->getMatrix());
-    turnAsQuaternion(transform->getRotation());
+    turnFromOrigin(osg::Quaternion(transform->getRotation()));
     expectVector(transform->getEulerRotation(), 30, 90, 0, 1e-2);
     EXPECT_THAT(rows(transform->getMatrix()), IsNear(up, 1e-6));
 
     turn(30, -90, 20);
     const Rows down = rows(transform->getMatrix());
-    turnAsQuaternion(transform->getRotation());
+    turnFromOrigin(osg::Quaternion(transform->getRotation()));
     expectVector(transform->getEulerRotation(), 50, -90, 0, 1e-2);
     EXPECT_THAT(rows(transform->getMatrix()), IsNear(down, 1e-6));
 }
@@ -258,12 +272,13 @@ TEST_F(Transform3D, AQuaternionIsStoredWithUnitLengthAndAUnitOneBitByBit)
 
 TEST_F(Transform3D, AQuaternionWithoutARotationChangesNothing)
 {
-    turn(0, 0, 90);
+    turn(0, 0, 450);
     const osg::Quaternion before = transform->getRotation();
     for (const osg::Quaternion& q :
          {quaternion(0, 0, 0, 0), quaternion(notANumber, 0, 0, 1), quaternion(0, infinity, 0, 1)}) {
         turnAsQuaternion(q);
         EXPECT_TRUE(sameBits(transform->getRotation(), before));
+        expectVector(transform->getEulerRotation(), 0, 0, 450, 0);
         expectMatrix(quarterAboutZ);
     }
 }

@@ -48,8 +48,9 @@ OSG_CONTAINER_BASE(Transform3D, Transform, OSG_TRANSFORM3D_FIELDS)
 /// The rotation is kept twice, and changed() keeps both in step: as a quaternion, which the matrix is made from, and as
 /// three angles in degrees (x, y, z: the angle about that axis) with the order in which the axes are turned about,
 /// first to last: "XYZ", "XZY", "YXZ", "YZX", "ZXY" or "ZYX". Any other text is stored as it is and read as "XYZ".
-/// Writing one of the two derives the other. Where that leaves it open (both written, or the order alone) the rotation
-/// mode decides: QuaternionMode keeps the quaternion, any other value the angles.
+/// Writing one of the two derives the other; angles that make the quaternion that was written stay. Where that leaves it
+/// open (both written, or the order alone) the rotation mode decides: QuaternionMode keeps the quaternion, any other
+/// value the angles.
 ///
 /// The components are the truth: a matrix written into the field is replaced by theirs. Components that are not finite
 /// make a matrix that is not finite; it is whole again as soon as they are.
