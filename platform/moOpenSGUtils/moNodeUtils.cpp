@@ -240,16 +240,15 @@ void setTransformNodeValues(const osg::NodePtr& node, const osg::Vec3f& translat
     {
         const moTransformComponent& component;
         osg::Vec3f value;
-    } values[] = {
-        {component::translation, translation},
-        {component::rotationOrientation, rotationOrientation},
-        {component::rotation, rotation},
-        {component::rotatePivot, rotatePivot},
-        {component::rotatePivotTranslation, rotatePivotTranslation},
-        {component::scale, scale},
-        {component::scalePivot, scalePivot},
-        {component::scalePivotTranslation, scalePivotTranslation},
-        {component::rotationDirection, rotationDirectionValid ? rotationDirection : osg::Vec3f(0.f, 0.f, 0.f)}};
+    } values[] = {{component::translation, translation},
+                  {component::rotationOrientation, rotationOrientation},
+                  {component::rotation, rotation},
+                  {component::rotatePivot, rotatePivot},
+                  {component::rotatePivotTranslation, rotatePivotTranslation},
+                  {component::scale, scale},
+                  {component::scalePivot, scalePivot},
+                  {component::scalePivotTranslation, scalePivotTranslation},
+                  {component::rotationDirection, rotationDirection}};
     osg::BitVector mask =
         Base::RotationModeFieldMask | Base::EulerRotationOrderFieldMask | Base::RotationDirectionModeFieldMask;
     for (const auto& [component, value] : values)
@@ -261,6 +260,11 @@ void setTransformNodeValues(const osg::NodePtr& node, const osg::Vec3f& translat
     transform->setRotationMode(rotationMode);
     transform->setEulerRotationOrder(eulerRotationOrder);
     transform->setRotationDirectionMode(rotationDirectionMode);
+
+    osg::Vec3f direction;
+    osg::Int32 mode = 0;
+    const bool inForce = transform->getRotationDirectionValues(direction, mode);
+    if (inForce && !rotationDirectionValid) transform->setRotationDirection(osg::Vec3f(0.f, 0.f, 0.f));
 }
 
 osg::TransformVariantsAttachmentPtr getTransformVariantsAttachment(const osg::NodePtr& node)

@@ -83,7 +83,8 @@ std::string getTransformNodeEulerRotationOrder(const osg::NodePtr& node, int var
 void setTransformNodeEulerRotationOrder(const osg::NodePtr& node, std::string order, int variantIndex);
 
 /// Writes all of it in one edit. Shear and supposed state stay as they are.
-/// \param rotationDirectionValid  false: no direction is in force, zero is stored in place of \a rotationDirection.
+/// \param rotationDirectionValid  false: no direction is in force; zero is stored in place of a \a rotationDirection
+/// that would be, any other as it is.
 void setTransformNodeValues(const osg::NodePtr& node, const osg::Vec3f& translation,
                             const osg::Vec3f& rotationOrientation, const osg::Vec3f& rotation,
                             const osg::Vec3f& rotatePivot, const osg::Vec3f& rotatePivotTranslation,

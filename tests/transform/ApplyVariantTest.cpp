@@ -169,6 +169,19 @@ TEST_F(ApplyVariant, WithoutTheFlagOfTheDirectionLeavesItOnRedoAndOnUndo)
     EXPECT_EQ(print(core()->getRotationDirection()), "0 0 0");
 }
 
+TEST_F(ApplyVariant, WithoutTheFlagOfTheDirectionLeavesAlsoOneThatIsNotInForce)
+{
+    moTransformVariantUtils::setApplyFlags(variant(0), Variant::ApplyAll & ~osg::UInt64(0x800));
+    for (const float x : {0.f, std::numeric_limits<float>::quiet_NaN(), -std::numeric_limits<float>::infinity()}) {
+        core()->setRotationDirection(osg::Vec3f(x, 0, 0));
+        const std::string direction = print(core()->getRotationDirection());
+        apply(0);
+        EXPECT_EQ(print(core()->getRotationDirection()), direction);
+        stack.undo();
+        EXPECT_EQ(print(core()->getRotationDirection()), direction);
+    }
+}
+
 TEST_F(ApplyVariant, LeavesShearAlone)
 {
     moNodeUtils::setTransformNodeShear(node, 1, 2, 3);

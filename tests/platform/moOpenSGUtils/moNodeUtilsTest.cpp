@@ -411,6 +411,9 @@ TEST_F(moNodeUtilsTest, AllValuesAreWrittenInOneEdit)
     setTransformNodeValues(node, v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), 1, "YZX", false, v(9), 1, -1);
     expectVector(core->getRotationDirection(), 0, 0, 0);
     EXPECT_EQ(core->getRotationDirectionMode(), 1);
+    const osg::Vec3f infinite(std::numeric_limits<float>::infinity(), 0, 0); // never in force
+    setTransformNodeValues(node, v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), 1, "YZX", false, infinite, 1, -1);
+    EXPECT_EQ(core->getRotationDirection()[0], infinite[0]);
 }
 
 TEST_F(moNodeUtilsTest, TheListOfVariantsHangsOnTheNode)
