@@ -88,7 +88,7 @@ public:
     static QString makeNameList(const std::vector<moNodePtr>& nodes, std::uint64_t maxCount);
     static QString makeNameList(const std::vector<moNodePtr>& nodes);
 
-    /// The same for (node, index of a transform variant): a node that has a variant of that index is listed with its
-    /// name written twice ('BoxBox'). Elements that yield no text leave no trace.
+    /// The same for (node, index of a transform variant): a node that has a variant with a name at that index is listed
+    /// with its own name written twice ('BoxBox'). Elements that yield no text leave no trace.
     static QString makeNameList(const std::vector<std::pair<osg::NodePtr, int>>& nodes, std::uint64_t maxCount);
 };

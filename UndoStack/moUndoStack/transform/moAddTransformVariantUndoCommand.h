@@ -17,7 +17,8 @@ class ContainerReference;
 
 /// Inserts a transform variant into the list of a node.
 ///
-/// \param index     where the variant ends up; one past the end of the list changes nothing.
+/// \param index     where the variant ends up, at most the length of the list; a greater one inserts nothing and is told
+///                  all the same.
 /// \param callback  called after every step, undone = true after an undo. Required: an empty one throws
 ///                  std::bad_function_call after the edit was made.
 ///

@@ -15,7 +15,7 @@ class ContainerReference;
 
 /// Removes a transform variant from the list of a node, and the list from the node when it becomes empty.
 ///
-/// \param index     position of the variant; one past the end removes nothing.
+/// \param index     position of the variant; where there is none, nothing is removed.
 /// \param callback  called after every step, undone = true after an undo. Required: an empty one throws
 ///                  std::bad_function_call after the edit was made.
 ///
