@@ -240,6 +240,13 @@ TEST_F(ApplyVariant, ItsMirrorKeepsItsStateFromOneCallToTheNext)
     EXPECT_THAT(told, ElementsAre("callback", "1", "callback", "2"));
 }
 
+TEST_F(ApplyVariant, WhoseCallbackLetsTheNodeGoIsNotMirrored)
+{
+    stack.add(new moApplyTransformationVariantUndoCommand(node, 0, true, nullptr, [this] { destroy(node); }));
+    stack.undo();
+    EXPECT_THAT(told, IsEmpty());
+}
+
 TEST_F(ApplyVariant, NeedsNeitherCallbackNorMirror)
 {
     moApplyTransformationVariantUndoCommand::setSyncFunction({});

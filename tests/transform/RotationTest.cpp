@@ -156,6 +156,15 @@ TEST_F(EulerRotationOrder, OfAVariantCallsBackButIsNotMirrored)
     EXPECT_EQ(order(1), "XYZ");
 }
 
+TEST_F(EulerRotationOrder, WhoseCallbackLetsTheNodeGoIsNotMirrored)
+{
+    synchronise();
+    stack.add(new moEulerRotationOrderUndoCommand(
+        node, "ZYX", nullptr, [this](unsigned int, const std::string&, int) { destroy(node); }, -1));
+    stack.undo();
+    EXPECT_THAT(told, IsEmpty());
+}
+
 TEST_F(EulerRotationOrder, NeedsNeitherCallbackNorMirror)
 {
     stack.add(new moEulerRotationOrderUndoCommand(node, "ZYX", nullptr, nullptr, -1));

@@ -512,6 +512,17 @@ TEST_P(TransformValue, DoesNothingOnceItsNodeHasGone)
     EXPECT_EQ(stack.size(), 1);
 }
 
+TEST_P(TransformValue, WhoseCallbackLetsTheNodeGoIsNotMirrored)
+{
+    row.synchronise(tellSync());
+    Arguments a = arguments();
+    a.callback = [this](unsigned int, const osg::Vec3f&, int, bool) { destroy(node); };
+    stack.add(row.make(a));
+    EXPECT_EQ(take().empty(), has(Callback));
+    stack.undo();
+    EXPECT_EQ(take().empty(), has(Callback));
+}
+
 TEST_P(TransformValue, OfNoNodeDoesAndTellsNothing)
 {
     row.synchronise(tellSync());

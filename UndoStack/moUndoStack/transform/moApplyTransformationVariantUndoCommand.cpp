@@ -89,5 +89,7 @@ void moApplyTransformationVariantUndoCommand::apply(const TransformValues& value
                                         values.eulerRotationOrder, values.rotationDirectionValid,
                                         values.rotationDirection, values.rotationDirectionMode, -1);
     if (m_callback) m_callback();
-    if (m_sync) s_sync(node);
+    if (!m_sync) return;
+    // Found again: the callback may have let the node go.
+    if (const auto found = findContainer<osg::NodePtr>(m_nodeId)) s_sync(found);
 }

@@ -51,5 +51,7 @@ void moEulerRotationOrderUndoCommand::set(osg::NodePtr node, std::string order)
 {
     moNodeUtils::setTransformNodeEulerRotationOrder(node, order, variantIndex());
     if (m_callback) m_callback(containerId(node), order, variantIndex());
-    if (editsLiveTransform()) s_sync(node, order);
+    if (!editsLiveTransform()) return;
+    // Found again: the callback may have let the node go.
+    if (const auto found = findContainer<osg::NodePtr>(nodeId())) s_sync(found, order);
 }

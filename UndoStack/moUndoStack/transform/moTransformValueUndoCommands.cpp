@@ -165,7 +165,8 @@ void moTransformCallbackUndoCommand<Command, Flag...>::set(osg::NodePtr node, os
     if (m_callback)
         m_callback(containerId(node), value, this->variantIndex(),
                    wasIdentity != moNodeUtils::isTransformNodeIdentity(node));
-    this->synchronise(node, value);
+    // Found again: the callback may have let the node go.
+    if (const auto found = findContainer<osg::NodePtr>(this->nodeId())) this->synchronise(found, value);
 }
 
 // Each command's base is instantiated by its constructors' using-declaration in the header; the code stands here only.
