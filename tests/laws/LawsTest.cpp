@@ -12,6 +12,7 @@
 #include <laws/ExportedClasses.h>
 
 #include <support/EditTrace.h>
+#include <support/ProbeCommand.h>
 #include <support/Samples.h>
 #include <support/Trace.h>
 #include <support/UndoTest.h>
@@ -276,6 +277,14 @@ TEST_P(EveryClass, DoesNotMergeWithACommandOnAnotherTarget)
     stack.addOrExecute(GetParam().make(scene->other, 1));
     const bool merged = GetParam().has(Exception::TargetsAreNotCompared);
     EXPECT_EQ(stack.size(), merged ? 1 : 2) << reason(Exception::TargetsAreNotCompared);
+}
+
+TEST_P(MergingClass, DoesNotMergeWithACommandOfAnotherKindThatHasItsId)
+{
+    moUndoCommandBase* const command = make(0);
+    stack.addOrExecute(command);
+    stack.addOrExecute((new ProbeCommand("stranger"))->withId(command->id()));
+    EXPECT_EQ(stack.size(), 2);
 }
 
 TEST_P(MergingClass, MergesLessThanTheIntervalAfterTheStepBefore)
@@ -619,6 +628,18 @@ TEST_P(EveryClass, DescribesItselfWithTheDocumentedKeysInTheirOrderAndOfTheirTyp
             keys.append(match.next().captured(1));
         EXPECT_EQ(keys.join(' ').toStdString(), expected) << message;
     }
+}
+
+TEST_P(EveryClass, DescribesItselfWhateverTheMessageHeldBefore)
+{
+    const std::unique_ptr<moUndoCommandBase> command(make(0));
+    moMessage fresh;
+    command->makeMessage(fresh);
+    moMessage used;
+    for (const auto& [key, value] : fresh.entries())
+        used.set(key, std::string("of somebody else"));
+    command->makeMessage(used);
+    EXPECT_EQ(describe(used), describe(fresh));
 }
 
 // --- 7. Places -------------------------------------------------------------------------------------------------------

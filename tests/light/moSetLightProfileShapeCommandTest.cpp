@@ -28,13 +28,13 @@ protected:
 
 TEST_F(SetLightProfileShape, RedoMakesAProfileLightWithTheValueThatTheProfileStatesAndUndoTheOldLight)
 {
-    moLights::setLightProfile(light, "lamp.ies", 250.f);
+    moLights::setLightProfile(light, "lamp.ies", 0.25f);
     const std::string before = describeLight(light);
     EXPECT_THAT(before, testing::HasSubstr("on Area scale 2 3 1"));
     stack.addOrExecute(new moSetLightProfileShapeCommand(light, nullptr));
     const std::string after = describeLight(light);
     EXPECT_THAT(after, testing::HasSubstr("on Profile scale 1 1 1"));
-    EXPECT_THAT(after, testing::HasSubstr("value 250 unit 0"));
+    EXPECT_THAT(after, testing::HasSubstr("value 0.25 unit 0"));
     for (int round = 0; round < 3; ++round) {
         stack.undo();
         EXPECT_EQ(describeLight(light), before);
