@@ -102,4 +102,19 @@ TEST(ContainerEdit, ClosesOnceWithItsMaskAlsoWhenTheEditThrows)
     osg::subRefCP(node);
 }
 
+TEST(ContainerEdit, IsNotClosedForAContainerThatHasGoneMeanwhile)
+{
+    osg::ChangeList& changes = *osg::Thread::getCurrentChangeList();
+    osg::NodePtr node = osg::Node::create();
+    changes.setReadOnly(false);
+    changes.clearAll();
+    {
+        const ContainerEdit edit(node, osg::Node::TravMaskFieldMask);
+        osg::subRefCP(node);
+    }
+    EXPECT_EQ(changes.sizeChanged(), 0U);
+    changes.clearAll();
+    changes.setReadOnly(true);
+}
+
 } // namespace

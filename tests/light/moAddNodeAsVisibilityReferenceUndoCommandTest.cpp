@@ -131,6 +131,34 @@ TEST_F(VisibilityReference, ANodeThatNobodyHoldsYetSurvivesBothSteps)
     EXPECT_EQ(fresh.getRefCount(), 1) << "the light's";
 }
 
+TEST_F(VisibilityReference, ANodeThatAListenerOfTheLightLetsGoIsNotEditedAnyMore)
+{
+    light = coreOf(makeTracedLight());
+    const osg::NodePtr fresh = osg::Node::create();
+    const osg::UInt32 id = idOf(fresh);
+    Command command(light, fresh, adding, nullptr);
+    EditTrace edits;
+    edits.onChange([this] { light->setVisibilityReference(osg::NullFC); });
+    command.redo();
+    EXPECT_FALSE(isAlive(id));
+    EXPECT_THAT(edits.take(), testing::ElementsAre("TracedUberLight visibilityReference 1"));
+}
+
+TEST_F(VisibilityReference, ALightThatGoesWithTheReferenceItLetsGoIsNotEditedAnyMoreAndHoldsNoOtherNode)
+{
+    const osg::NodePtr group = makeNode<osg::Group>("group");
+    light = coreOf(place(group, "light", osg::UberLight::create()));
+    light->setVisibilityReference(group);
+    destroy(group);
+    const osg::NodePtr fresh = osg::Node::create();
+    const osg::UInt32 lightId = idOf(light), freshId = idOf(fresh);
+    ASSERT_TRUE(isAlive(lightId)) << "the group holds the light and the light the group";
+
+    Command(light, fresh, adding, nullptr).redo();
+    EXPECT_FALSE(isAlive(lightId));
+    EXPECT_FALSE(isAlive(freshId)) << "only the light held it";
+}
+
 TEST_F(VisibilityReference, AParentThatIsGivenIsTheParent)
 {
     QUndoCommand parent;

@@ -112,6 +112,25 @@ TEST_F(SetEnvironment, MaterialThatHasGoneIsPassedOver)
     EXPECT_EQ(sky.getRefCount(), 1);
 }
 
+TEST_F(SetEnvironment, TwoThatLightEachOtherAndAreHeldByNobodyElseGoTogetherAtUndo)
+{
+    osg::UBRDFMaterialPtr mirror = osg::UBRDFMaterial::create();
+    osg::UBRDFMaterialPtr lamp = osg::UBRDFMaterial::create();
+    osg::addRefCP(mirror);
+    osg::addRefCP(lamp);
+    const std::size_t containers = liveContainerCount();
+    stack.add(new moSetEnvironmentUndoCommand(mirror, lamp, nullptr));
+    stack.add(new moSetEnvironmentUndoCommand(lamp, mirror, nullptr));
+    osg::subRefCP(mirror);
+    osg::subRefCP(lamp);
+    EXPECT_EQ(liveContainerCount(), containers);
+    stack.undo();
+    EXPECT_EQ(liveContainerCount(), containers - 2);
+    stack.undo();
+    stack.redo();
+    EXPECT_EQ(liveContainerCount(), containers - 2);
+}
+
 TEST_F(SetEnvironment, HoldsNeitherMaterialNorEnvironments)
 {
     stack.add(create(sky));

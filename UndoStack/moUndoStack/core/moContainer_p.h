@@ -28,22 +28,24 @@ inline osg::FieldContainerPtr findContainer<osg::FieldContainerPtr>(unsigned int
 }
 
 /// An edit of a container by the user: open from construction to destruction, also when the edit throws. The
-/// container's change notification goes out when it closes. A null container makes it do nothing.
+/// container's change notification goes out when it closes. A null container makes it do nothing. Found again by id to
+/// close: what the edit lets go may have been the last to hold the container, and takes it along.
 class ContainerEdit
 {
 public:
-    ContainerEdit(const osg::FieldContainerPtr& container, osg::BitVector mask) : m_container(container), m_mask(mask)
+    ContainerEdit(const osg::FieldContainerPtr& container, osg::BitVector mask)
+        : m_id(containerId(container)), m_mask(mask)
     {
-        osg::beginEditCP(m_container, m_mask, origin);
+        osg::beginEditCP(container, m_mask, origin);
     }
-    ~ContainerEdit() noexcept(false) { osg::endEditCP(m_container, m_mask, origin); }
+    ~ContainerEdit() noexcept(false) { osg::endEditCP(findContainer<osg::FieldContainerPtr>(m_id), m_mask, origin); }
     ContainerEdit(const ContainerEdit&) = delete;
     ContainerEdit& operator=(const ContainerEdit&) = delete;
 
 private:
     static constexpr osg::UInt32 origin = osg::ChangedOrigin::External;
 
-    osg::FieldContainerPtr m_container;
+    unsigned int m_id;
     osg::BitVector m_mask;
 };
 

@@ -46,13 +46,9 @@ void moAddNodeAsVisibilityReferenceUndoCommand::apply(bool remove)
     const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
     const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
     const osg::UInt32 flags = node->getExternalFlags();
-    if (remove) {
-        light->setVisibilityReference(osg::NullFC);
-        node->setExternalFlags(flags & ~visibilityReferenceExternalFlag);
-    } else {
-        light->setVisibilityReference(node);
-        node->setExternalFlags(flags | visibilityReferenceExternalFlag);
-    }
+    node->setExternalFlags(remove ? flags & ~visibilityReferenceExternalFlag : flags | visibilityReferenceExternalFlag);
+    // Last: the reference that the light lets go may take the light and a node that nobody else holds along.
+    light->setVisibilityReference(remove ? osg::NodePtr() : node);
 }
 
 void moAddNodeAsVisibilityReferenceUndoCommand::makeMessage(moMessage& message) const
