@@ -2,6 +2,8 @@
 
 #include "referenceList_p.h"
 
+#include <OpenSG/OSGRefPtr.h>
+
 OSG_BEGIN_NAMESPACE
 
 OSG_CONTAINER_IMPL(LightLinkSet, NodeCore, OSG_LIGHTLINKSET_FIELDS)
@@ -70,6 +72,8 @@ void LightLinkSet::insertInto(MFNodePtr& list, BitVector mask, const NodePtr& no
 void LightLinkSet::takeOutOf(MFNodePtr& list, BitVector mask, const NodePtr& node)
 {
     if (!referenceList::contains(list, node)) return;
+    // Until the edit is closed: a node above the set's own takes the set with it when it goes.
+    const NodeRefPtr held(node);
     const LightLinkSetPtr self(this);
     beginEditCP(self, mask);
     referenceList::remove(list, node);

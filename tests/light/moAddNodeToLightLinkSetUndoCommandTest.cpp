@@ -273,6 +273,20 @@ TEST_P(LightLinkList, ASetTakenAwayByAListenerIsNotEditedAnyMore)
     EXPECT_EQ(b.getRefCount(), 1);
 }
 
+TEST_P(LightLinkList, ASetThatGoesWithTheNodeTakenOutIsNotEditedAnyMore)
+{
+    const auto above = make("above"), b = make("b");
+    const osg::NodePtr holder = place(above, "set", osg::LightLinkSet::create());
+    stack.addOrExecute(
+        new Command(osg::LightLinkSetPtr::dcast(holder->getCore()), {above, b}, listType(), adding, nullptr));
+    const unsigned int id = idOf(holder);
+    destroy(above);
+    ASSERT_TRUE(isAlive(id)) << "the set holds the node above it";
+    stack.undo();
+    EXPECT_FALSE(isAlive(id));
+    EXPECT_EQ(b.getRefCount(), 1);
+}
+
 TEST_P(LightLinkList, AParentThatIsGivenIsTheParent)
 {
     QUndoCommand parent;
