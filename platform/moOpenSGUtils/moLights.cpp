@@ -2,7 +2,6 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -42,9 +41,17 @@ osg::Color3f toColor(const osg::Vec3f& vector)
     return {vector[0], vector[1], vector[2]};
 }
 
-float clampedAngle(float degrees)
+// Applied to what is set and to what is read, so that what was read can be set again. NaN, which nobody can set but a
+// field may hold, reads as 0.
+
+float validLightValue(float value)
 {
-    return std::clamp(degrees, 0.f, 180.f);
+    return std::fmax(value, 0.f);
+}
+
+float validAngle(float degrees)
+{
+    return std::fmin(std::fmax(degrees, 0.f), 180.f);
 }
 
 template<class Ptr>
@@ -129,37 +136,37 @@ void moLights::setGlossy(const osg::NodePtr& light, osg::Vec3f color)
 
 float moLights::getLightValue(const osg::NodePtr& light)
 {
-    return read(light, [](auto& core) { return core.getIntensity(); });
+    return read(light, [](auto& core) { return validLightValue(core.getIntensity()); });
 }
 
 void moLights::setLightValue(const osg::NodePtr& light, float value)
 {
     if (std::isnan(value)) return;
-    write(light, osg::UberLight::IntensityFieldMask, [value](auto& core) { core.setIntensity(std::max(value, 0.f)); });
+    write(light, osg::UberLight::IntensityFieldMask,
+          [value](auto& core) { core.setIntensity(validLightValue(value)); });
 }
 
 float moLights::getPenumbraAngle(const osg::NodePtr& light)
 {
-    return read(light, [](auto& core) { return core.getPenumbraAngle(); });
+    return read(light, [](auto& core) { return validAngle(core.getPenumbraAngle()); });
 }
 
 void moLights::setPenumbraAngle(const osg::NodePtr& light, float degrees)
 {
     if (std::isnan(degrees)) return;
     write(light, osg::UberLight::PenumbraAngleFieldMask,
-          [degrees](auto& core) { core.setPenumbraAngle(clampedAngle(degrees)); });
+          [degrees](auto& core) { core.setPenumbraAngle(validAngle(degrees)); });
 }
 
 float moLights::getConeAngle(const osg::NodePtr& light)
 {
-    return read(light, [](auto& core) { return core.getConeAngle(); });
+    return read(light, [](auto& core) { return validAngle(core.getConeAngle()); });
 }
 
 void moLights::setConeAngle(const osg::NodePtr& light, float degrees)
 {
     if (std::isnan(degrees)) return;
-    write(light, osg::UberLight::ConeAngleFieldMask,
-          [degrees](auto& core) { core.setConeAngle(clampedAngle(degrees)); });
+    write(light, osg::UberLight::ConeAngleFieldMask, [degrees](auto& core) { core.setConeAngle(validAngle(degrees)); });
 }
 
 osg::UberLight::LightAttenuation moLights::getAttenuation(const osg::NodePtr& light)

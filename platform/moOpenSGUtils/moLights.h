@@ -19,8 +19,9 @@ enum LensFlareEffectCloneMode : int
 ///
 /// A light is a node whose core is an osg::UberLight. For anything else - null, a node without core or with another
 /// core - every getter returns the zero of its type (false, 0, black, "", null, no attenuation) and every setter does
-/// nothing. Setters bracket their edit with the fields that they write (origin External). A number that is not a number
-/// (NaN) changes nothing. Main thread only.
+/// nothing. Setters bracket their edit with the fields that they write (origin External). NaN changes nothing, save in
+/// a colour. A light value and an angle are read within their limits, too, whatever the field holds (NaN as 0): what was
+/// read can be set again. Main thread only.
 class moLights
 {
 public:
@@ -37,7 +38,7 @@ public:
     static osg::Vec3f getGlossy(const osg::NodePtr& light);
     static void setGlossy(const osg::NodePtr& light, osg::Vec3f color);
 
-    /// The intensity in the light's own unit. Below 0 is set as 0.
+    /// The intensity in the light's own unit, kept at 0 or above.
     static float getLightValue(const osg::NodePtr& light);
     static void setLightValue(const osg::NodePtr& light, float value);
 

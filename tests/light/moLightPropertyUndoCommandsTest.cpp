@@ -386,6 +386,31 @@ TEST_F(LightPropertyDetails, AnAngleOutOfRangeIsSetAsTheLimitAndUndoGivesTheOldO
     EXPECT_EQ(describeLight(light), before);
 }
 
+TEST_F(LightPropertyDetails, WhatAFieldHoldsBeyondTheLimitsIsReadWithinThemAndUndoGivesThatBack)
+{
+    const auto values = [this] {
+        return std::vector<float>{moLights::getLightValue(light), moLights::getConeAngle(light),
+                                  moLights::getPenumbraAngle(light)};
+    };
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    const std::pair<float, std::vector<float>> stored[] = {
+        {-1.f, {0, 0, 0}}, {nan, {0, 0, 0}}, {200.f, {200, 180, 180}}};
+    for (const auto& [raw, read] : stored) {
+        coreOf(light)->setIntensity(raw);
+        coreOf(light)->setConeAngle(raw);
+        coreOf(light)->setPenumbraAngle(raw);
+        EXPECT_EQ(values(), read);
+        stack.addOrExecute(new moLightAttenuationUndoCommand(light, Light::QuadraticAttenuation, nullptr));
+        EXPECT_EQ(values(), read);
+        stack.addOrExecute(new moLightIntensityUndoCommand(light, 5.f, nullptr));
+        stack.addOrExecute(new moLightConeAngleUndoCommand(light, 5.f, nullptr));
+        stack.addOrExecute(new moLightPenumbraAngleUndoCommand(light, 5.f, nullptr));
+        while (stack.canUndo())
+            stack.undo();
+        EXPECT_EQ(values(), read);
+    }
+}
+
 TEST_F(LightPropertyDetails, ACommandForANodeDestroyedBeforeItsFirstRedoDoesNothing)
 {
     auto* command = new moLightIntensityUndoCommand(light, 5.f, nullptr);
