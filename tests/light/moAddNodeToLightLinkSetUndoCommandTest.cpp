@@ -145,6 +145,18 @@ TEST_P(LightLinkList, AddingWhatIsListedIsAnEmptyCommand)
     EXPECT_THAT(edits.take(), testing::IsEmpty());
 }
 
+TEST_P(LightLinkList, ANodeThatCameInAfterConstructionIsLeftAtRedoAndGoesAtUndo)
+{
+    listed("a");
+    const auto late = make("x");
+    auto* command = new Command(set, late, listType(), adding, nullptr);
+    put(late);
+    stack.addOrExecute(command);
+    EXPECT_EQ(list(), "a x");
+    stack.undo();
+    EXPECT_EQ(list(), "a") << "it was not in the list when the command was made";
+}
+
 TEST_P(LightLinkList, TheSameNodeTwiceIsListedOnceAndGoesAtUndo)
 {
     listed("a");
@@ -380,6 +392,15 @@ TEST_F(SharedCoreLight, TheOneRealNodeTakesItsPlaceInBothDirections)
     EXPECT_EQ(inLights(), "a");
     stack.undo();
     EXPECT_EQ(inLights(), "a real");
+}
+
+TEST_F(SharedCoreLight, TheRealNodeIsThatOfConstruction)
+{
+    share(sceneNode, "real");
+    auto* command = new Command(set, standIn, lights, adding, nullptr);
+    share(sceneNode, "late");
+    stack.addOrExecute(command);
+    EXPECT_EQ(inLights(), "real");
 }
 
 TEST_F(SharedCoreLight, ARealNodeThatIsListedAlreadyIsNotAddedAgain)

@@ -37,6 +37,16 @@ TEST_F(SetEnvironment, RedoSetsItAndUndoRestoresTheOneBefore)
                                           "glass environment 1"));
 }
 
+TEST_F(SetEnvironment, TheOneBeforeIsThatOfConstruction)
+{
+    glass->setEnvironment(otherMaterial);
+    const auto command = make(sky);
+    glass->setEnvironment(material);
+    command->redo();
+    command->undo();
+    EXPECT_EQ(glass->getEnvironment(), otherMaterial);
+}
+
 TEST_F(SetEnvironment, MaterialThatHadNoneHasNoneAfterUndo)
 {
     const auto command = make(sky);

@@ -215,6 +215,16 @@ TYPED_TEST(AttachedTag, RedoAfterUndoRestoresTheCallersListsWhateverStoodThere)
     EXPECT_EQ(this->state(), (State{{"old", "new"}, {"locked"}, {1, 2, 3}}));
 }
 
+TYPED_TEST(AttachedTag, UndoRestoresTheTagsOfConstructionAndTheCallersStampsWhateverStoodThereAtRedo)
+{
+    const auto command = this->make();
+    this->tags->getMFUserTags()->setValues(Tags{"somebody", "else"});
+    this->tags->getMFTagStamps()->setValues(Stamps{77});
+    command->redo();
+    command->undo();
+    EXPECT_EQ(this->state(), this->before);
+}
+
 TYPED_TEST(AttachedTag, FieldFourIsUserTagsAndFieldFiveSystemTags)
 {
     const StandardOutput output;
