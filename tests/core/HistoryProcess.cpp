@@ -1,6 +1,6 @@
 // How a process ends: one that has shown the history, and whose application object lives and dies in one of several
-// ways, and one whose commands call the stacks while they are deleted. Exit status 0: all as it should be, and nothing
-// crashed on the way out.
+// ways, one whose commands call the stacks while they are deleted, and one that is still composing. Exit status 0: all as
+// it should be, and nothing crashed on the way out.
 
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/core/moUndoStack.h>
@@ -111,6 +111,51 @@ void leaveLateCallers()
     moUndoStack::endUndo();
 }
 
+/// Fails the process if there are any left at its very end.
+class Counted
+{
+public:
+    Counted() { ++s_alive; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+    ~Counted() { --s_alive; }
+
+    static void checkAtExit()
+    {
+        static const struct AtExit
+        {
+            ~AtExit()
+            {
+                if (s_alive != 0) std::_Exit(1);
+            }
+        } s_atExit;
+        Q_UNUSED(s_atExit)
+    }
+
+private:
+    static int s_alive;
+};
+int Counted::s_alive = 0;
+
+/// A composition, in it one that belongs to nobody, as recording was off for a moment; both have a child.
+void leaveACompositionOpen()
+{
+    Counted::checkAtExit();
+    const auto makeChild = [] {
+        const auto held = std::make_shared<Counted>();
+        new moGenericFunctionUndoCommand(
+            moUndoString("child", ""), [held] {}, [held] {}, moUndoStack::getCurrentCommandParent());
+    };
+    moUndoStack& stack = moUndoStack::get();
+    moUndoStack::beginUndo();
+    stack.beginMultiCommand("outer", "", true);
+    makeChild();
+    moUndoStack::beginBlockUndo();
+    stack.beginMultiCommand("inner", "", true);
+    moUndoStack::endBlockUndo();
+    makeChild();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -146,6 +191,8 @@ int main(int argc, char** argv)
         showNothing();
     } else if (how == "late-calls") {
         leaveLateCallers();
+    } else if (how == "open-composition") {
+        leaveACompositionOpen();
     } else if (how == "no-application") {
         showNothing();
     } else {

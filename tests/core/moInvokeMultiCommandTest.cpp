@@ -84,6 +84,12 @@ TEST_F(InvokeMultiCommand, LogsACallThatQtRefusesEachTime)
     EXPECT_THAT(receiver.calls, ElementsAre("redo a", "undo a"));
 }
 
+TEST_F(InvokeMultiCommand, FindsTheVeryFirstMethodOfAClass)
+{
+    stack.add(made("destroyed(QObject*)"));
+    EXPECT_THAT(log.take(), ElementsAre("error: Could not invoke: Receiver::destroyed(QObject*)"));
+}
+
 TEST_F(InvokeMultiCommand, WithoutAReceiverOrAMethodRunsItsChildrenOnly)
 {
     auto* command = new moInvokeMultiCommand(moUndoString("invoke", ""), nullptr, "refresh()");

@@ -367,6 +367,12 @@ TEST_F(Exceptions, AfterTheFirstOneAreLogged)
     EXPECT_EQ(faultOf([this] { stack.clear(); }), "first");
     QObject::disconnect(&stack, nullptr, &context, nullptr);
     EXPECT_THAT(log.take(), ElementsAre("error: moUndoStack: another exception in the same operation: second"));
+    QObject::connect(&stack, &moUndoStack::undoPerformed, &context, fails("first"));
+    QObject::connect(&stack, &moUndoStack::cleared, &context, [] { throw 2; });
+    stack.add(new ProbeCommand("b"));
+    EXPECT_EQ(faultOf([this] { stack.clear(); }), "first");
+    QObject::disconnect(&stack, nullptr, &context, nullptr);
+    EXPECT_THAT(log.take(), ElementsAre("error: moUndoStack: another exception in the same operation"));
 }
 
 TEST_F(Exceptions, OutOfTheLogItselfDoNotLeaveTheStackAtWork)
