@@ -37,7 +37,8 @@ class moUndoCommandBase;
 /// history) waits: it is carried out, in the order of the calls, when the step at hand has been run and reported,
 /// before the outermost call returns. So no command is deleted while somebody is told about it, and every listener
 /// hears of the steps in the order in which they happened. Whether a command is recorded is decided when it is handed
-/// in, not when its turn comes. Commands that are not recorded are run and reported at once.
+/// in, not when its turn comes. Commands that are not recorded are run and reported at once. Beginning and ending a
+/// composition does not wait, as commands are made in between; adding the composite does.
 ///
 /// **Exceptions.** What a listener or a command throws reaches the caller of the outermost operation, after the calls
 /// that waited were carried out; if several throw, the first goes on and the others are logged. The stack stays usable:

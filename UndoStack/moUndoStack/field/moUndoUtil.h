@@ -29,7 +29,8 @@ public:
     static osg::FieldDescription* findField(osg::FieldContainerPtr container, const std::string& name);
 
     /// Makes the command that sets a field to a value and records it: as a child of `parent`, or on the default stack
-    /// when `parent` is null. `fieldName` is as in findField().
+    /// when `parent` is null. While a composite is being composed it becomes a child of that; if recording is off then,
+    /// nothing is made. `fieldName` is as in findField().
     ///
     /// The field's own type decides which command it is, never the overload. Integers and bools go into any integer or
     /// bool field: an integer is cut to the field's width, anything but 0 is true. float and double go into either of

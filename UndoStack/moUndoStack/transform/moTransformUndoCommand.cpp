@@ -48,7 +48,7 @@ template<class T>
 bool moTransformUndoCommand<T>::canMergeWith(const QUndoCommand* other) const
 {
     if (!moFunctionUndoCommand<T>::canMergeWith(other)) return false;
-    const auto* newer = dynamic_cast<const moTransformUndoCommand<T>*>(other);
+    const auto* newer = this->castLike(*this, other);
     return newer && newer->m_flag == m_flag && newer->m_variantIndex == m_variantIndex;
 }
 
