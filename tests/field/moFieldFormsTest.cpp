@@ -44,6 +44,9 @@ protected:
         ASSERT_NE(description, nullptr);
         fieldId = description->getFieldId();
         mask = description->getFieldMask();
+        // Not what a command has that reads nothing.
+        container->setSingleString("old");
+        lists->getMFMultiString()->setValues({"old"});
         original = state();
     }
 

@@ -199,6 +199,16 @@ TEST_F(VariantMove, OnANodeWithoutVariantsOrNoneAtAllDoesNothing)
     EXPECT_THAT(told, IsEmpty());
 }
 
+TEST_F(VariantMove, AGapInTheListIsNoVariantToBeMoved)
+{
+    fill("AB");
+    moNodeUtils::getTransformVariantsAttachment(node)->getMFVariants()->push_back(osg::NullFC);
+    move(2, 0);
+    EXPECT_EQ(moNodeUtils::getTransformVariantCount(node), 3U);
+    EXPECT_EQ(moNodeUtils::getTransformVariant(node, 2), osg::NullFC);
+    EXPECT_THAT(take(), ElementsAre("->"));
+}
+
 TEST_F(VariantMove, HoldsVariantsOnlyOnTheWay)
 {
     fill("AB");
