@@ -351,8 +351,11 @@ void Player::pushSample(const Operation& operation)
     moMessage message;
     command->makeMessage(message);
     const std::string keys = describe(message);
-    m_facts.samples.push_back(
-        {command->id(), keys.empty() ? "" : ' ' + keys.substr(0, keys.find(' ')), scene.digest(), {}});
+    m_facts.samples.push_back({command->id(),
+                               dynamic_cast<const moMultiCommand*>(command) != nullptr,
+                               keys.empty() ? "" : ' ' + keys.substr(0, keys.find(' ')),
+                               scene.digest(),
+                               {}});
     adjust(*command, operation);
     handIn(command, operation);
 }

@@ -532,14 +532,21 @@ void Shadow::signal(unsigned stack, const std::string& line)
     play(response);
 }
 
+bool Shadow::isComposite(const Command& command) const
+{
+    return command.kind == Kind::Composite ||
+           (command.kind == Kind::Sample && m_facts.samples[command.number].isComposite);
+}
+
+/// A composite speaks with the keys of its first child, unless that is a composite itself.
 std::string Shadow::keys(const Command& command) const
 {
     switch (command.kind) {
     case Kind::Macro:
         return {};
     case Kind::Composite:
-        return command.children.empty() || command.children[0]->kind == Kind::Composite ? std::string()
-                                                                                        : keys(*command.children[0]);
+        if (command.children.empty() || isComposite(*command.children[0])) return {};
+        return keys(*command.children[0]);
     case Kind::Sample:
         return m_facts.samples[command.number].keys + '*';
     case Kind::Tally:

@@ -22,6 +22,7 @@ struct Facts
     struct SampleFacts
     {
         int id = 0;
+        bool isComposite = false;
         std::string keys;                ///< the first of those that it adds to a message
         std::vector<std::string> before; ///< digest of its scene before the first step
         std::vector<std::string> after;  ///< the one after it; empty until it was seen
@@ -160,6 +161,7 @@ private:
     void moveTo(unsigned stack, std::size_t index, bool added);
     void report(unsigned stack, const Command* command, bool forward, long index, bool added);
     void signal(unsigned stack, const std::string& line);
+    bool isComposite(const Command& command) const;
     std::string keys(const Command& command) const;
     void callChanged(const Command& command, bool forward);
 
