@@ -10,7 +10,7 @@
 /// Id of a container; 0 for the null handle, which must not be asked.
 inline unsigned int containerId(const osg::FieldContainerPtr& container)
 {
-    return container == osg::NullFC ? 0 : container.getFieldContainerId();
+    return container ? container.getFieldContainerId() : 0;
 }
 
 /// The container with this id as a handle of the given type; null when it is gone, was never there or is of another
