@@ -93,6 +93,18 @@ TEST(RandomModelShrinking, LeavesOnlyTheOperationsThatAreNeeded)
     EXPECT_EQ(program[1].kind, Operation::Reset);
 }
 
+TEST(RandomModelCase, ACompositeAroundASampleOfAnyClass)
+{
+    for (unsigned row = 0; row < 100; ++row) // more than there are
+        EXPECT_EQ(differenceOf({
+                      {Operation::Begin, 0, 26, 322},
+                      {Operation::Sample, 1, 0, row},
+                      {Operation::End, 0, 14, 395},
+                  }),
+                  "")
+            << row;
+}
+
 TEST(RandomModelGenerator, MakesAProgramOfAnyBytes)
 {
     const std::uint8_t bytes[] = {255, 255, 255, 255, 0, 3, 1, 2, 9};
