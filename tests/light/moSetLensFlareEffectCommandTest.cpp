@@ -4,6 +4,8 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 
+#include <algorithm>
+
 namespace {
 
 class SetLensFlareEffect : public LightTest
@@ -120,6 +122,11 @@ TEST_F(SetLensFlareEffect, SourceTargetAndBackupAreHeldFromConstructionToDestruc
     auto* command = new moSetLensFlareEffectCommand(source, target, nullptr);
     EXPECT_EQ(liveContainerCount(), before + 1) << "the backup shares its elements";
     EXPECT_EQ((*target->getMFElements())[0].getRefCount(), elementCount + 1);
+    osg::LensFlareEffectPtr backup; // the newest effect
+    for (unsigned int id = std::max(idOf(source), idOf(target)) + 1; id < idOf(target) + 1000 && !backup; ++id)
+        backup = osg::LensFlareEffectPtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
+    ASSERT_NE(backup, osg::NullFC);
+    EXPECT_EQ(backup.getRefCount(), 1);
     for (int step = 0; step < 4; ++step) {
         EXPECT_EQ(source.getRefCount(), 2);
         EXPECT_EQ(target.getRefCount(), 2);

@@ -181,8 +181,8 @@ TEST_F(VariantMove, ListedPositionsWithoutAVariantAreSkippedAndNotCounted)
 TEST_F(VariantMove, APositionThatIsListedTwiceCountsOnce)
 {
     fill("ABCD");
-    move(std::vector<int>{2, 2}, 0);
-    expectCycles("ABCD", "CABD");
+    move(std::vector<int>{2, 2, 3}, 0);
+    expectCycles("ABCD", "CDAB");
 }
 
 TEST_F(VariantMove, OnANodeWithoutVariantsOrNoneAtAllDoesNothing)
