@@ -45,10 +45,13 @@ void moAddNodeAsVisibilityReferenceUndoCommand::apply(bool remove)
     // In this order, so that the light's edit closes first.
     const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
     const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
-    const osg::UInt32 flags = node->getExternalFlags();
-    node->setExternalFlags(remove ? flags & ~visibilityReferenceExternalFlag : flags | visibilityReferenceExternalFlag);
-    // Last: the reference that the light lets go may take the light and a node that nobody else holds along.
     light->setVisibilityReference(remove ? osg::NodePtr() : node);
+    // Found again: the reference that the light let go may have taken the light and a node that nobody else holds along.
+    const auto marked = findContainer<osg::NodePtr>(m_nodeId);
+    if (!marked) return;
+    const osg::UInt32 flags = marked->getExternalFlags();
+    marked->setExternalFlags(remove ? flags & ~visibilityReferenceExternalFlag
+                                    : flags | visibilityReferenceExternalFlag);
 }
 
 void moAddNodeAsVisibilityReferenceUndoCommand::makeMessage(moMessage& message) const

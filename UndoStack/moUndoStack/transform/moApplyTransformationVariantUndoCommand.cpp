@@ -1,6 +1,7 @@
 #include <moUndoStack/transform/moApplyTransformationVariantUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/transform/moMirror_p.h>
 #include <moUndoStack/transform/moTransformText_p.h>
 
 #include <moOpenSGUtils/moTransformVariantUtils.h>
@@ -89,7 +90,5 @@ void moApplyTransformationVariantUndoCommand::apply(const TransformValues& value
                                         values.eulerRotationOrder, values.rotationDirectionValid,
                                         values.rotationDirection, values.rotationDirectionMode, -1);
     if (m_callback) m_callback();
-    if (!m_sync) return;
-    // Found again: the callback may have let the node go.
-    if (const auto found = findContainer<osg::NodePtr>(m_nodeId)) s_sync(found);
+    if (m_sync) mirror(s_sync, m_nodeId);
 }

@@ -1,6 +1,7 @@
 #include <moUndoStack/transform/moEulerRotationOrderUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/transform/moMirror_p.h>
 
 #include <moOpenSGUtils/moNodeUtils.h>
 
@@ -49,9 +50,8 @@ std::string moEulerRotationOrderUndoCommand::get(osg::NodePtr node)
 
 void moEulerRotationOrderUndoCommand::set(osg::NodePtr node, std::string order)
 {
+    const unsigned int id = containerId(node);
     moNodeUtils::setTransformNodeEulerRotationOrder(node, order, variantIndex());
-    if (m_callback) m_callback(containerId(node), order, variantIndex());
-    if (!editsLiveTransform()) return;
-    // Found again: the callback may have let the node go.
-    if (const auto found = findContainer<osg::NodePtr>(nodeId())) s_sync(found, order);
+    if (m_callback) m_callback(id, order, variantIndex());
+    if (editsLiveTransform()) mirror(s_sync, id, order);
 }

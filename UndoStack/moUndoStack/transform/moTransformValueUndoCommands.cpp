@@ -1,6 +1,7 @@
 #include <moUndoStack/transform/moTransformValueUndoCommands.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/transform/moMirror_p.h>
 
 #include <moOpenSGUtils/moNodeUtils.h>
 
@@ -112,8 +113,9 @@ osg::Vec3f moTransformValueUndoCommand<Command, Flag...>::get(osg::NodePtr node)
 template<class Command, class... Flag>
 void moTransformValueUndoCommand<Command, Flag...>::set(osg::NodePtr node, osg::Vec3f value)
 {
+    const unsigned int id = containerId(node);
     write(node, value);
-    synchronise(node, value);
+    synchronise(id, value);
 }
 
 template<class Command, class... Flag>
@@ -123,9 +125,10 @@ void moTransformValueUndoCommand<Command, Flag...>::write(const osg::NodePtr& no
 }
 
 template<class Command, class... Flag>
-void moTransformValueUndoCommand<Command, Flag...>::synchronise(const osg::NodePtr& node, const osg::Vec3f& value) const
+void moTransformValueUndoCommand<Command, Flag...>::synchronise(unsigned int nodeId, const osg::Vec3f& value) const
 {
-    if (moTransformRow<Command>::synced == Synced::Always || editsLiveTransform()) s_sync(node, value, Flag(flag())...);
+    if (moTransformRow<Command>::synced == Synced::Always || editsLiveTransform())
+        mirror(s_sync, nodeId, value, Flag(flag())...);
 }
 
 template<class Command, class... Flag>
@@ -160,13 +163,14 @@ moTransformCallbackUndoCommand<Command, Flag...>::moTransformCallbackUndoCommand
 template<class Command, class... Flag>
 void moTransformCallbackUndoCommand<Command, Flag...>::set(osg::NodePtr node, osg::Vec3f value)
 {
+    const unsigned int id = containerId(node);
     const bool wasIdentity = m_callback && moNodeUtils::isTransformNodeIdentity(node);
     this->write(node, value);
+    // Found again: a listener to the edit may have let the node go.
     if (m_callback)
-        m_callback(containerId(node), value, this->variantIndex(),
-                   wasIdentity != moNodeUtils::isTransformNodeIdentity(node));
-    // Found again: the callback may have let the node go.
-    if (const auto found = findContainer<osg::NodePtr>(this->nodeId())) this->synchronise(found, value);
+        m_callback(id, value, this->variantIndex(),
+                   wasIdentity != moNodeUtils::isTransformNodeIdentity(findContainer<osg::NodePtr>(id)));
+    this->synchronise(id, value);
 }
 
 // Each command's base is instantiated by its constructors' using-declaration in the header; the code stands here only.

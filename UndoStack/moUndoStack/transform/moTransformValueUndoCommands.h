@@ -36,7 +36,7 @@ protected:
     void set(osg::NodePtr node, osg::Vec3f value) override;
 
     void write(const osg::NodePtr& node, const osg::Vec3f& value);
-    void synchronise(const osg::NodePtr& node, const osg::Vec3f& value) const;
+    void synchronise(unsigned int nodeId, const osg::Vec3f& value) const;
 
 private:
     static moUndoDetail::HeldFunction<void(const osg::NodePtr&, const osg::Vec3f&, Flag...)> s_sync;
