@@ -11,6 +11,7 @@
 #include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moInvokeMultiCommand.h>
 #include <moUndoStack/core/moMultiCommand.h>
+#include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoCommand.h>
 #include <moUndoStack/core/moUndoCommandBase.h>
 #include <moUndoStack/core/moUndoCommandId.h>

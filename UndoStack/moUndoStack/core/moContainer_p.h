@@ -1,5 +1,7 @@
 #pragma once
 
+#include <moUndoStack/core/moStep.h>
+
 #include <OpenSG/OSGFieldContainer.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 
@@ -28,8 +30,9 @@ inline osg::FieldContainerPtr findContainer<osg::FieldContainerPtr>(unsigned int
 }
 
 /// An edit of a container by the user: open from construction to destruction, also when the edit throws. The
-/// container's change notification goes out when it closes. A null container makes it do nothing. Found again by id to
-/// close: what the edit lets go may have been the last to hold the container, and takes it along.
+/// container's change notification goes out when it closes; a listener that throws then does not keep the step from
+/// being done (see moStep). A null container makes it do nothing. Looks the container up again before closing the edit:
+/// writing may have destroyed it.
 class ContainerEdit
 {
 public:
@@ -38,7 +41,10 @@ public:
     {
         osg::beginEditCP(container, m_mask, origin);
     }
-    ~ContainerEdit() noexcept(false) { osg::endEditCP(findContainer<osg::FieldContainerPtr>(m_id), m_mask, origin); }
+    ~ContainerEdit() noexcept(false)
+    {
+        moStep::afterwards([this] { osg::endEditCP(findContainer<osg::FieldContainerPtr>(m_id), m_mask, origin); });
+    }
     ContainerEdit(const ContainerEdit&) = delete;
     ContainerEdit& operator=(const ContainerEdit&) = delete;
 

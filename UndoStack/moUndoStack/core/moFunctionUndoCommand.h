@@ -1,5 +1,6 @@
 #pragma once
 
+#include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoCommand.h>
 
 #include <moUtils/moMessage.h>
@@ -26,8 +27,9 @@ MO_UNDO_STACK_EXPORT osg::NodePtr findNode(unsigned int id);
 /// The node is kept by id: once it is gone, undo and redo do nothing. A null node makes a command that never does
 /// anything.
 /// Old value: read at each step, just before the stored one is written; the two then change places, so that redo and
-/// undo are one operation. A subclass that overrides redo() changes both. If set() throws, the stored value stays, so
-/// that the step can be tried again.
+/// undo are one operation. A subclass that overrides redo() changes both.
+/// If get() or set() throws, the step did not happen: the node's value is written again as it was, and the stored one
+/// stays, so that the step can be tried again. What set() calls after its write goes through moStep::afterwards().
 /// Merges with a newer command of the same class and node made within its merge interval; the value from before the
 /// first one stays, so that one undo takes the whole series back.
 /// Message: "id" (int), "node" (unsigned int).
@@ -53,6 +55,8 @@ protected:
     unsigned int nodeId() const { return m_nodeId; }
 
 private:
+    void putBack(T old);
+
     unsigned int m_nodeId;
     T m_value;
 };
@@ -73,11 +77,24 @@ void moFunctionUndoCommand<T>::undo()
 template<class T>
 void moFunctionUndoCommand<T>::redo()
 {
-    const osg::NodePtr node = moUndoDetail::findNode(m_nodeId);
-    if (node == osg::NullFC) return;
-    T old = get(node);
-    set(node, m_value);
-    m_value = std::move(old);
+    moStep::run([this] {
+        const osg::NodePtr node = moUndoDetail::findNode(m_nodeId);
+        if (node == osg::NullFC) return;
+        T old = get(node);
+        try {
+            set(node, m_value);
+        } catch (...) {
+            moStep::takeBack([this, &old] { putBack(std::move(old)); });
+            throw;
+        }
+        m_value = std::move(old);
+    });
+}
+
+template<class T>
+void moFunctionUndoCommand<T>::putBack(T old)
+{
+    if (const osg::NodePtr node = moUndoDetail::findNode(m_nodeId)) set(node, std::move(old));
 }
 
 template<class T>

@@ -1,5 +1,6 @@
 #include <moUndoStack/core/moMultiCommand.h>
 
+#include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoCommand.h>
 #include <moUndoStack/core/moUndoStack.h>
 
@@ -13,30 +14,27 @@ namespace {
 
 using Step = void (QUndoCommand::*)();
 
-/// Runs a step on each child in turn and then the after function. What was through when one of them throws is taken
-/// back, in the opposite order; a second failure while doing so changes nothing about the first.
+/// Runs a step on each child in turn and then the after function. If a child's step does not happen, those before it are
+/// taken back in the opposite order, and the after function has nothing to be told of.
 ///
 /// childAt(i) is the i-th child to step, null behind the last one: a child may add others while it runs.
 template<class ChildAt>
 void runWhole(const ChildAt& childAt, Step step, Step opposite, const std::function<void()>& after)
 {
-    int through = 0;
-    try {
-        while (QUndoCommand* const child = childAt(through)) {
-            (child->*step)();
-            ++through;
-        }
-        if (after) after();
-    } catch (...) {
-        while (through > 0) {
-            --through;
-            try {
-                (childAt(through)->*opposite)();
-            } catch (...) { // NOLINT(bugprone-empty-catch): the first exception is the one to report
+    moStep::run([&] {
+        int through = 0;
+        try {
+            while (QUndoCommand* const child = childAt(through)) {
+                (child->*step)();
+                ++through;
             }
+        } catch (...) {
+            while (through > 0)
+                moStep::takeBack([&] { (childAt(--through)->*opposite)(); });
+            throw;
         }
-        throw;
-    }
+        if (after) moStep::afterwards(after);
+    });
 }
 
 } // namespace

@@ -6,8 +6,9 @@
 /// A composite: one undo step made of child commands.
 ///
 /// Usually made between moUndoStack::beginMultiCommand() and endMultiCommand(). Its children are done in order and
-/// undone in reverse order. A step either happens whole or not at all: if a child or the after function throws, the
-/// children that were through already are taken back before the exception goes on.
+/// undone in reverse order. A step happens whole or not at all: if a child's step does not happen, as it throws while it
+/// writes, the children before it are taken back, the after function is not called and the exception passes. What throws
+/// after a write (a callback, a listener, the after function) changes nothing about the step (see moStep).
 ///
 /// Merges with a newer composite of the same class and the same number of children if each child can be merged with its
 /// counterpart. Each pair is then merged; what a child answers to that is not looked at, which is intended: a composite

@@ -1,5 +1,7 @@
 #include <moUndoStack/core/moUndoCommandBase.h>
 
+#include <moUndoStack/core/moStep.h>
+
 #include <moUndoUtils/moUndoString.h>
 
 #include <utility>
@@ -40,7 +42,7 @@ void moUndoCommandBase::setChangedCB(std::function<void(bool)> changed)
 
 void moUndoCommandBase::callChangedCB(bool done) const
 {
-    m_changed(done);
+    moStep::afterwards([this, done] { m_changed(done); });
     for (int i = 0; i < childCount(); ++i) {
         if (const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i))) command->callChangedCB(done);
     }

@@ -1,6 +1,7 @@
 #include <moUndoStack/core/moUndoStack.h>
 
 #include <moUndoStack/core/moMultiCommand.h>
+#include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoCommand.h>
 
 #include <moUndoUtils/moUndoString.h>
@@ -247,33 +248,12 @@ void moUndoStack::abandon(moMultiCommand* composite)
 
 // --- work on Qt's stack ---------------------------------------------------------------------------------------------
 
-void moUndoStack::keepException()
-{
-    if (!m_exception) {
-        m_exception = std::current_exception();
-        return;
-    }
-    try {
-        try {
-            throw;
-        } catch (const std::exception& later) {
-            moLog::error("moUndoStack: another exception in the same operation: %s", later.what());
-        } catch (...) {
-            moLog::error("moUndoStack: another exception in the same operation");
-        }
-    } catch (...) { // NOLINT(bugprone-empty-catch): the log itself fails, and the stack must come to rest all the same
-    }
-}
-
+/// Does one call on Qt's stack. What it throws does not keep those that wait from being done.
 template<class Call>
 void moUndoStack::work(const Call& call)
 {
     ++m_busyDepth;
-    try {
-        call();
-    } catch (...) {
-        keepException();
-    }
+    moStep::attempt(call);
     --m_busyDepth;
     m_pushing = false;
 }
@@ -286,13 +266,14 @@ void moUndoStack::perform(Call call)
         m_waiting.push_back(std::move(call));
         return;
     }
-    work(call);
-    for (std::size_t i = 0; i < m_waiting.size(); ++i) {
-        const std::function<void()> next = std::move(m_waiting[i]);
-        work(next);
-    }
-    m_waiting.clear();
-    if (m_exception) std::rethrow_exception(std::exchange(m_exception, nullptr));
+    moStep::runOutermost([this, &call] {
+        work(call);
+        for (std::size_t i = 0; i < m_waiting.size(); ++i) {
+            const std::function<void()> next = std::move(m_waiting[i]);
+            work(next);
+        }
+        m_waiting.clear();
+    });
 }
 
 bool moUndoStack::owns(const QUndoCommand* command) const
@@ -344,8 +325,10 @@ void moUndoStack::addOrExecute(moUndoCommandBase* command)
     if (!command) return;
     if (!command->parent() && !undoEnabled()) {
         const std::unique_ptr<moUndoCommandBase> owned(command);
-        command->redo();
-        sendRedoNotification(command, -1, true);
+        moStep::runOutermost([this, command] {
+            command->redo();
+            sendRedoNotification(command, -1, true);
+        });
         return;
     }
     // A command with a parent is pushed even while nothing is being composed: intended.
@@ -398,7 +381,7 @@ void moUndoStack::clear()
         m_pushing = false;
         m_markIndex = 0;
         clearMultiCommands();
-        Q_EMIT cleared();
+        moStep::afterwards([this] { Q_EMIT cleared(); });
     });
 }
 
@@ -476,17 +459,7 @@ void moUndoStack::setMessageCallback(MessageCallback callback)
 }
 
 /// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear, always from within a call of ours.
-/// Nothing may be thrown into Qt: it could not say any more who owns the command.
 void moUndoStack::indexChanged(int i)
-{
-    try {
-        reportIndexChange(i);
-    } catch (...) {
-        keepException();
-    }
-}
-
-void moUndoStack::reportIndexChange(int i)
 {
     const bool forward = m_lastIndex <= i;
     const bool added = m_pushing;
@@ -498,14 +471,14 @@ void moUndoStack::reportIndexChange(int i)
         return;
     }
     const QUndoCommand* undone = m_stack->command(i);
-    Q_EMIT undoPerformed(undone);
+    moStep::afterwards([&] { Q_EMIT undoPerformed(undone); });
     sendMessage(undoMessage, i, false);
     callChangedCB(undone, false);
 }
 
 void moUndoStack::sendRedoNotification(const QUndoCommand* command, int index, bool added)
 {
-    Q_EMIT redoPerformed(command, added);
+    moStep::afterwards([&] { Q_EMIT redoPerformed(command, added); });
     sendMessage(command, redoMessage, index, added);
     callChangedCB(command, true);
 }
@@ -527,11 +500,13 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
     const auto* single = dynamic_cast<const moUndoCommand*>(command);
     const auto* described = single ? single : dynamic_cast<const moUndoCommandBase*>(command);
     if (described) message.set("description", toUtf8(described->getDescription()), true);
-    if (single)
-        single->makeMessage(message);
-    else if (const auto* composite = dynamic_cast<const moMultiCommand*>(described))
-        composite->makeMessage(message);
-    m_messageCallback(name, message, 0);
+    moStep::afterwards([&] {
+        if (single)
+            single->makeMessage(message);
+        else if (const auto* composite = dynamic_cast<const moMultiCommand*>(described))
+            composite->makeMessage(message);
+    });
+    moStep::afterwards([&] { m_messageCallback(name, message, 0); });
 }
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)

@@ -9,7 +9,6 @@
 #include <QtCore/QStack>
 #include <QtWidgets/QUndoCommand>
 
-#include <exception>
 #include <functional>
 #include <vector>
 
@@ -180,12 +179,10 @@ private:
     void perform(Call call);
     template<class Call>
     void work(const Call& call);
-    void keepException();
     void jump(int index);
     void closeHistory();
     void deleteCommands();
 
-    void reportIndexChange(int i);
     void sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const;
     void sendMessage(const char* name, int index, bool added) const;
     void sendRedoNotification(const QUndoCommand* command, int index, bool added);
@@ -204,7 +201,6 @@ private:
     QPointer<QUndoView> m_historyView;
     MessageCallback m_messageCallback = nullptr;
     std::vector<std::function<void()>> m_waiting;
-    std::exception_ptr m_exception;
 };
 
 // For listeners that keep a signal's arguments as variants.
