@@ -1,6 +1,6 @@
-// How a process ends: one that has shown the history, and whose application object lives and dies in one of several
-// ways, one whose commands call the stacks while they are deleted, and one that is still composing. Exit status 0: all as
-// it should be, and nothing crashed on the way out.
+// How a process ends: one that has shown the histories, in every combination of when, what became of them, how the
+// process ends and what becomes of the application object; one whose commands call the stacks while they are deleted, and
+// one that is still composing. Exit status 0: all as it should be, and nothing crashed on the way out.
 
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/core/moUndoStack.h>
@@ -48,6 +48,14 @@ int visibleHistories()
     return count;
 }
 
+/// Qt makes parts of itself at the first destruction of a window, and destroys them at process end.
+void destroyAWindow()
+{
+    QWidget window;
+    window.show();
+    QApplication::processEvents();
+}
+
 void showBoth()
 {
     for (const unsigned int type : {0U, 1U}) {
@@ -58,6 +66,78 @@ void showBoth()
     }
     QApplication::processEvents();
     check(visibleHistories() == 2, "both histories are on the screen");
+}
+
+void hideBoth(bool close)
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (!qobject_cast<QUndoView*>(widget)) continue;
+        if (close)
+            widget->close();
+        else
+            widget->hide();
+    }
+    QApplication::processEvents();
+    check(visibleHistories() == 0, "no history is on the screen");
+}
+
+/// When the histories are made, what becomes of them, how the process ends, and what becomes of the application object.
+struct Case
+{
+    std::string made, left, end, application;
+};
+
+void liveThrough(const Case& how)
+{
+    if (how.made == "after") destroyAWindow();
+    if (how.made == "never")
+        for (const unsigned int type : {0U, 1U})
+            record(moUndoStack::get(type));
+    else
+        showBoth();
+    if (how.made == "before") destroyAWindow();
+    if (how.made != "never" && how.left != "shown") hideBoth(how.left == "closed");
+}
+
+void end(const std::string& how)
+{
+    const int status = s_errors == 0 ? 0 : 1;
+    if (how == "exit") std::exit(status);
+    if (how == "quick_exit") std::quick_exit(status);
+}
+
+void liveAndEnd(const Case& how)
+{
+    if (how.application == "stack") {
+        const QApplication application(s_argc, s_argv);
+        liveThrough(how);
+        end(how.end);
+    } else if (how.application == "heap") {
+        auto application = std::make_unique<QApplication>(s_argc, s_argv);
+        liveThrough(how);
+        application.reset();
+        end(how.end);
+    } else if (how.application == "leaked") {
+        static const QApplication* s_application = new QApplication(s_argc, s_argv);
+        check(s_application != nullptr, "there is an application");
+        liveThrough(how);
+        end(how.end);
+    } else if (how.application == "static") {
+        static const QApplication s_application(s_argc, s_argv);
+        liveThrough(how);
+        end(how.end);
+    } else if (how.application == "static-after-stacks") {
+        moUndoStack::get();
+        static const QApplication s_application(s_argc, s_argv);
+        liveThrough(how);
+        end(how.end);
+    } else {
+        for (int i = 0; i < 2; ++i) {
+            const QApplication application(s_argc, s_argv);
+            liveThrough(how);
+            if (i == 1) end(how.end);
+        }
+    }
 }
 
 void showNothing()
@@ -86,8 +166,10 @@ public:
             stack.endMacro();
             stack.reset();
             stack.clear();
-            // Too late for main() to say that a macro came to the three steps.
-            if (stack.size() > 3) std::_Exit(1);
+            stack.add(new moGenericFunctionUndoCommand(
+                moUndoString("late", ""), [] {}, [] {}, nullptr));
+            // Too late for main() to say that something is left.
+            if (stack.size() > 0 || stack.canUndo() || stack.canRedo() || stack.currentCommand()) std::_Exit(1);
         }
     }
 };
@@ -163,29 +245,8 @@ int main(int argc, char** argv)
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     const std::string how = argc > 1 ? argv[1] : "";
 
-    if (how == "on-stack") {
-        const QApplication application(s_argc, s_argv);
-        showBoth();
-    } else if (how == "on-heap-deleted") {
-        const auto application = std::make_unique<QApplication>(s_argc, s_argv);
-        showBoth();
-    } else if (how == "on-heap-leaked") {
-        static const QApplication* s_application = new QApplication(s_argc, s_argv);
-        check(s_application != nullptr, "there is an application");
-        showBoth();
-    } else if (how == "static-application") {
-        static const QApplication s_application(s_argc, s_argv);
-        showBoth();
-    } else if (how == "stack-before-application") {
-        record(moUndoStack::get(0));
-        static const QApplication* s_application = new QApplication(s_argc, s_argv);
-        check(s_application != nullptr, "there is an application");
-        showBoth();
-    } else if (how == "second-application") {
-        for (int i = 0; i < 2; ++i) {
-            const QApplication application(s_argc, s_argv);
-            showBoth();
-        }
+    if (argc == 5) {
+        liveAndEnd({how, argv[2], argv[3], argv[4]});
     } else if (how == "core-application") {
         const QCoreApplication application(s_argc, s_argv);
         showNothing();

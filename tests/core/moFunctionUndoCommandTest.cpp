@@ -251,4 +251,77 @@ TEST_F(FunctionUndoCommand, WhoseSetterThrowsKeepsItsValueForAnotherTry)
     EXPECT_EQ(name(), "after");
 }
 
+/// Writes, and throws afterwards as long as it is broken.
+struct LateFault : RenameCommand
+{
+    using RenameCommand::RenameCommand;
+    void set(osg::NodePtr renamed, std::string value) override
+    {
+        RenameCommand::set(renamed, value);
+        written.push_back(value);
+        if (broken && written.size() % 2 == 1) throw std::runtime_error("set");
+    }
+    bool broken = true;
+    std::vector<std::string> written;
+};
+
+TEST_F(FunctionUndoCommand, WhoseSetterThrowsAfterItWroteIsNotRecordedAndTheOldValueIsWrittenAgain)
+{
+    const auto command = std::make_unique<LateFault>(node, "after");
+    EXPECT_THROW(command->redo(), std::runtime_error);
+    EXPECT_EQ(name(), "before");
+    EXPECT_THAT(command->written, ElementsAre("after", "before"));
+
+    EXPECT_THROW(stack.add(new LateFault(node, "after")), std::runtime_error);
+    EXPECT_EQ(name(), "before");
+    EXPECT_TRUE(stack.isEmpty());
+}
+
+TEST_F(FunctionUndoCommand, WhoseSetterThrowsAfterItWroteKeepsBothValues)
+{
+    auto* command = new LateFault(node, "after");
+    command->broken = false;
+    stack.add(command);
+    command->written.clear();
+    command->broken = true;
+    EXPECT_THROW(stack.undo(), std::runtime_error);
+    EXPECT_EQ(name(), "after");
+    EXPECT_TRUE(stack.canUndo());
+    command->broken = false;
+    for (int round = 0; round < 3; ++round) {
+        stack.undo();
+        EXPECT_EQ(name(), "before");
+        stack.redo();
+        EXPECT_EQ(name(), "after");
+    }
+}
+
+TEST_F(FunctionUndoCommand, ThatFailsInACompositeLeavesNothingOfTheComposite)
+{
+    osg::setName(other, "other");
+    stack.beginMultiCommand("composite", "", true);
+    new RenameCommand(other, "renamed");
+    new LateFault(node, "after");
+    EXPECT_THROW(stack.endMultiCommand(), std::runtime_error);
+    EXPECT_EQ(name(), "before");
+    EXPECT_STREQ(osg::getName(other), "other");
+    EXPECT_TRUE(stack.isEmpty());
+}
+
+TEST_F(FunctionUndoCommand, WhoseOldValueCannotBeWrittenAgainEitherReportsTheFirstFault)
+{
+    struct Hopeless : RenameCommand
+    {
+        using RenameCommand::RenameCommand;
+        void set(osg::NodePtr, std::string value) override { throw std::runtime_error(value); }
+    };
+    try {
+        stack.add(new Hopeless(node, "after"));
+        ADD_FAILURE() << "nothing was thrown";
+    } catch (const std::runtime_error& fault) {
+        EXPECT_STREQ(fault.what(), "after");
+    }
+    EXPECT_THAT(log.take(), ElementsAre("error: moUndoStack: another exception in the same operation: before"));
+}
+
 } // namespace

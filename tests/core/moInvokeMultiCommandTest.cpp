@@ -102,11 +102,12 @@ TEST_F(InvokeMultiCommand, WithoutAReceiverOrAMethodRunsItsChildrenOnly)
     EXPECT_THAT(log.take(), ElementsAre("error: Method not found: Receiver::"));
 }
 
-TEST_F(InvokeMultiCommand, TakesBackWhatWasDoneWhenTheMethodThrows)
+TEST_F(InvokeMultiCommand, StaysDoneAndRecordedWhenTheMethodThrows)
 {
     EXPECT_THROW(stack.add(made("fail()")), std::runtime_error);
+    EXPECT_EQ(describe(stack), "1 step, at \"invoke\", undo, no redo");
+    EXPECT_THROW(stack.undo(), std::runtime_error);
     EXPECT_THAT(receiver.calls, ElementsAre("redo a", "undo a"));
-    EXPECT_TRUE(stack.isEmpty());
 }
 
 TEST_F(InvokeMultiCommand, HasAnIdOfItsOwnAndNeverMergesWithAPlainComposite)

@@ -378,12 +378,51 @@ TEST_F(MultiCommand, KnowsItsDirectChildrenOnly)
     EXPECT_FALSE(command.hasChild(&command));
 }
 
-TEST_F(MultiCommand, TakesBackWhatWasDoneWhenItsAfterFunctionFails)
+TEST_F(MultiCommand, StaysDoneWhenItsAfterFunctionFails)
 {
     moMultiCommand command(moUndoString("a", ""), [] { throw std::runtime_error("after"); });
     childOf(&command, "a");
     EXPECT_THROW(command.redo(), std::runtime_error);
+    EXPECT_THROW(command.undo(), std::runtime_error);
     EXPECT_THAT(steps, ElementsAre("redo a", "undo a"));
+}
+
+TEST_F(MultiCommand, IsRecordedWhenItsAfterFunctionFailsAndTheCallerHearsOfIt)
+{
+    auto* command = new moMultiCommand(moUndoString("a", ""), [] { throw std::runtime_error("after"); });
+    childOf(command, "a");
+    EXPECT_THROW(stack.add(command), std::runtime_error);
+    EXPECT_EQ(describe(stack), "1 step, at \"a\", undo, no redo");
+    EXPECT_THROW(stack.undo(), std::runtime_error);
+    EXPECT_EQ(describe(stack), "1 step, at start, no undo, redo");
+    EXPECT_THAT(steps, ElementsAre("redo a", "undo a"));
+}
+
+TEST_F(MultiCommand, DoesNotCallItsAfterFunctionWhenAChildFailed)
+{
+    bool fails = true;
+    moMultiCommand command(moUndoString("a", ""), [this] { steps.emplace_back("after"); });
+    childOf(&command, "a");
+    childOf(&command, "b")->onRedo([&fails] {
+        if (fails) throw std::runtime_error("redo");
+    });
+    EXPECT_THROW(command.redo(), std::runtime_error);
+    EXPECT_THAT(steps, ElementsAre("redo a", "redo b", "undo a"));
+    fails = false;
+    steps.clear();
+    command.redo();
+    EXPECT_THAT(steps, ElementsAre("redo a", "redo b", "after"));
+}
+
+TEST_F(MultiCommand, LogsWhatGoesWrongWhileItTakesBackAFailedStep)
+{
+    moMultiCommand command(moUndoString("a", ""));
+    childOf(&command, "a")->onUndo([] { throw std::logic_error("undo a"); });
+    childOf(&command, "b")->onUndo([] { throw std::logic_error("undo b"); });
+    childOf(&command, "c")->onRedo([] { throw std::runtime_error("redo c"); });
+    EXPECT_THROW(command.redo(), std::runtime_error);
+    EXPECT_THAT(log.take(), ElementsAre("error: moUndoStack: another exception in the same operation: undo b",
+                                        "error: moUndoStack: another exception in the same operation: undo a"));
 }
 
 TEST_F(MultiCommand, DoesAgainWhatWasUndoneWhenAChildFailsToUndo)
@@ -412,6 +451,7 @@ TEST_F(MultiCommand, ReportsTheFirstFaultWhenTakingBackFailsToo)
     childOf(&command, "a")->onUndo([] { throw std::logic_error("undo"); });
     childOf(&command, "b")->onRedo([] { throw std::runtime_error("redo"); });
     EXPECT_THROW(command.redo(), std::runtime_error);
+    EXPECT_EQ(log.take().size(), 1U);
 }
 
 /// Two composites of probes that merge whenever they are asked.

@@ -349,14 +349,68 @@ TEST_F(Exceptions, OutOfAListenerOfAnEmptiedStackDoNotKeepItFromBeingCleared)
     expectTheStackToWork();
 }
 
-TEST_F(Exceptions, KeepTheListenersAfterTheOneThatThrewFromBeingTold)
+TEST_F(Exceptions, OutOfASlotLeaveOutOnlyTheSlotsBehindIt)
 {
     Trace trace(stack);
     QObject context;
+    int told = 0;
     QObject::connect(&stack, &moUndoStack::redoPerformed, &context, fails("slot"));
+    QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [&told] { ++told; });
     EXPECT_EQ(faultOf([&] { stack.add(trace.watch(new ProbeCommand("a"), "a")); }), "slot");
     QObject::disconnect(&stack, nullptr, &context, nullptr);
-    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"a\" added"));
+    EXPECT_EQ(told, 0);
+    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"a\" added",
+                                          testing::HasSubstr("moURManager::redo index=int:1"), "changed \"a\" true"));
+}
+
+TEST_F(Exceptions, OutOfEveryListenerAreOneForTheCallerAndALineForEachOther)
+{
+    QObject context;
+    QObject::connect(&stack, &moUndoStack::redoPerformed, &context, fails("slot"));
+    stack.setMessageCallback([](const char*, moMessage&, int) -> bool { throw Fault("message"); });
+    auto* parent = new moMultiCommand(moUndoString("composite", ""));
+    parent->setChangedCB([](bool) { throw Fault("composite"); });
+    (new ProbeCommand("child", parent))->setChangedCB([](bool) { throw Fault("child"); });
+    EXPECT_EQ(faultOf([&] { stack.add(parent); }), "slot");
+    QObject::disconnect(&stack, nullptr, &context, nullptr);
+    stack.setMessageCallback(nullptr);
+    const std::string prefix = "error: moUndoStack: another exception in the same operation: ";
+    EXPECT_THAT(log.take(), ElementsAre(prefix + "message", prefix + "composite", prefix + "child"));
+    EXPECT_EQ(describe(stack), "2 steps, at \"composite\", undo, no redo");
+}
+
+TEST_F(Exceptions, OutOfMakeMessageStillSendTheKeysThatWereSet)
+{
+    struct Mute : ProbeCommand
+    {
+        using ProbeCommand::ProbeCommand;
+        void makeMessage(moMessage&) const override { throw Fault("message"); }
+    };
+    Trace trace(stack);
+    EXPECT_EQ(faultOf([&] { stack.add(new Mute("a")); }), "message");
+    EXPECT_THAT(trace.takeMessages(), ElementsAre("moURManager::redo index=int:1 added=bool:true text=string:\"a\" "
+                                                  "description=string:\"about a\""));
+}
+
+TEST_F(Exceptions, OfAPushThatFailedDoNotMakeTheNextRedoLookAdded)
+{
+    stack.undo();
+    EXPECT_EQ(faultOf([this] { stack.add((new ProbeCommand("a"))->onRedo(fails("redo"))); }), "redo");
+    Trace trace(stack);
+    stack.redo();
+    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"kept\"", testing::HasSubstr("added=bool:false")));
+}
+
+TEST_F(Exceptions, OfACallMadeByAListenerAreThatListenersToCatch)
+{
+    QObject context;
+    std::string caught;
+    QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [&] {
+        caught = faultOf([this] { second.add((new ProbeCommand("b"))->onRedo(fails("second stack"))); });
+    });
+    EXPECT_EQ(faultOf([this] { stack.add(new ProbeCommand("a")); }), "none");
+    EXPECT_EQ(caught, "second stack");
+    EXPECT_EQ(describe(stack), "2 steps, at \"a\", undo, no redo");
 }
 
 TEST_F(Exceptions, AfterTheFirstOneAreLogged)

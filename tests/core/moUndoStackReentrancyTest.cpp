@@ -186,6 +186,111 @@ TEST_P(Reentrancy, FaultOfAWaitingCallReachesTheOutermostCallerAfterTheOthersWer
     EXPECT_EQ(describe(stack), "2 steps, at \"good\", undo, no redo");
 }
 
+TEST_P(Reentrancy, LoopThatUndoesEverythingEndsWithEverythingUndone)
+{
+    for (const char* name : {"a", "b", "c"})
+        stack.add(new ProbeCommand(name));
+    int turns = 0;
+    pushWith([&] {
+        while (stack.canUndo() && ++turns < 100)
+            stack.undo();
+    });
+    EXPECT_EQ(turns, 4) << "the step at hand included";
+    EXPECT_EQ(describe(stack), "4 steps, at start, no undo, redo");
+}
+
+TEST_P(Reentrancy, LoopThatRedoesEverythingEndsWithEverythingDone)
+{
+    int turns = 0;
+    pushWith([&] {
+        stack.undo();
+        while (stack.canRedo() && ++turns < 100)
+            stack.redo();
+    });
+    EXPECT_EQ(turns, 1);
+    EXPECT_EQ(describe(stack), "1 step, at \"outer\", undo, no redo");
+}
+
+TEST_P(Reentrancy, QueriesTellWhatTheCallsThatWaitWillLeave)
+{
+    auto* before = new ProbeCommand("before");
+    stack.add(before);
+    std::vector<std::string> seen;
+    ProbeCommand* inner = nullptr;
+    const QUndoCommand* current = nullptr;
+    const QUndoCommand* first = nullptr;
+    pushWith([&] {
+        const auto look = [&] { seen.push_back(describe(stack)); };
+        look();
+        stack.undo();
+        look();
+        stack.add((inner = new ProbeCommand("inner")));
+        look();
+        current = stack.currentCommand();
+        stack.undo();
+        first = stack.currentCommand();
+        stack.mark();
+        stack.redo();
+        stack.reset();
+        look();
+        stack.beginMacro("macro");
+        look();
+        stack.add(new ProbeCommand("in the macro"));
+        stack.undo();
+        look();
+        stack.endMacro();
+        seen.push_back(std::to_string(stack.size()) + (stack.canUndo() ? " undo" : ""));
+        stack.clear();
+        look();
+        stack.redo();
+        EXPECT_TRUE(stack.isEmpty());
+    });
+    EXPECT_THAT(seen,
+                ElementsAre("2 steps, at \"outer\", undo, no redo", "2 steps, at \"before\", undo, redo",
+                            "2 steps, at \"inner\", undo, no redo", "2 steps, at \"before\", undo, redo",
+                            "2 steps, at \"before\", no undo, no redo", "2 steps, at \"before\", no undo, no redo",
+                            "2 undo", "0 steps, at start, no undo, no redo"));
+    EXPECT_EQ(current, inner);
+    EXPECT_EQ(first, before);
+    EXPECT_TRUE(stack.isEmpty());
+}
+
+TEST_P(Reentrancy, QueriesAreRightAgainWhenAPushThatWaitedWasMerged)
+{
+    const auto merging = [](const char* name) {
+        return (new ProbeCommand(name))->withId(77)->onMerge([](const QUndoCommand*) { return true; });
+    };
+    stack.add(new ProbeCommand("before"));
+    std::vector<int> sizes;
+    pushWith([&] {
+        stack.add(merging("first"));
+        sizes.push_back(stack.size());
+        stack.add(merging("second")->onDestroyed([&] { sizes.push_back(stack.size()); }));
+        sizes.push_back(stack.size());
+        stack.add(new ProbeCommand("last"));
+        sizes.push_back(stack.size());
+    });
+    EXPECT_THAT(sizes, ElementsAre(3, 4, 5, 5)) << "counted as steps of their own until they are merged";
+    EXPECT_EQ(describe(stack), "4 steps, at \"last\", undo, no redo");
+}
+
+TEST_P(Reentrancy, QueriesAreRightAgainWhenAPushThatWaitedFailed)
+{
+    std::vector<int> sizes;
+    QObject context;
+    const auto fault = [&] {
+        pushWith([&] {
+            stack.add((new ProbeCommand("bad"))->onRedo([] { throw std::runtime_error("redo"); }));
+            stack.add(new ProbeCommand("good"));
+            sizes.push_back(stack.size());
+            QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [&] { sizes.push_back(stack.size()); });
+        });
+    };
+    EXPECT_THROW(fault(), std::runtime_error);
+    EXPECT_EQ(sizes.front(), 3);
+    EXPECT_EQ(sizes.back(), 2);
+}
+
 std::string placeName(const testing::TestParamInfo<From>& parameter)
 {
     static const char* const s_names[] = {"Slot", "MessageCallback", "ChangedCallback", "Redo"};
@@ -268,6 +373,71 @@ TEST_F(ReentrantSteps, OneStackDoesNotWaitForTheOther)
         atOnce = second.size() == 1;
     }));
     EXPECT_TRUE(atOnce);
+}
+
+TEST_F(ReentrantSteps, QueriesFromASlotOfAMergeSeeTheStackAsItIs)
+{
+    const auto merging = [](const char* name) {
+        return (new ProbeCommand(name))->withId(78)->onMerge([](const QUndoCommand*) { return true; });
+    };
+    stack.add(merging("older"));
+    QObject context;
+    int size = 0;
+    QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [&] { size = stack.size(); });
+    stack.add(merging("newer"));
+    EXPECT_EQ(size, 1);
+}
+
+TEST_F(ReentrantSteps, LoopInTheSlotOfEachUndoEnds)
+{
+    constexpr int steps = 20000;
+    for (int i = 0; i < steps; ++i)
+        stack.add(new ProbeCommand("a"));
+    QObject context;
+    int calls = 0;
+    QObject::connect(&stack, &moUndoStack::undoPerformed, &context, [&] {
+        for (; stack.canUndo(); ++calls)
+            stack.undo();
+    });
+    stack.undo();
+    EXPECT_EQ(calls, steps - 1);
+    EXPECT_FALSE(stack.canUndo());
+}
+
+TEST_F(ReentrantSteps, LoopInARedoOfARecordedStepUndoesThatStepToo)
+{
+    bool loops = false;
+    stack.add(new ProbeCommand("a"));
+    stack.add((new ProbeCommand("b"))->onRedo([&] {
+        while (loops && stack.canUndo())
+            stack.undo();
+    }));
+    stack.undo();
+    loops = true;
+    stack.redo();
+    EXPECT_EQ(describe(stack), "2 steps, at start, no undo, redo");
+}
+
+TEST_F(ReentrantSteps, QueriesFromACommandThatIsBeingClearedFindNothing)
+{
+    std::vector<std::string> seen;
+    for (const char* name : {"a", "b"})
+        stack.add((new ProbeCommand(name))->onDestroyed([&] { seen.push_back(describe(stack)); }));
+    stack.clear();
+    EXPECT_THAT(seen, testing::Each("0 steps, at start, no undo, no redo"));
+    EXPECT_EQ(seen.size(), 2U);
+}
+
+TEST_F(ReentrantSteps, LoopInAMacroIsRefusedAsQtRefusesIt)
+{
+    stack.add(new ProbeCommand("a"));
+    stack.beginMacro("macro");
+    bool could = true;
+    stack.add((new ProbeCommand("b"))->onRedo([&] { could = stack.canUndo(); }));
+    EXPECT_FALSE(could);
+    EXPECT_FALSE(stack.canUndo());
+    stack.endMacro();
+    EXPECT_TRUE(stack.canUndo());
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include <moUndoStack/core/moUndoStack.h>
 
+#include <moUndoStack/core/moHistoryWindow_p.h>
 #include <moUndoStack/core/moMultiCommand.h>
+#include <moUndoStack/core/moStackCalls_p.h>
 #include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoCommand.h>
 
@@ -8,13 +10,10 @@
 #include <moUtils/moLog.h>
 #include <moUtils/moMessage.h>
 
-#include <QtCore/QItemSelectionModel>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QUndoStack>
-#include <QtWidgets/QUndoView>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <utility>
@@ -29,6 +28,8 @@ namespace {
 constexpr const char* redoMessage = "moURManager::redo";
 constexpr const char* undoMessage = "moURManager::undo";
 constexpr unsigned int stackCount = 2;
+
+using Kind = moStackCall::Kind;
 
 /// What QString::toStdString() gives, without its detour over a byte array for texts that are plain ASCII, as most are.
 std::string toUtf8(const QString& text)
@@ -60,11 +61,10 @@ struct moUndoStacks
     moUndoStacks& operator=(const moUndoStacks&) = delete;
     ~moUndoStacks()
     {
-        qRemovePostRoutine(closeHistories);
-        // What a command holds may call the stacks when it goes. Both are there until the last command has gone, but
-        // at work for good, so that such a call changes nothing any more.
+        // What a command holds may call the stacks from its destructor. Both stacks are there until the last command is
+        // deleted, but closed: such a call finds them empty and changes nothing.
         for (moUndoStack& stack : all)
-            ++stack.m_busyDepth;
+            stack.m_calls->close();
         while (!moUndoStack::s_multiCommands.isEmpty())
             moUndoStack::abandon(moUndoStack::s_multiCommands.pop().first);
         for (const moMultiCommand* composite : moUndoStack::s_abandoned)
@@ -73,39 +73,24 @@ struct moUndoStacks
         all[moUndoStack::SecondStack].deleteCommands();
         all[moUndoStack::DefaultStack].deleteCommands();
     }
-
-    /// A widget must be gone before the application object is. Its destructor calls this; if the application object is
-    /// never destroyed, the handler of process exit does, before anything that Qt made earlier goes.
-    static void closeHistories()
-    {
-        for (moUndoStack& stack : the().all)
-            stack.closeHistory();
-    }
-
-    static void closeHistoriesInTime()
-    {
-        qAddPostRoutine(closeHistories);
-        static const int s_registered = std::atexit(closeHistories);
-        Q_UNUSED(s_registered)
-    }
 };
 
-moUndoStack::moUndoStack() : m_stack(new QUndoStack)
+moUndoStack::moUndoStack()
+    : m_stack(new QUndoStack),
+      m_calls(std::make_unique<moStackCalls>(*m_stack, [this](const moStackCall& call) { carryOut(call); }))
 {
     connect(m_stack, &QUndoStack::indexChanged, this, &moUndoStack::indexChanged);
 }
 
 moUndoStack::~moUndoStack()
 {
-    closeHistory();
     delete m_stack;
 }
 
 /// The first half of the end, see ~moUndoStacks(). Nobody is told of it.
 void moUndoStack::deleteCommands()
 {
-    closeHistory();
-    m_stack->disconnect(this);
+    moHistoryWindow::abandon(*m_stack);
     m_stack->clear();
 }
 
@@ -248,34 +233,6 @@ void moUndoStack::abandon(moMultiCommand* composite)
 
 // --- work on Qt's stack ---------------------------------------------------------------------------------------------
 
-/// Does one call on Qt's stack. What it throws does not keep those that wait from being done.
-template<class Call>
-void moUndoStack::work(const Call& call)
-{
-    ++m_busyDepth;
-    moStep::attempt(call);
-    --m_busyDepth;
-    m_pushing = false;
-}
-
-/// Carries a call out, or lets it wait while this stack is at work; the outermost call then sees to those that wait.
-template<class Call>
-void moUndoStack::perform(Call call)
-{
-    if (m_busyDepth > 0) {
-        m_waiting.push_back(std::move(call));
-        return;
-    }
-    moStep::runOutermost([this, &call] {
-        work(call);
-        for (std::size_t i = 0; i < m_waiting.size(); ++i) {
-            const std::function<void()> next = std::move(m_waiting[i]);
-            work(next);
-        }
-        m_waiting.clear();
-    });
-}
-
 bool moUndoStack::owns(const QUndoCommand* command) const
 {
     const QUndoCommand* last = m_stack->command(m_stack->count() - 1);
@@ -291,33 +248,67 @@ void moUndoStack::drop(QUndoCommand* command) const
     if (!owns(command) && !(ours && ours->parent())) delete command;
 }
 
-void moUndoStack::push(QUndoCommand* command)
+void moUndoStack::pushNow(QUndoCommand* command)
 {
-    const auto pushNow = [this, command] {
-        m_pushing = true;
-        try {
-            m_stack->push(command);
-        } catch (...) {
-            drop(command);
-            throw;
-        }
-    };
-    if (m_busyDepth == 0) {
-        perform(pushNow);
-        return;
-    }
     try {
-        perform(pushNow);
+        m_stack->push(command);
     } catch (...) {
-        // No memory for it to wait its turn.
         drop(command);
         throw;
     }
 }
 
+void moUndoStack::carryOut(const moStackCall& call)
+{
+    switch (call.kind) {
+    case Kind::Push:
+        pushNow(call.command);
+        break;
+    case Kind::Undo:
+        m_stack->undo();
+        break;
+    case Kind::Redo:
+        m_stack->redo();
+        break;
+    case Kind::Jump:
+        m_stack->setIndex(call.index);
+        break;
+    case Kind::Mark:
+        m_calls->setMark(m_stack->index());
+        break;
+    case Kind::Reset:
+        m_stack->setIndex(m_calls->mark());
+        break;
+    case Kind::Clear:
+        m_calls->setMark(0);
+        m_stack->clear();
+        m_lastIndex = 0;
+        clearMultiCommands();
+        moStep::afterwards([this] { Q_EMIT cleared(); });
+        break;
+    case Kind::BeginMacro:
+        m_stack->beginMacro(call.text);
+        break;
+    case Kind::EndMacro:
+        m_stack->endMacro();
+        break;
+    }
+}
+
 void moUndoStack::add(QUndoCommand* command)
 {
-    if (command && s_multiCommands.isEmpty()) push(command);
+    if (!command || !s_multiCommands.isEmpty()) return;
+    if (m_calls->isClosed()) {
+        drop(command);
+        return;
+    }
+    const bool waits = m_calls->isAtWork();
+    try {
+        m_calls->perform({Kind::Push, command});
+    } catch (...) {
+        if (waits) drop(command); // no memory for it to wait its turn
+        throw;
+    }
 }
 
 void moUndoStack::addOrExecute(moUndoCommandBase* command)
@@ -337,52 +328,37 @@ void moUndoStack::addOrExecute(moUndoCommandBase* command)
 
 void moUndoStack::undo()
 {
-    perform([this] { m_stack->undo(); });
+    m_calls->perform({Kind::Undo});
 }
 
 void moUndoStack::redo()
 {
-    perform([this] { m_stack->redo(); });
+    m_calls->perform({Kind::Redo});
 }
 
 void moUndoStack::beginMacro(const QString& text)
 {
-    perform([this, text] { m_stack->beginMacro(text); });
+    m_calls->perform({Kind::BeginMacro, nullptr, 0, text});
 }
 
 void moUndoStack::endMacro()
 {
-    perform([this] {
-        m_pushing = true;
-        m_stack->endMacro();
-    });
+    m_calls->perform({Kind::EndMacro});
 }
 
 void moUndoStack::mark()
 {
-    perform([this] { m_markIndex = m_stack->index(); });
+    m_calls->perform({Kind::Mark});
 }
 
 void moUndoStack::reset()
 {
-    perform([this] { m_stack->setIndex(m_markIndex); });
-}
-
-void moUndoStack::jump(int index)
-{
-    perform([this, index] { m_stack->setIndex(index); });
+    m_calls->perform({Kind::Reset});
 }
 
 void moUndoStack::clear()
 {
-    perform([this] {
-        m_stack->clear();
-        m_lastIndex = 0;
-        m_pushing = false;
-        m_markIndex = 0;
-        clearMultiCommands();
-        moStep::afterwards([this] { Q_EMIT cleared(); });
-    });
+    m_calls->perform({Kind::Clear});
 }
 
 void moUndoStack::clearAll()
@@ -395,27 +371,29 @@ void moUndoStack::clearAll()
 
 bool moUndoStack::canUndo() const
 {
-    return m_stack->canUndo();
+    const moStackPlace place = m_calls->place();
+    return place.openMacros == 0 && place.index > 0;
 }
 
 bool moUndoStack::canRedo() const
 {
-    return m_stack->canRedo();
+    const moStackPlace place = m_calls->place();
+    return place.openMacros == 0 && place.index < place.count;
 }
 
 const QUndoCommand* moUndoStack::currentCommand() const
 {
-    return m_stack->command(m_stack->index() - 1);
+    return m_calls->command(m_calls->place().index - 1);
 }
 
 int moUndoStack::size() const
 {
-    return m_stack->count();
+    return m_calls->place().count;
 }
 
 bool moUndoStack::isEmpty() const
 {
-    return m_stack->count() == 0;
+    return size() == 0;
 }
 
 // --- history --------------------------------------------------------------------------------------------------------
@@ -426,29 +404,7 @@ void moUndoStack::showHistory()
         moLog::errorNR("moUndoStack::showHistory(): there is no QApplication");
         return;
     }
-    if (!m_historyView) {
-        constexpr int width = 300;
-        constexpr int height = 100;
-        m_historyView = new QUndoView(m_stack);
-        m_historyView->setWindowTitle(tr("Undo/Redo History"));
-        m_historyView->resize(width, height);
-        // The view lays its whole list out again at each step; with rows of one height that needs no look at each.
-        m_historyView->setUniformItemSizes(true);
-        // Qt's model would move Qt's stack behind our back, with nobody to let calls from commands wait meanwhile.
-        const QItemSelectionModel* selection = m_historyView->selectionModel();
-        disconnect(selection, &QItemSelectionModel::currentChanged, m_historyView->model(), nullptr);
-        connect(selection, &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& chosen) {
-            if (chosen.isValid() && chosen.row() != m_stack->index()) jump(chosen.row());
-        });
-        moUndoStacks::closeHistoriesInTime();
-    }
-    m_historyView->show();
-    m_historyView->raise();
-}
-
-void moUndoStack::closeHistory()
-{
-    delete m_historyView;
+    moHistoryWindow::show(getType(), *m_stack, [this](int index) { m_calls->perform({Kind::Jump, nullptr, index}); });
 }
 
 // --- notifications --------------------------------------------------------------------------------------------------
@@ -461,10 +417,10 @@ void moUndoStack::setMessageCallback(MessageCallback callback)
 /// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear, always from within a call of ours.
 void moUndoStack::indexChanged(int i)
 {
+    m_calls->settle();
     const bool forward = m_lastIndex <= i;
-    const bool added = m_pushing;
+    const bool added = m_calls->isAdding();
     m_lastIndex = i;
-    m_pushing = false;
 
     if (forward) {
         sendRedoNotification(m_stack->command(i - 1), i - 1, added);

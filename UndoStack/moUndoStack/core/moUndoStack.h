@@ -5,19 +5,19 @@
 #include <QtCore/QMetaType>
 #include <QtCore/QObject>
 #include <QtCore/QPair>
-#include <QtCore/QPointer>
 #include <QtCore/QStack>
 #include <QtWidgets/QUndoCommand>
 
-#include <functional>
+#include <memory>
 #include <vector>
 
 class QString;
 class QUndoStack;
-class QUndoView;
 class moMessage;
 class moMultiCommand;
+class moStackCalls;
 class moUndoCommandBase;
+struct moStackCall;
 
 /// Records commands, runs them, takes them back and tells everybody: the one entry point for edits that can be undone.
 ///
@@ -171,16 +171,10 @@ private:
     static void abandon(moMultiCommand* composite);
 
     StackType getType() const;
-    void push(QUndoCommand* command);
-    void drop(QUndoCommand* command) const;
     bool owns(const QUndoCommand* command) const;
-
-    template<class Call>
-    void perform(Call call);
-    template<class Call>
-    void work(const Call& call);
-    void jump(int index);
-    void closeHistory();
+    void drop(QUndoCommand* command) const;
+    void pushNow(QUndoCommand* command);
+    void carryOut(const moStackCall& call);
     void deleteCommands();
 
     void sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const;
@@ -194,13 +188,9 @@ private:
     static std::vector<moMultiCommand*> s_abandoned;
 
     QUndoStack* m_stack;
+    std::unique_ptr<moStackCalls> m_calls;
     int m_lastIndex = 0;
-    bool m_pushing = false;
-    int m_markIndex = 0;
-    int m_busyDepth = 0;
-    QPointer<QUndoView> m_historyView;
     MessageCallback m_messageCallback = nullptr;
-    std::vector<std::function<void()>> m_waiting;
 };
 
 // For listeners that keep a signal's arguments as variants.

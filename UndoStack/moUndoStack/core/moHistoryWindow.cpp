@@ -1,0 +1,75 @@
+#include <moUndoStack/core/moHistoryWindow_p.h>
+
+#include <moUndoStack/core/moUndoStack.h>
+
+#include <QtCore/QItemSelectionModel>
+#include <QtCore/QPointer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QUndoStack>
+#include <QtWidgets/QUndoView>
+
+#include <array>
+#include <cstdlib>
+
+namespace {
+
+using Views = std::array<QPointer<QUndoView>, 2>;
+
+/// Never destroyed: the application object may outlive every static object of the library.
+Views& views()
+{
+    static Views* const s_views = new Views;
+    return *s_views;
+}
+
+bool s_processEnds = false;
+
+/// Called by the destructor of the application object. One that is destroyed while the process ends leaves the windows:
+/// parts of Qt that the destructor of a window needs may be destroyed already.
+void destroyViews()
+{
+    for (const QPointer<QUndoView>& view : views())
+        if (!s_processEnds) delete view;
+}
+
+void destroyViewsInTime()
+{
+    // An application object calls its post routines once: each new one has to be told.
+    qAddPostRoutine(destroyViews);
+    static const int s_registered = std::atexit([] { s_processEnds = true; });
+    Q_UNUSED(s_registered)
+}
+
+QUndoView* makeView(QUndoStack& stack, const std::function<void(int)>& jump)
+{
+    constexpr int width = 300;
+    constexpr int height = 100;
+    auto* view = new QUndoView(&stack);
+    view->setWindowTitle(moUndoStack::tr("Undo/Redo History"));
+    view->resize(width, height);
+    // The view lays its whole list out again at each step; with rows of one height that needs no look at each.
+    view->setUniformItemSizes(true);
+    // Qt's model would move Qt's stack behind our back, with nobody to let calls from commands wait meanwhile.
+    const QItemSelectionModel* selection = view->selectionModel();
+    QObject::disconnect(selection, &QItemSelectionModel::currentChanged, view->model(), nullptr);
+    QObject::connect(selection, &QItemSelectionModel::currentChanged, view, [&stack, jump](const QModelIndex& chosen) {
+        if (chosen.isValid() && chosen.row() != stack.index()) jump(chosen.row());
+    });
+    destroyViewsInTime();
+    return view;
+}
+
+} // namespace
+
+void moHistoryWindow::show(unsigned int slot, QUndoStack& stack, const std::function<void(int)>& jump)
+{
+    QPointer<QUndoView>& view = views().at(slot);
+    if (!view) view = makeView(stack, jump);
+    view->show();
+    view->raise();
+}
+
+void moHistoryWindow::abandon(QUndoStack& stack)
+{
+    stack.disconnect();
+}

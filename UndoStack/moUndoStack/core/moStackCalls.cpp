@@ -1,0 +1,190 @@
+#include <moUndoStack/core/moStackCalls_p.h>
+
+#include <moUndoStack/core/moStep.h>
+
+#include <QtWidgets/QUndoStack>
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+using Kind = moStackCall::Kind;
+
+// --- moStackOutlook -------------------------------------------------------------------------------------------------
+
+void moStackOutlook::push(const QUndoCommand* command)
+{
+    // A push drops the steps that could have been done again.
+    m_known = std::min(m_known, m_place.index);
+    m_coming.resize(static_cast<std::size_t>(m_place.index - m_known));
+    m_coming.push_back(command);
+    m_place.count = m_place.index + 1;
+}
+
+void moStackOutlook::goTo(int index)
+{
+    // While a macro is open, Qt's stack refuses to move.
+    if (m_place.openMacros == 0) m_place.index = std::clamp(index, 0, m_place.count);
+}
+
+void moStackOutlook::add(const moStackCall& call)
+{
+    switch (call.kind) {
+    case Kind::Push:
+        if (m_place.openMacros > 0) break; // becomes a child of the macro
+        push(call.command);
+        goTo(m_place.count);
+        break;
+    case Kind::Undo:
+        goTo(m_place.index - 1);
+        break;
+    case Kind::Redo:
+        goTo(m_place.index + 1);
+        break;
+    case Kind::Jump:
+        goTo(call.index);
+        break;
+    case Kind::Mark:
+        m_place.mark = m_place.index;
+        break;
+    case Kind::Reset:
+        goTo(m_place.mark);
+        break;
+    case Kind::Clear:
+        m_known = 0;
+        m_coming.clear();
+        m_place = {};
+        break;
+    case Kind::BeginMacro:
+        if (m_place.openMacros == 0) push(nullptr);
+        ++m_place.openMacros;
+        break;
+    case Kind::EndMacro:
+        if (m_place.openMacros == 0) break;
+        --m_place.openMacros;
+        goTo(m_place.count);
+        break;
+    }
+}
+
+const QUndoCommand* moStackOutlook::command(int position) const
+{
+    if (position < 0 || position >= m_place.count) return nullptr;
+    return position < m_known ? m_stack.command(position) : m_coming[static_cast<std::size_t>(position - m_known)];
+}
+
+// --- moStackCalls ---------------------------------------------------------------------------------------------------
+
+void moStackCalls::perform(moStackCall call)
+{
+    if (isClosed()) return;
+    if (m_atHand) {
+        m_waiting.push_back({std::move(call), {}});
+        expect(m_waiting.back());
+        return;
+    }
+    moStep::runOutermost([this, &call] {
+        work(call);
+        while (!m_waiting.empty()) {
+            const Waiting next = std::move(m_waiting.front());
+            m_waiting.pop_front();
+            m_expected = next.expected;
+            work(next.call);
+        }
+        m_outlook.reset();
+    });
+}
+
+/// Keeps what was told up to date, if somebody has asked. Without memory for that it is told anew at the next query.
+void moStackCalls::expect(Waiting& waiting)
+{
+    if (!m_outlook) return;
+    try {
+        m_outlook->add(waiting.call);
+        waiting.expected = m_outlook->place();
+    } catch (...) {
+        m_outlook.reset();
+    }
+}
+
+void moStackCalls::work(const moStackCall& call)
+{
+    m_atHand = &call;
+    m_settled = false;
+    moStep::attempt([this, &call] { m_carryOut(call); });
+    settle();
+    m_atHand = nullptr;
+}
+
+void moStackCalls::settle()
+{
+    if (m_settled) return;
+    m_settled = true;
+    switch (m_atHand->kind) {
+    case Kind::BeginMacro:
+        ++m_openMacros;
+        break;
+    case Kind::EndMacro:
+        m_openMacros = std::max(m_openMacros - 1, 0);
+        break;
+    case Kind::Clear:
+        m_openMacros = 0;
+        break;
+    default:
+        break;
+    }
+    if (m_outlook && !(now() == m_expected)) m_outlook.reset();
+}
+
+bool moStackCalls::isAdding() const
+{
+    return m_atHand && (m_atHand->kind == Kind::Push || m_atHand->kind == Kind::EndMacro);
+}
+
+namespace {
+
+const moStackCall closing{Kind::Clear};
+
+} // namespace
+
+void moStackCalls::close()
+{
+    m_atHand = &closing;
+    m_settled = false;
+    m_outlook.reset();
+}
+
+bool moStackCalls::isClosed() const
+{
+    return m_atHand == &closing;
+}
+
+moStackPlace moStackCalls::place()
+{
+    return m_atHand ? outlook().place() : now();
+}
+
+const QUndoCommand* moStackCalls::command(int position)
+{
+    return m_atHand ? outlook().command(position) : m_stack.command(position);
+}
+
+moStackPlace moStackCalls::now() const
+{
+    return {m_stack.index(), m_stack.count(), m_mark, m_openMacros};
+}
+
+moStackOutlook& moStackCalls::outlook()
+{
+    if (!m_outlook) {
+        m_outlook.emplace(m_stack, now());
+        if (!m_settled) {
+            m_outlook->add(*m_atHand);
+            m_expected = m_outlook->place();
+        }
+        for (Waiting& waiting : m_waiting)
+            expect(waiting);
+    }
+    if (!m_outlook) throw std::bad_alloc();
+    return *m_outlook;
+}
