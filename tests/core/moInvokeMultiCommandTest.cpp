@@ -6,6 +6,7 @@
 
 #include <QtCore/QObject>
 
+#include <memory>
 #include <stdexcept>
 
 namespace {
@@ -102,12 +103,44 @@ TEST_F(InvokeMultiCommand, WithoutAReceiverOrAMethodRunsItsChildrenOnly)
     EXPECT_THAT(log.take(), ElementsAre("error: Method not found: Receiver::"));
 }
 
-TEST_F(InvokeMultiCommand, StaysDoneAndRecordedWhenTheMethodThrows)
+TEST_F(InvokeMultiCommand, StandsThoughTheMethodThrows)
 {
-    EXPECT_THROW(stack.add(made("fail()")), std::runtime_error);
-    EXPECT_EQ(describe(stack), "1 step, at \"invoke\", undo, no redo");
+    auto* const command = made("fail()");
+    EXPECT_THROW(stack.add(command), std::runtime_error);
+    EXPECT_EQ(stack.size(), 1);
     EXPECT_THROW(stack.undo(), std::runtime_error);
+    EXPECT_THROW(stack.redo(), std::runtime_error);
+    EXPECT_THAT(receiver.calls, ElementsAre("redo a", "undo a", "redo a"));
+    EXPECT_EQ(describe(stack), "1 step, at \"invoke\", undo, no redo");
+    EXPECT_THROW(command->undo(), std::runtime_error) << "also by hand";
+}
+
+TEST_F(InvokeMultiCommand, CallsNothingIfAChildsStepDoesNotHappen)
+{
+    auto* const command = made("refresh()");
+    (new ProbeCommand("b", command))->onRedo([] { throw std::runtime_error("child"); });
+    EXPECT_THROW(stack.add(command), std::runtime_error);
     EXPECT_THAT(receiver.calls, ElementsAre("redo a", "undo a"));
+    EXPECT_TRUE(stack.isEmpty());
+}
+
+TEST_F(InvokeMultiCommand, RunsItsChildrenOnlyOnceTheReceiverWasDestroyed)
+{
+    for (const char* method : {"refresh()", "refreshWith(int)"}) {
+        auto shortLived = std::make_unique<Receiver>();
+        auto* const command = new moInvokeMultiCommand(moUndoString("invoke", ""), shortLived.get(), method);
+        int runs = 0;
+        (new ProbeCommand("a", command))->onRedo([&runs] { ++runs; })->onUndo([&] {
+            ++runs;
+            shortLived.reset();
+        });
+        stack.add(command);
+        log.take();
+        stack.undo();
+        stack.redo();
+        EXPECT_EQ(runs, 3);
+        EXPECT_THAT(log.take(), IsEmpty());
+    }
 }
 
 TEST_F(InvokeMultiCommand, HasAnIdOfItsOwnAndNeverMergesWithAPlainComposite)

@@ -14,8 +14,11 @@
 
 #include <cctype>
 #include <limits>
+#include <memory>
 #include <set>
+#include <stdexcept>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -158,6 +161,50 @@ protected:
         EXPECT_EQ(log.take(), std::vector<std::string>());
     }
 
+    /// Does a step after whose write everything throws that can.
+    template<class Step>
+    void expectItStandsAndTheFirstExceptionComesOut(Step step)
+    {
+        std::string thrown;
+        try {
+            step();
+        } catch (const std::runtime_error& error) {
+            thrown = error.what();
+        }
+        EXPECT_EQ(thrown, "listener");
+        EXPECT_EQ(std::exchange(calls, {}), std::vector<std::string>({"listener", "notify", "wrapper"}));
+        EXPECT_EQ(log.take(),
+                  std::vector<std::string>({"error: moUndoStack: another exception in the same operation: notify",
+                                            "error: moUndoStack: another exception in the same operation: wrapper"}));
+    }
+
+    /// Goes through redo, undo and redo while everything throws. The command's undo is what `undo` says.
+    template<class Redo, class Undo, class RedoAgain>
+    void expectStepsStandThoughAllThrows(moFieldBaseUndoCommand<>* command, Redo redo, Undo undo, RedoAgain redoAgain)
+    {
+        const auto fails = [this](const std::string& what) {
+            return [this, what] {
+                calls.push_back(what);
+                throw std::runtime_error(what);
+            };
+        };
+        container->onChanged =
+            lists->onChanged = [listener = fails("listener")](osg::BitVector, osg::UInt32) { listener(); };
+        command->setNotifyFunction(fails("notify"));
+        command->addWrapperFunction(fails("wrapper"));
+
+        expectItStandsAndTheFirstExceptionComesOut(redo);
+        const auto changed = state();
+        EXPECT_NE(changed, original);
+        if (isReallyUndone(form.what)) {
+            expectItStandsAndTheFirstExceptionComesOut(undo);
+            EXPECT_EQ(state(), original);
+            expectItStandsAndTheFirstExceptionComesOut(redoAgain);
+            EXPECT_EQ(state(), changed);
+        }
+        container->onChanged = lists->onChanged = nullptr;
+    }
+
     /// Tries make(container, field id) with each field that the class does not handle.
     template<class Make>
     void expectOtherFieldsLeftAlone(Make make)
@@ -179,6 +226,7 @@ protected:
     osg::UInt32 fieldId = 0;
     osg::BitVector mask = 0;
     std::vector<std::string> original;
+    std::vector<std::string> calls;
 };
 
 using NamedFieldTest = FormTest<NameForm>;
@@ -241,6 +289,21 @@ TEST_P(NamedFieldTest, AFieldOfAnotherTypeIsLeftAlone)
     expectOtherFieldsLeftAlone([this](const osg::FieldContainerPtr& any, osg::UInt32 id) {
         return form.make(any, any->getType().getFieldDescription(id)->getCName(), nullptr);
     });
+}
+
+TEST_P(NamedFieldTest, AStepStandsAndIsFinishedThoughEverythingAfterItsWriteThrows)
+{
+    auto* const command = form.make(target, form.fieldName, nullptr);
+    expectStepsStandThoughAllThrows(
+        command, [&] { stack.add(command); }, [&] { stack.undo(); }, [&] { stack.redo(); });
+    EXPECT_EQ(stack.size(), 1);
+}
+
+TEST_P(NamedFieldTest, AStepByHandIsFinishedBeforeTheExceptionComesOutOfIt)
+{
+    const std::unique_ptr<moFieldBaseUndoCommand<>> command(form.make(target, form.fieldName, nullptr));
+    expectStepsStandThoughAllThrows(
+        command.get(), [&] { command->redo(); }, [&] { command->undo(); }, [&] { command->redo(); });
 }
 
 TEST_P(NumberedFieldTest, EachStepIsOneEditOfTheFieldFollowedByTheNotifyFunction)

@@ -186,11 +186,11 @@ TEST_F(FieldTest, ANotifyFunctionThatThrowsLosesNoValue)
     EXPECT_THROW(stack.undo(), int);
     EXPECT_EQ(container->getSingleInt32(), 0);
     command->setNotifyFunction({});
-    stack.undo();
+    stack.redo();
     EXPECT_EQ(container->getSingleInt32(), 1) << "the values still change places";
 }
 
-TEST_F(FieldTest, AListenerToTheChangeSeesTheNewValueAndThrowsOutOfAClosedEdit)
+TEST_F(FieldTest, AListenerToTheChangeSeesTheNewValueAndTheNotifyFunctionRunsThoughItThrows)
 {
     auto* const command = new moFieldUndoCommand<int>(text, container, "singleInt32", 1);
     stack.add(command);
@@ -203,8 +203,85 @@ TEST_F(FieldTest, AListenerToTheChangeSeesTheNewValueAndThrowsOutOfAClosedEdit)
     command->setNotifyFunction([&notified] { ++notified; });
     EXPECT_THROW(stack.undo(), int);
     EXPECT_EQ(seen, 0);
-    EXPECT_EQ(notified, 0);
+    EXPECT_EQ(notified, 1);
     container->onChanged = nullptr;
-    stack.undo();
+    stack.redo();
     EXPECT_EQ(container->getSingleInt32(), 1);
 }
+
+TEST_F(FieldTest, WrappersAreCalledAfterTheNotifyFunctionInTheOrderInWhichTheyCame)
+{
+    std::vector<std::string> called;
+    const auto call = [&called](const char* what) { return [&called, what] { called.emplace_back(what); }; };
+    auto* const command = new moFieldUndoCommand<int>(text, container, "singleInt32", 1);
+    command->addWrapperFunction(call("first"));
+    command->addWrapperFunction(call("second"));
+    command->setNotifyFunction(call("notify"));
+    stack.add(command);
+    EXPECT_EQ(std::exchange(called, {}), std::vector<std::string>({"notify", "first", "second"}));
+    command->setNotifyFunction({});
+    stack.undo();
+    EXPECT_EQ(called, std::vector<std::string>({"first", "second"}));
+}
+
+TEST_F(FieldTest, AWrapperIsCalledThoughTheOneBeforeItThrows)
+{
+    int called = 0;
+    auto* const command = new moFieldUndoCommand<int>(text, container, "singleInt32", 1);
+    command->addWrapperFunction([] { throw 1; });
+    command->addWrapperFunction([&called] { ++called; });
+    EXPECT_THROW(stack.add(command), int);
+    EXPECT_EQ(called, 1);
+}
+
+TEST_F(FieldTest, AMergedCommandsNotifyFunctionIsCalledOnceAndThenOnlyTheOlderOnes)
+{
+    std::vector<std::string> called;
+    const auto add = [&](int value, const char* name) {
+        auto* const command = new moFieldUndoCommand<int>(text, container, "singleInt32", value);
+        command->setNotifyFunction([&called, name] { called.emplace_back(name); });
+        stack.add(command);
+    };
+    add(1, "older");
+    add(2, "newer");
+    ASSERT_EQ(stack.size(), 1);
+    stack.undo();
+    stack.redo();
+    EXPECT_EQ(called, std::vector<std::string>({"older", "newer", "older", "older"}));
+}
+
+TEST_F(FieldTest, UndoIsTheExchangeItselfAndNotAnOverriddenRedo)
+{
+    struct Counting : moFieldUndoCommand<int>
+    {
+        using moFieldUndoCommand::moFieldUndoCommand;
+        void redo() override
+        {
+            ++redone;
+            moFieldUndoCommand::redo();
+        }
+        int redone = 0;
+    };
+    Counting command(text, container, "singleInt32", 1);
+    command.redo();
+    command.undo();
+    EXPECT_EQ(container->getSingleInt32(), 0);
+    EXPECT_EQ(command.redone, 1);
+}
+
+namespace {
+
+struct NotMembers
+{
+    int apply;
+    int findTypedField;
+};
+struct BothBases : moFieldBaseUndoCommand<>, NotMembers
+{
+};
+
+// Members of the base with these names would make them ambiguous.
+static_assert(std::is_same_v<decltype(&BothBases::apply), int NotMembers::*>);
+static_assert(std::is_same_v<decltype(&BothBases::findTypedField), int NotMembers::*>);
+
+} // namespace

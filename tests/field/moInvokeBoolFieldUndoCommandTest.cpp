@@ -5,12 +5,17 @@
 #include <QtWidgets/QCheckBox>
 
 #include <memory>
+#include <stdexcept>
 
 namespace {
 
 using Lines = std::vector<std::string>;
 
 } // namespace
+
+// Other names for bool, as Qt gets to know them or not.
+using Switch = bool;
+using LateSwitch = bool;
 
 /// Notes which of its methods are called.
 class Receiver : public QObject
@@ -37,6 +42,19 @@ public Q_SLOTS:
     void number(int) { m_calls.push_back("number"); }
     void words(const QString&) { m_calls.push_back("words"); }
     void own(Receiver*) { m_calls.push_back("own"); }
+    void setAndClear(bool& value)
+    {
+        note("setAndClear", value);
+        value = false;
+    }
+    void setSwitch(Switch value) { note("setSwitch", value); }
+    void setLateSwitch(LateSwitch value) { note("setLateSwitch", value); }
+    void setSwitchReference(Switch& value) { note("setSwitchReference", value); }
+    void fail(bool value)
+    {
+        note("fail", value);
+        throw std::runtime_error("receiver");
+    }
 
 private:
     void note(const char* method, bool value) { m_calls.push_back(std::string(method) + (value ? " true" : " false")); }
@@ -111,6 +129,95 @@ TEST_F(InvokeBoolFieldTest, AMethodWithoutParametersIsCalledWithoutArguments)
     stack.add(command(true, "nothing()"));
     EXPECT_EQ(receiver.take(), Lines({"nothing"}));
     EXPECT_EQ(log.take(), Lines());
+}
+
+TEST_F(InvokeBoolFieldTest, AReferenceToABoolGetsTheValueAndWhatTheMethodWritesThereIsDropped)
+{
+    stack.add(command(true, "setAndClear(bool&)"));
+    EXPECT_EQ(receiver.take(), Lines({"setAndClear true"}));
+    stack.undo();
+    EXPECT_TRUE(container->getSingleBool());
+    stack.redo();
+    EXPECT_EQ(receiver.take(), Lines({"setAndClear false"}));
+    EXPECT_EQ(log.take(), Lines());
+}
+
+TEST_F(InvokeBoolFieldTest, ANameThatWasRegisteredForBoolIsABool)
+{
+    qRegisterMetaType<bool>("Switch");
+    for (const char* method : {"setSwitch(Switch)", "setSwitchReference(Switch&)"})
+        stack.add(command(true, method));
+    EXPECT_EQ(receiver.take(), Lines({"setSwitch true", "setSwitchReference true"}));
+    EXPECT_EQ(log.take(), Lines());
+}
+
+TEST_F(InvokeBoolFieldTest, WhatAParameterIsIsDecidedWhenTheCommandIsMade)
+{
+    stack.add(command(true, "setLateSwitch(LateSwitch)"));
+    qRegisterMetaType<bool>("LateSwitch");
+    stack.undo();
+    log.take();
+    stack.redo();
+    EXPECT_EQ(log.take(), Lines({"error: Could not invoke: Receiver::setLateSwitch(LateSwitch)"}));
+    EXPECT_EQ(receiver.take(), Lines());
+    stack.add(command(true, "setLateSwitch(LateSwitch)"));
+    EXPECT_EQ(receiver.take(), Lines({"setLateSwitch true"}));
+}
+
+TEST_F(InvokeBoolFieldTest, OnceTheReceiverWasDestroyedOnlyTheFieldIsSet)
+{
+    for (const char* method : {"setOn(bool)", "nothing()", "number(int)"}) {
+        auto shortLived = std::make_unique<Receiver>();
+        auto* const made =
+            new moInvokeBoolFieldUndoCommand(text, container, "singleBool", true, shortLived.get(), method);
+        shortLived.reset();
+        container->setSingleBool(false);
+        stack.add(made);
+        EXPECT_TRUE(container->getSingleBool());
+        stack.undo();
+        stack.redo();
+        EXPECT_FALSE(container->getSingleBool());
+        EXPECT_EQ(log.take(), Lines());
+    }
+}
+
+TEST_F(InvokeBoolFieldTest, TheNotifyFunctionMayDestroyTheReceiver)
+{
+    auto shortLived = std::make_unique<Receiver>();
+    auto* const made =
+        new moInvokeBoolFieldUndoCommand(text, container, "singleBool", true, shortLived.get(), "setOn(bool)");
+    made->setNotifyFunction([&shortLived] { shortLived.reset(); });
+    stack.add(made);
+    EXPECT_TRUE(container->getSingleBool());
+    EXPECT_EQ(log.take(), Lines());
+}
+
+TEST_F(InvokeBoolFieldTest, AMethodThatThrowsDoesNotUndoTheStep)
+{
+    auto* const made = command(true, "fail(bool)");
+    EXPECT_THROW(stack.add(made), std::runtime_error);
+    EXPECT_EQ(stack.size(), 1);
+    EXPECT_TRUE(container->getSingleBool());
+    stack.undo();
+    EXPECT_THROW(made->redo(), std::runtime_error) << "also by hand";
+    EXPECT_FALSE(container->getSingleBool());
+    EXPECT_EQ(receiver.take(), Lines({"fail true", "fail false"}));
+}
+
+TEST_F(InvokeBoolFieldTest, TheReceiverIsToldThoughTheListenerOrTheNotifyFunctionThrows)
+{
+    auto* const made = command(true, "setOn(bool)");
+    made->setNotifyFunction([] { throw 1; });
+    EXPECT_THROW(stack.add(made), int);
+    EXPECT_EQ(receiver.take(), Lines({"setOn true"}));
+    made->setNotifyFunction({});
+    container->onChanged = [](osg::BitVector, osg::UInt32) { throw 1; };
+    stack.undo();
+    EXPECT_THROW(stack.redo(), int);
+    EXPECT_EQ(receiver.take(), Lines({"setOn false"}));
+    EXPECT_THROW(made->redo(), int) << "also by hand";
+    EXPECT_EQ(receiver.take(), Lines({"setOn true"}));
+    container->onChanged = nullptr;
 }
 
 TEST_F(InvokeBoolFieldTest, AMethodThatCannotBeCalledIsLoggedAtEachRedoAndTheFieldIsSet)

@@ -112,10 +112,11 @@ TEST_F(StringsFieldTest, EditsOfTwoContainersMergeWhenTheirListsChainAsIntended)
     stack.add(command({"b"}));
     stack.add(new moStringsFieldUndoCommand(text, other, "multiString", fieldOf({"c"})));
     EXPECT_EQ(stack.size(), 1);
-    stack.redo();
     stack.undo();
+    EXPECT_EQ(value(), Strings());
     stack.redo();
     EXPECT_EQ(value(), Strings({"c"}));
+    EXPECT_EQ(other->getMFMultiString()->getValues(), Strings({"c"})) << "no step of its own, and none takes it back";
     osg::subRefCP(other);
 }
 

@@ -10,10 +10,47 @@
 #include <OpenSG/OSGFieldContainerType.h>
 #include <OpenSG/OSGFieldDescription.h>
 
+#include <QtCore/QPointer>
+
+#include <cctype>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <type_traits>
 #include <typeinfo>
+
+namespace {
+
+bool s_otherLetters = false;
+
+/// As long as it lives, the C library knows other pairs of letters than ASCII has, as it does under some locales, which
+/// need not be installed here.
+struct OtherLetters
+{
+    OtherLetters() { s_otherLetters = true; }
+    ~OtherLetters() { s_otherLetters = false; }
+    OtherLetters(const OtherLetters&) = delete;
+    OtherLetters& operator=(const OtherLetters&) = delete;
+};
+
+bool isBetween(int first, int letter, int last)
+{
+    return first <= letter && letter <= last;
+}
+
+} // namespace
+
+// In place of the C library's, for the library under test, too.
+extern "C" {
+int toupper(int letter) noexcept
+{
+    return isBetween('a', letter, 'z') ? (s_otherLetters ? 0xDD : letter - 'a' + 'A') : letter;
+}
+int tolower(int letter) noexcept
+{
+    return isBetween('A', letter, 'Z') ? (s_otherLetters ? 0xFD : letter - 'A' + 'a') : letter;
+}
+}
 
 namespace {
 
@@ -51,6 +88,37 @@ protected:
     }
 };
 
+template<class Value>
+using MakeCommandWith =
+    decltype(moUndoUtil::makeCommand(std::declval<const moUndoString&>(), std::declval<osg::FieldContainerPtr>(),
+                                     std::declval<const std::string&>(), std::declval<Value>()));
+
+template<class Value, class = void>
+constexpr bool compilesWith = false;
+template<class Value>
+constexpr bool compilesWith<Value, std::void_t<MakeCommandWith<Value>>> = true;
+
+template<class... Values>
+constexpr bool allCompile = (compilesWith<Values> && ...);
+template<class... Values>
+constexpr bool noneCompiles = !(compilesWith<Values> || ...);
+
+enum Colour
+{
+    Red
+};
+struct Switch
+{
+    operator bool() const { return true; }
+};
+
+static_assert(
+    allCompile<bool, unsigned char, signed char, char, unsigned short, short, unsigned int, int, std::int64_t,
+               std::uint64_t, float, double, const int&, bool&, Colour, Switch, std::vector<bool>::reference>);
+static_assert(noneCompiles<const char*, const char (&)[5], char (&)[5], void*, const volatile void*, int*, const bool*,
+                           std::nullptr_t, QObject*, QPointer<QObject>&, void (*)(), void (&)(), int Switch::*,
+                           void (Switch::*)(), std::string, QString>);
+
 /// One value of each overload's type, and 1 in it.
 using Integers = testing::Types<bool, unsigned char, signed char, unsigned short, short, unsigned int, int,
                                 std::int64_t, std::uint64_t>;
@@ -83,6 +151,26 @@ TEST_F(UndoUtilTest, ANameThatStartsWithNoLetterIsTakenAsItIs)
     EXPECT_EQ(found("4digit"), "null");
     EXPECT_EQ(found("\xC3\xA4"), "null");
     EXPECT_EQ(found(std::string(1, '\xFF')), "null");
+}
+
+TEST_F(UndoUtilTest, OnlyAsciiLettersAreFlippedWhateverTheLocaleSays)
+{
+    const OtherLetters turkish;
+    ASSERT_NE(std::toupper('s'), 'S');
+    EXPECT_EQ(found("SingleInt32"), "\"singleInt32\"");
+    EXPECT_EQ(found("upperCase"), "\"UpperCase\"");
+}
+
+TEST_F(UndoUtilTest, EveryAsciiLetterIsFlippedAndNoOtherByte)
+{
+    for (int first = 1; first < 256; ++first) {
+        const std::string name = static_cast<char>(first) + std::string("ingleInt32");
+        EXPECT_EQ(found(name), first == 's' || first == 'S' ? "\"singleInt32\"" : "null") << first;
+    }
+    for (int first = 1; first < 256; ++first) {
+        const std::string name = static_cast<char>(first) + std::string("pperCase");
+        EXPECT_EQ(found(name), first == 'u' || first == 'U' ? "\"UpperCase\"" : "null") << first;
+    }
 }
 
 TEST_F(UndoUtilTest, AnEmptyNameFindsNothingEvenThoughAFieldHasIt)
@@ -256,6 +344,16 @@ TEST_F(UndoUtilTest, WithoutAParentTheCommandIsAStepOfTheDefaultStack)
     stack.undo();
     EXPECT_EQ(container->getSingleInt32(), 0);
     EXPECT_EQ(container->getSingleReal64(), 0);
+}
+
+TEST_F(UndoUtilTest, WithRecordingOffTheCommandIsRecordedAllTheSame)
+{
+    moUndoStack::beginBlockUndo();
+    moUndoUtil::makeCommand(text, container, "singleInt32", 5);
+    moUndoUtil::makeCommand(text, container, "singleReal32", 0.5F);
+    moUndoStack::endBlockUndo();
+    EXPECT_EQ(describe(stack), "2 steps, at \"Edit\", undo, no redo");
+    EXPECT_EQ(container->getSingleInt32(), 5);
 }
 
 TEST_F(UndoUtilTest, AParentOwnsItsCommandsAndRunsThem)

@@ -4,6 +4,11 @@
 #include <moUndoStack/field/moUndoUtil.h>
 #include <moUndoStack/material/moMaterialMultiUndoCommand.h>
 
+#include <support/ProbeCommand.h>
+
+#include <functional>
+#include <stdexcept>
+
 namespace {
 
 using testing::ElementsAre;
@@ -166,6 +171,85 @@ TEST_F(MaterialMulti, IsAChildOfTheCompositeBeingComposed)
     EXPECT_THAT(rendered(), ElementsAre(0.5f, 0.25f, 1, 0));
     stack.undo();
     EXPECT_THAT(rendered(), ElementsAre(1, 1, 1, 0));
+}
+
+TEST_F(MaterialMulti, IsComposedBesideOtherCommandsByGivingItToItsChildrenAsTheirParent)
+{
+    Trace trace(stack);
+    stack.beginMultiCommand("Look", "changes the look", true);
+    auto* const colours = new moMaterialMultiUndoCommand(text, material, settings);
+    new moFieldUndoCommand<float>(text, settings, "red", 0.5f, colours);
+    moUndoUtil::makeCommand(text, settings, "green", 0.25f, colours);
+    stack.addOrExecute(colours);
+    moUndoUtil::makeCommand(text, settings, "blue", 0.125f);
+    stack.endMultiCommand();
+
+    EXPECT_EQ(stack.size(), 1);
+    EXPECT_THAT(edits.take(), ElementsAre("settings red 1", "settings green 1", "settings planarProjection 1",
+                                          "material colorComponentData 1", "settings blue 1"));
+    EXPECT_THAT(trace.takeMessages(), ElementsAre("moURManager::redo index=int:0 added=bool:true text=string:\"Look\" "
+                                                  "description=string:\"changes the look\""))
+        << "a composite as first child adds nothing";
+    stack.undo();
+    EXPECT_THAT(edits.take(), ElementsAre("settings blue 1", "settings green 1", "settings red 1",
+                                          "settings planarProjection 1", "material colorComponentData 1"));
+    EXPECT_THAT(rendered(), ElementsAre(1, 1, 1, 0));
+}
+
+TEST_F(MaterialMulti, ChildrenWithoutAParentBelongToTheCompositionAndNotToIt)
+{
+    stack.beginMultiCommand("Look", "", true);
+    auto* const colours = create();
+    stack.addOrExecute(setRed(0.5f));
+    stack.addOrExecute(colours);
+    EXPECT_EQ(colours->childCount(), 0);
+    stack.endMultiCommand();
+    EXPECT_THAT(edits.take(),
+                ElementsAre("settings planarProjection 1", "material colorComponentData 1", "settings red 1"))
+        << "the material tells of its colours before they change";
+}
+
+TEST_F(MaterialMulti, NotificationsFollowThoughNotifyFunctionsAndListenersThrow)
+{
+    std::function<void()> listener = [this, &listener] {
+        edits.onChange(listener);
+        throw std::runtime_error("listener");
+    };
+    const auto fill = [this](moMaterialMultiUndoCommand* multi) {
+        setRed(0.5f, multi)->setNotifyFunction([] { throw std::runtime_error("notify"); });
+        return multi;
+    };
+    const auto steps = [this](const auto& step) {
+        EXPECT_THROW(step(), std::runtime_error);
+        EXPECT_THAT(edits.take(),
+                    ElementsAre("settings red 1", "settings planarProjection 1", "material colorComponentData 1"));
+        EXPECT_EQ(log.take().size(), 3U);
+    };
+    edits.onChange(listener);
+    steps([&] { stack.add(fill(create())); });
+    EXPECT_THAT(rendered(), ElementsAre(0.5f, 1, 1, 0));
+    steps([&] { stack.undo(); });
+    EXPECT_THAT(rendered(), ElementsAre(1, 1, 1, 0));
+    steps([&] { stack.redo(); });
+    EXPECT_EQ(stack.size(), 1);
+    steps([&] { stack.undo(); });
+
+    const std::unique_ptr<moMaterialMultiUndoCommand> byHand(fill(create()));
+    steps([&] { byHand->redo(); });
+    steps([&] { byHand->undo(); });
+    EXPECT_THAT(rendered(), ElementsAre(1, 1, 1, 0));
+    edits.onChange({});
+}
+
+TEST_F(MaterialMulti, NothingIsToldWhenAChildsStepDoesNotHappen)
+{
+    auto* const multi = create();
+    setRed(0.5f, multi);
+    (new ProbeCommand("failing", multi))->onRedo([] { throw std::runtime_error("write"); });
+    EXPECT_THROW(stack.add(multi), std::runtime_error);
+    EXPECT_THAT(edits.take(), ElementsAre("settings red 1", "settings red 1")) << "done and taken back";
+    EXPECT_THAT(rendered(), ElementsAre(1, 1, 1, 0));
+    EXPECT_TRUE(stack.isEmpty());
 }
 
 TEST_F(MaterialMulti, HoldsNoContainer)

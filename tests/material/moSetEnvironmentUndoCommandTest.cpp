@@ -189,4 +189,20 @@ TEST_F(SetEnvironment, TranslatesInItsOwnContextButNotItsText)
     EXPECT_EQ(make(sky)->text(), "Change Environment");
 }
 
+TEST_F(SetEnvironment, StandsThoughAListenerThrows)
+{
+    auto* const command = create(sky);
+    edits.onChange([] { throw 1; });
+    EXPECT_THROW(stack.add(command), int);
+    EXPECT_EQ(glass->getEnvironment(), sky);
+    EXPECT_EQ(stack.size(), 1);
+    edits.onChange([] { throw 1; });
+    EXPECT_THROW(stack.undo(), int);
+    EXPECT_EQ(glass->getEnvironment(), osg::NullFC);
+    edits.onChange([] { throw 1; });
+    EXPECT_THROW(command->redo(), int) << "by hand";
+    EXPECT_EQ(glass->getEnvironment(), sky);
+    command->undo();
+}
+
 } // namespace

@@ -6,6 +6,9 @@
 #include <moUndoStack/material/moColorComponentUndoCommand.h>
 #include <moUndoStack/material/moMaterialUndoCommand.h>
 
+#include <functional>
+#include <stdexcept>
+
 namespace {
 
 using testing::ElementsAre;
@@ -391,6 +394,167 @@ TYPED_TEST(Wrapped, FieldCommandOfAnotherParentIsLeftToThatParentWhicheverGoesFi
     command->redo();
     command->undo();
     EXPECT_EQ(this->messageOf(*command), this->message(this->id(this->settings)));
+}
+
+TYPED_TEST(Wrapped, TheCallersNotifyFunctionStillRunsOncePerStepAndBeforeTheTouches)
+{
+    for (const bool composed : {false, true}) {
+        SCOPED_TRACE(composed);
+        int notified = 0;
+        if (composed) this->stack.beginMultiCommand("Colours", QString(), true);
+        auto* const red = this->setRed(0.5f);
+        red->setNotifyFunction([&] {
+            ++notified;
+            EXPECT_THAT(this->edits.take(), ElementsAre("settings red 1"));
+        });
+        this->stack.addOrExecute(this->wrap(red));
+        if (composed) this->stack.endMultiCommand();
+        EXPECT_EQ(notified, 1);
+        EXPECT_THAT(this->edits.take(), ElementsAreArray(this->touches()));
+        this->stack.undo();
+        EXPECT_EQ(notified, 2);
+        EXPECT_THAT(this->edits.take(), ElementsAreArray(this->touches()));
+        this->stack.clear();
+    }
+}
+
+TYPED_TEST(Wrapped, ANotifyFunctionSetAfterWrappingDoesNotSilenceTheTouches)
+{
+    for (const bool composed : {false, true}) {
+        SCOPED_TRACE(composed);
+        int notified = 0;
+        if (composed) this->stack.beginMultiCommand("Colours", QString(), true);
+        auto* const red = this->setRed(0.5f);
+        this->stack.addOrExecute(this->wrap(red));
+        red->setNotifyFunction([&notified] { ++notified; });
+        if (composed) this->stack.endMultiCommand();
+        this->edits.take();
+        this->stack.undo();
+        EXPECT_EQ(notified, composed ? 2 : 1);
+        EXPECT_THAT(this->edits.take(), ElementsAreArray(this->step("settings red 1")));
+        red->setNotifyFunction({});
+        this->stack.redo();
+        EXPECT_THAT(this->edits.take(), ElementsAreArray(this->step("settings red 1")));
+        this->stack.clear();
+        this->edits.take();
+        this->settings->setRed(1);
+    }
+}
+
+TYPED_TEST(Wrapped, TwoWrappersOfOneFieldCommandBothFollowIt)
+{
+    auto parent = std::make_unique<moMultiCommand>(moUndoString());
+    auto* const red = this->setRed(0.5f, parent.get());
+    const auto first = this->make(red);
+    const typename TestFixture::Owner other(
+        TypeParam::create(this->text, red, this->otherMaterial, this->otherSettings));
+    this->edits.name(this->otherMaterial, "other material");
+    this->edits.name(this->otherSettings, "other settings");
+    parent->redo();
+    EXPECT_THAT(
+        this->edits.take(),
+        ElementsAreArray(TypeParam::touches
+                             ? Lines{"settings red 1", "settings planarProjection 1", "material colorComponentData 1",
+                                     "other settings planarProjection 1", "other material colorComponentData 1"}
+                             : Lines{"settings red 1"}));
+}
+
+TYPED_TEST(Wrapped, EveryPartOfAStepIsDoneThoughEachThrowsAndTheFirstExceptionComesOut)
+{
+    int calls = 0;
+    std::function<void()> listener = [this, &listener, &calls] {
+        this->edits.onChange(listener);
+        throw std::runtime_error("listener " + std::to_string(++calls));
+    };
+    const auto expectStands = [this, &calls](const std::function<void()>& step) {
+        calls = 0;
+        std::string thrown;
+        try {
+            step();
+        } catch (const std::runtime_error& error) {
+            thrown = error.what();
+        }
+        EXPECT_EQ(thrown, "listener 1");
+        EXPECT_THAT(this->edits.take(), ElementsAreArray(this->step("settings red 1")));
+        EXPECT_EQ(this->log.take().size(), this->touches().size() + 1) << "the others are logged";
+    };
+    const auto red = [this] {
+        auto* const command = this->setRed(0.5f);
+        command->setNotifyFunction([] { throw std::runtime_error("notify"); });
+        return command;
+    };
+    this->edits.onChange(listener);
+
+    expectStands([&] { this->stack.addOrExecute(this->wrap(red())); });
+    expectStands([&] { this->stack.undo(); });
+    expectStands([&] { this->stack.redo(); });
+    EXPECT_EQ(this->stack.size(), 1);
+    expectStands([&] { this->stack.undo(); });
+
+    const auto byHand = this->make(red());
+    expectStands([&] { byHand->redo(); });
+    EXPECT_EQ(this->settings->getRed(), 0.5f);
+    expectStands([&] { byHand->undo(); });
+    EXPECT_EQ(this->settings->getRed(), 1.0f);
+
+    this->stack.clear();
+    expectStands([&] {
+        this->stack.beginMultiCommand("Colours", QString(), true);
+        this->stack.addOrExecute(this->wrap(red()));
+        this->stack.endMultiCommand();
+    });
+    expectStands([&] { this->stack.undo(); });
+    EXPECT_EQ(this->settings->getRed(), 1.0f);
+    this->edits.onChange({});
+}
+
+TYPED_TEST(Wrapped, NothingIsToldOfAFieldCommandWhoseStepDoesNotHappen)
+{
+    struct Failing : moFieldBaseUndoCommand<>
+    {
+        explicit Failing(const osg::FieldContainerPtr& container)
+            : moFieldBaseUndoCommand<>(moUndoString(), container, "red")
+        {
+        }
+        void redo() override { throw std::runtime_error("write"); }
+    };
+    EXPECT_THROW(this->stack.add(this->wrap(new Failing(this->settings))), std::runtime_error);
+    EXPECT_THAT(this->edits.take(), IsEmpty());
+    EXPECT_TRUE(this->stack.isEmpty());
+}
+
+TYPED_TEST(Wrapped, ACompositionTellsOfItsFirstChildAlone)
+{
+    const auto compose = [this](moFieldBaseUndoCommand<>* made) {
+        Trace trace(this->stack);
+        this->stack.beginMultiCommand("Colours", "all of them", true);
+        this->stack.addOrExecute(this->wrap(made ? made : this->setRed(0.5f)));
+        this->stack.endMultiCommand();
+        return trace.takeMessages();
+    };
+    const std::string begin = "moURManager::redo index=int:0 added=bool:true text=string:\"Colours\" "
+                              "description=string:\"all of them\" ";
+    EXPECT_THAT(compose(nullptr),
+                ElementsAre(begin + "id=int:" + std::to_string(moFieldUndoCommand<float>::commandId()) +
+                            this->key("container", this->id(this->settings)) +
+                            this->key("fieldId", osg::ColorComponentSettings::RedFieldId)));
+    this->stack.clear();
+    EXPECT_THAT(compose(this->setRed(0.25f)), ElementsAre(begin + this->message(this->id(this->settings))))
+        << "a field command made before the composition is no child of it";
+}
+
+TYPED_TEST(Wrapped, TheChangedCallbackOfAFieldCommandThatItOwnsIsNotCalledButItsOwnIs)
+{
+    int fieldsCalls = 0;
+    int ownCalls = 0;
+    auto* const red = this->setRed(0.5f);
+    red->setChangedCB([&fieldsCalls](bool) { ++fieldsCalls; });
+    auto* const command = this->wrap(red);
+    command->setChangedCB([&ownCalls](bool) { ++ownCalls; });
+    this->stack.add(command);
+    this->stack.undo();
+    EXPECT_EQ(fieldsCalls, 0);
+    EXPECT_EQ(ownCalls, 2);
 }
 
 using WrappedPair = MaterialTest;

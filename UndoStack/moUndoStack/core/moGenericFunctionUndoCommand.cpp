@@ -1,5 +1,7 @@
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 
+#include <moUndoStack/core/moStep.h>
+
 #include <utility>
 
 moGenericFunctionUndoCommand::moGenericFunctionUndoCommand(const moUndoString& text, std::function<void()> undoFunction,
@@ -12,10 +14,10 @@ moGenericFunctionUndoCommand::~moGenericFunctionUndoCommand() = default;
 
 void moGenericFunctionUndoCommand::undo()
 {
-    m_undo();
+    moStep::run(m_undo);
 }
 
 void moGenericFunctionUndoCommand::redo()
 {
-    m_redo();
+    moStep::run(m_redo);
 }

@@ -6,7 +6,14 @@
 
 /// A command made of two functions, for edits that need no bookkeeping of values.
 ///
-/// Never merged: it has the id -1. An empty function throws std::bad_function_call when its step comes.
+/// The functions are the step. If one throws, the step did not happen; what it wrote before stays, as nobody else knows
+/// of it. An empty function throws std::bad_function_call when its step comes.
+///
+/// Its id is -1, so the stack never merges two of them. Inside composites it is different, which is intended: a
+/// composite asks its children only canMergeWith(), which any two commands of the id -1 made within the merge interval
+/// answer with true, and ignores what mergeWith() answers. The step merged from two composites then calls the older
+/// command's functions; the newer one's were called once and are destroyed. Where that loses an edit, compose with
+/// merging disabled, or call setMergeEnabled(false) on this command.
 /// Message: "id" (-1).
 class MO_UNDO_STACK_EXPORT moGenericFunctionUndoCommand : public moUndoCommand
 {

@@ -43,7 +43,7 @@ void moBoolFieldUndoCommand::apply()
 {
     const auto exchangeAs = [this](auto type) {
         using T = decltype(type);
-        return moFieldBaseUndoCommand<>::apply<moScalarFieldType<T>>([this](auto& field) {
+        return moFieldAccess::write<moScalarFieldType<T>>(*this, [this](auto& field) {
             const bool previous = field.getValue() != T(0);
             field.setValue(static_cast<T>(m_value));
             m_value = previous;

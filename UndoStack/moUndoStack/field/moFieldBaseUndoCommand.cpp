@@ -60,9 +60,23 @@ void moFieldBaseUndoCommand<Nothing...>::setNotifyFunction(std::function<void()>
 }
 
 template<class... Nothing>
+void moFieldBaseUndoCommand<Nothing...>::addWrapperFunction(std::function<void()> function)
+{
+    m_wrappers.set([before = m_wrappers, function = std::move(function)] {
+        moStep::run([&] {
+            moStep::afterwards(before);
+            moStep::afterwards(function);
+        });
+    });
+}
+
+template<class... Nothing>
 void moFieldBaseUndoCommand<Nothing...>::notify() const
 {
-    m_notify();
+    moStep::run([this] {
+        moStep::afterwards(m_notify);
+        moStep::afterwards(m_wrappers);
+    });
 }
 
 template<class... Nothing>

@@ -15,11 +15,17 @@
 ///
 /// The container is kept by id and found again at every undo and redo. A container that is null, a field that does not
 /// exist or an id out of range makes the command inert: all ids are 0 and undo and redo change nothing. The same holds
-/// for a container that has gone meanwhile; the command keeps no reference to it.
+/// for a container that was destroyed meanwhile; the command keeps no reference to it.
+///
+/// A step is done when the field is written. If a listener to the change or the notify function throws then, the rest
+/// of the step is done all the same, and the exception reaches the caller at the end (see moStep).
 ///
 /// Merges (rule for the members that do not say otherwise) with a newer command of the same class on the same
 /// container, field id and field mask, made within its merge interval. Message: "id", "container" (unsigned int),
 /// "fieldId" (unsigned int).
+///
+/// All constructors of the family end with the parent, which may be left out: null means the composite being composed,
+/// if any. Only the members of the library can reach the field; a class of yours derives from one of them.
 template<class... Nothing>
 class MO_UNDO_STACK_EXPORT moFieldBaseUndoCommand : public moUndoCommand
 {
@@ -41,35 +47,29 @@ public:
     unsigned int containerId() const { return m_containerId; }
 
     /// Replaces what is called after each undo and redo that wrote the field, once its edit is closed; an empty
-    /// function removes it. The function may replace itself while it runs.
+    /// function removes it. The function may replace itself while it runs. When a newer command is merged into this
+    /// one, the newer one's function was called at its redo and is destroyed with it; the merged step calls this one's.
     void setNotifyFunction(std::function<void()> function);
 
+    /// For a command that wraps this one although another command runs it: adds what is called right after the notify
+    /// function, which stays the caller's. Several wrappers are called in the order in which they were added.
+    void addWrapperFunction(std::function<void()> function);
+
 protected:
-    /// Calls the notify function if there is one.
+    /// Calls the notify function, if there is one, and then those of the wrappers.
     void notify() const;
-
-    /// The field, if the container is there and the field is a FieldType; else null.
-    template<class FieldType>
-    FieldType* findTypedField() const;
-
-    /// The one way in which a member of the family writes its field: finds it, calls write(FieldType&) inside an edit
-    /// of the field's mask, then notifies. Returns false, having done nothing, when the field is not there or of
-    /// another type.
-    template<class FieldType, class Write>
-    bool apply(Write write);
-
-    /// The same with afterEdit() called between the end of the edit and notify().
-    template<class FieldType, class Write, class AfterEdit>
-    bool apply(Write write, AfterEdit afterEdit);
 
     /// The merge of commands that keep their own value: takes over the time of a command that canMergeWith() accepts.
     bool mergeTime(const QUndoCommand* other);
 
 private:
+    friend class moFieldAccess;
+
     osg::UInt32 m_containerId = 0;
     osg::UInt32 m_fieldId = 0;
     osg::BitVector m_fieldMask = 0;
     moUndoDetail::HeldFunction<void()> m_notify;
+    moUndoDetail::HeldFunction<void()> m_wrappers;
 };
 
 extern template class moFieldBaseUndoCommand<>;

@@ -1,40 +1,39 @@
 #pragma once
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/core/moStep.h>
 #include <moUndoStack/field/moFieldBaseUndoCommand.h>
 #include <moUndoStack/field/moTypedField_p.h>
 
-#include <QtCore/QScopeGuard>
-
-// The member templates of moFieldBaseUndoCommand, for the members of the family: they need the private helpers.
-
-template<class... Nothing>
-template<class FieldType>
-FieldType* moFieldBaseUndoCommand<Nothing...>::findTypedField() const
+/// How the members of the family reach their field. Not in the public header, as it needs the private helpers.
+class moFieldAccess
 {
-    return typedField<FieldType>(findContainer<osg::FieldContainerPtr>(m_containerId), m_fieldId);
-}
-
-template<class... Nothing>
-template<class FieldType, class Write, class AfterEdit>
-bool moFieldBaseUndoCommand<Nothing...>::apply(Write write, AfterEdit afterEdit)
-{
-    const auto container = findContainer<osg::FieldContainerPtr>(m_containerId);
-    auto* const field = typedField<FieldType>(container, m_fieldId);
-    if (!field) return false;
+public:
+    /// The field, if the container is there and the field is a FieldType; else null.
+    template<class FieldType>
+    static FieldType* find(const moFieldBaseUndoCommand<>& command)
     {
-        // A listener to the change may throw out of the end of the edit, when the field is written already.
-        const auto always = qScopeGuard(std::move(afterEdit));
-        const ContainerEdit edit(container, m_fieldMask);
-        write(*field);
+        return typedField<FieldType>(findContainer<osg::FieldContainerPtr>(command.m_containerId), command.m_fieldId);
     }
-    notify(); // last, so that a notify function that throws finds the command's own values in order
-    return true;
-}
 
-template<class... Nothing>
-template<class FieldType, class Write>
-bool moFieldBaseUndoCommand<Nothing...>::apply(Write write)
-{
-    return apply<FieldType>(std::move(write), [] {});
-}
+    /// The one way in which a member of the family writes its field: finds it, calls writeTo(FieldType&) inside an edit
+    /// of the field's mask, then afterEdit(), then notifies. Returns false, having done nothing, when the field is not
+    /// there or of another type. If writeTo() throws, it must have left the field as it was.
+    template<class FieldType, class WriteTo, class AfterEdit = void (*)()>
+    static bool write(
+        const moFieldBaseUndoCommand<>& command, const WriteTo& writeTo, const AfterEdit& afterEdit = [] {})
+    {
+        const auto container = findContainer<osg::FieldContainerPtr>(command.m_containerId);
+        auto* const field = typedField<FieldType>(container, command.m_fieldId);
+        if (!field) return false;
+        moStep::run([&] {
+            {
+                const ContainerEdit edit(container, command.m_fieldMask);
+                writeTo(*field);
+            }
+            afterEdit();
+            command.notify(); // last, so that a notify function finds the command's own values in order
+        });
+        return true;
+    }
+};

@@ -17,7 +17,7 @@ moFieldUndoCommand<T>::moFieldUndoCommand(const moUndoString& text, osg::FieldCo
 template<class T>
 void moFieldUndoCommand<T>::redo()
 {
-    this->template apply<moScalarFieldType<T>>([this](auto& field) { std::swap(field.getValue(), m_value); });
+    moFieldAccess::write<moScalarFieldType<T>>(*this, [this](auto& field) { std::swap(field.getValue(), m_value); });
 }
 
 template<class T>

@@ -47,7 +47,7 @@ void moImageFieldUndoCommand::undo()
 
 osg::SFImagePtr* moImageFieldUndoCommand::getField() const
 {
-    return findTypedField<osg::SFImagePtr>();
+    return moFieldAccess::find<osg::SFImagePtr>(*this);
 }
 
 void moImageFieldUndoCommand::hold(const osg::ImagePtr& image)
@@ -71,5 +71,5 @@ void moImageFieldUndoCommand::apply(osg::ImagePtr image)
         addReference(image); // first, for an image that takes its own place
         releaseReference(previous);
     };
-    moFieldBaseUndoCommand<>::apply<osg::SFImagePtr>(exchange, moveReference);
+    moFieldAccess::write<osg::SFImagePtr>(*this, exchange, moveReference);
 }

@@ -13,8 +13,9 @@
 /// \param fieldId    counts from 1.
 /// \param image      null gives whatever the texture manager has for null.
 ///
-/// Old image: read at construction. Never merges. The command holds one reference of the old and of the new image as
-/// long as it lives, so neither can go while it may have to return. When the texture manager puts another image in the
+/// The text is always "Set Texture", untranslated; no constructor takes another.
+/// Old image: read at construction. Never merges, nor does a composite that has one. The command holds one reference of
+/// the old and of the new image as long as it lives, so neither is destroyed while it may have to return. When the texture manager puts another image in the
 /// place of the given one, the command gives up one reference of the given one: the caller hands it over. Each undo and
 /// redo moves one reference, from the image that leaves the field to the one that enters it: the field's image must have
 /// been counted for the field, as a material does. A field of another type is left alone.

@@ -1,11 +1,23 @@
 #include <moUndoStack/field/moInvokeBoolFieldUndoCommand.h>
 
+#include <moUndoStack/core/moStep.h>
+
 #include <moUtils/moLog.h>
 
 #include <QtCore/QMetaType>
-#include <QtCore/QObject>
 
 MO_UNDO_COMMAND_ID_IMPL(moInvokeBoolFieldUndoCommand)
+
+namespace {
+
+/// Whether a pointer to a bool can be handed over for a parameter of the type.
+bool takesBool(QByteArray type)
+{
+    if (type.endsWith('&')) type.chop(1);
+    return QMetaType::type(type) == QMetaType::Bool;
+}
+
+} // namespace
 
 moInvokeBoolFieldUndoCommand::moInvokeBoolFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container,
                                                            const std::string& fieldName, bool value, QObject* object,
@@ -49,17 +61,19 @@ void moInvokeBoolFieldUndoCommand::resolve(const char* method)
         return;
     }
     m_method = metaObject->method(index);
-    if (m_method.parameterCount() == 1) m_parameterType = m_method.parameterTypes().first().toStdString();
+    // Qt only counts the arguments of a direct call: it would hand the bool's address to a method that reads a string
+    // there.
+    if (m_method.parameterCount() == 1)
+        m_argument = takesBool(m_method.parameterTypes().first()) ? Argument::Written : Argument::Impossible;
 }
 
 void moInvokeBoolFieldUndoCommand::redo()
 {
-    const bool written = value();
-    moBoolFieldUndoCommand::redo();
-
-    if (m_object && !invoke(written))
-        moLog::error("Could not invoke: %s::%s", m_object->metaObject()->className(),
-                     m_method.methodSignature().constData());
+    moStep::run([this] {
+        const bool written = value();
+        moBoolFieldUndoCommand::redo();
+        moStep::afterwards([&] { invoke(written); });
+    });
 }
 
 void moInvokeBoolFieldUndoCommand::undo()
@@ -72,12 +86,22 @@ bool moInvokeBoolFieldUndoCommand::mergeWith(const QUndoCommand* other)
     return mergeTime(other);
 }
 
-bool moInvokeBoolFieldUndoCommand::invoke(bool written) const
+void moInvokeBoolFieldUndoCommand::invoke(bool written) const
 {
-    if (m_parameterType.empty()) return m_method.invoke(m_object);
+    if (!m_object) return;
 
-    // Qt only counts the arguments of a direct call: it would hand the bool's address to a method that reads a string
-    // there.
-    if (QMetaType::type(m_parameterType.c_str()) != QMetaType::Bool) return false;
-    return m_method.invoke(m_object, QGenericArgument(m_parameterType.c_str(), &written));
+    bool done = false;
+    switch (m_argument) {
+    case Argument::None:
+        done = m_method.invoke(m_object);
+        break;
+    case Argument::Written:
+        done = m_method.invoke(m_object, Q_ARG(bool, written));
+        break;
+    case Argument::Impossible:
+        break;
+    }
+    if (!done)
+        moLog::error("Could not invoke: %s::%s", m_object->metaObject()->className(),
+                     m_method.methodSignature().constData());
 }

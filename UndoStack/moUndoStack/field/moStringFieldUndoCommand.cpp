@@ -59,7 +59,7 @@ bool moStringFieldUndoCommand::mergeWith(const QUndoCommand* other)
 
 osg::SFString* moStringFieldUndoCommand::getField() const
 {
-    return findTypedField<osg::SFString>();
+    return moFieldAccess::find<osg::SFString>(*this);
 }
 
 void moStringFieldUndoCommand::readOld()
@@ -69,5 +69,5 @@ void moStringFieldUndoCommand::readOld()
 
 void moStringFieldUndoCommand::apply(const std::string& value)
 {
-    moFieldBaseUndoCommand<>::apply<osg::SFString>([&value](osg::SFString& field) { field.setValue(value); });
+    moFieldAccess::write<osg::SFString>(*this, [&value](osg::SFString& field) { field.setValue(value); });
 }

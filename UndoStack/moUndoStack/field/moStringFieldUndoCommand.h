@@ -12,8 +12,9 @@
 ///
 /// Old value: read at construction. Merges with a newer moStringFieldUndoCommand made within its merge interval that
 /// starts from the text at which this one ends, byte for byte: typing in a text field is one step. Containers and
-/// fields are not compared; this is intended. A field of another type is left alone. Message: "id", "container",
-/// "fieldId".
+/// fields are not compared; this is intended. A step merged from two fields writes the older command's alone: redo gives
+/// it the newer text, and the newer command's field keeps what that command wrote. A field of another type is left alone.
+/// Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moStringFieldUndoCommand : public moFieldBaseUndoCommand<>
 {
     MO_UNDO_COMMAND_ID

@@ -45,7 +45,7 @@ bool moStringsFieldUndoCommand::mergeWith(const QUndoCommand* other)
 
 osg::MFString* moStringsFieldUndoCommand::getField() const
 {
-    return findTypedField<osg::MFString>();
+    return moFieldAccess::find<osg::MFString>(*this);
 }
 
 void moStringsFieldUndoCommand::getStdStrings(const osg::MFString* field, std::vector<std::string>& strings)
@@ -55,11 +55,12 @@ void moStringsFieldUndoCommand::getStdStrings(const osg::MFString* field, std::v
 
 void moStringsFieldUndoCommand::setStdStrings(const std::vector<std::string>& strings, osg::MFString* field)
 {
-    field->setValues(strings);
+    osg::MFString written;
+    written.setValues(strings); // may throw half-way
+    field->swap(written);
 }
 
 void moStringsFieldUndoCommand::apply(const std::vector<std::string>& strings)
 {
-    moFieldBaseUndoCommand<>::apply<osg::MFString>(
-        [&strings](osg::MFString& field) { setStdStrings(strings, &field); });
+    moFieldAccess::write<osg::MFString>(*this, [&strings](osg::MFString& field) { setStdStrings(strings, &field); });
 }

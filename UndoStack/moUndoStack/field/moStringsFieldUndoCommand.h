@@ -9,12 +9,14 @@
 
 /// Sets a field that is a list of strings.
 ///
-/// \param fieldName  as moUndoUtil::findField() takes it.
+/// \param fieldName  as moUndoUtil::findField() takes it. There is no constructor that takes a field's id.
 /// \param value      copied; may be the very field.
 ///
 /// Old list: read at construction. Merges with a newer moStringsFieldUndoCommand made within its merge interval that
 /// starts from the list at which this one ends, string for string. Containers and fields are not compared; this is
-/// intended. A field of another type is left alone. Message: "id", "container", "fieldId".
+/// intended. A step merged from two fields writes the older command's alone: redo gives it the newer list, and the newer
+/// command's field keeps what that command wrote. A field of another type is left alone. Message: "id", "container",
+/// "fieldId".
 class MO_UNDO_STACK_EXPORT moStringsFieldUndoCommand : public moFieldBaseUndoCommand<>
 {
     MO_UNDO_COMMAND_ID

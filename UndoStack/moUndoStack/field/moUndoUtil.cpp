@@ -14,9 +14,15 @@
 
 #include <QtCore/QScopeGuard>
 
-#include <cctype>
-
 namespace {
+
+/// Field names are ASCII, whatever letters the C library's locale has.
+char withCaseFlipped(char letter)
+{
+    if (letter >= 'a' && letter <= 'z') return static_cast<char>(letter - 'a' + 'A');
+    if (letter >= 'A' && letter <= 'Z') return static_cast<char>(letter - 'A' + 'a');
+    return letter;
+}
 
 template<class T>
 struct CommandFor
@@ -81,8 +87,7 @@ osg::FieldDescription* moUndoUtil::findField(osg::FieldContainerPtr container, c
     if (auto* const description = type.findFieldDescription(name.c_str())) return description;
 
     std::string flipped = name;
-    const int first = static_cast<unsigned char>(name.front());
-    flipped.front() = static_cast<char>(std::islower(first) ? std::toupper(first) : std::tolower(first));
+    flipped.front() = withCaseFlipped(name.front());
     return type.findFieldDescription(flipped.c_str());
 }
 

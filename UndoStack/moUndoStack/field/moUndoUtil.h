@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -23,14 +24,22 @@ class moUndoString;
 /// Whatever cannot be done (null container, unknown name, field of a type that does not fit) is left undone in silence.
 class MO_UNDO_STACK_EXPORT moUndoUtil
 {
+    /// Pointers of any kind and what turns into one; all of them would turn into a bool.
+    template<class Value>
+    static constexpr bool isPointer =
+        std::is_pointer_v<std::decay_t<Value>> || std::is_member_pointer_v<std::decay_t<Value>> ||
+        std::is_convertible_v<Value, const volatile void*>;
+
 public:
     /// The description of the container's field of that name, or of the same name with the case of its first character
-    /// flipped; null if there is neither. The rest of the name is taken as it is. An empty name is never found.
+    /// flipped if that is an ASCII letter, whatever the locale; null if there is neither. The rest of the name is taken
+    /// as it is. An empty name is never found.
     static osg::FieldDescription* findField(osg::FieldContainerPtr container, const std::string& name);
 
     /// Makes the command that sets a field to a value and records it: as a child of `parent`, or on the default stack
     /// when `parent` is null. While a composite is being composed it becomes a child of that; if recording is off then,
-    /// nothing is made. `fieldName` is as in findField().
+    /// nothing is made. Without a composition it is recorded even though recording is off, as by moUndoStack::add():
+    /// only addOrExecute() asks. `fieldName` is as in findField().
     ///
     /// The field's own type decides which command it is, never the overload. Integers and bools go into any integer or
     /// bool field: an integer is cut to the field's width, anything but 0 is true. float and double go into either of
@@ -57,6 +66,11 @@ public:
                             float value, QUndoCommand* parent = nullptr);
     static void makeCommand(const moUndoString& text, osg::FieldContainerPtr container, const std::string& fieldName,
                             double value, QUndoCommand* parent = nullptr);
+
+    /// A pointer is no value, nor is a text: such a call does not compile.
+    template<class Value, std::enable_if_t<isPointer<Value>, int> = 0>
+    static void makeCommand(const moUndoString& text, osg::FieldContainerPtr container, const std::string& fieldName,
+                            Value&& value, QUndoCommand* parent = nullptr) = delete;
 
     /// What the integer and bool overloads of makeCommand() do.
     static void makeIntTypeCommand(const moUndoString& text, osg::FieldContainerPtr container,

@@ -9,6 +9,7 @@
 ///                         See moWrappedFieldUndoCommand.
 /// \param parentContainer  what the component belongs to; may be null.
 /// \param component        the colour component; may be null.
+/// \param parent           null means the composite being composed, if any.
 ///
 /// No notification is sent beside the field command's own. Merging: see moWrappedFieldUndoCommand.
 /// Message: "id", "container" (the field command's), "component" and "parent" (left out for null), unsigned int.

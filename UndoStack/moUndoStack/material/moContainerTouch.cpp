@@ -1,6 +1,7 @@
 #include <moUndoStack/material/moContainerTouch.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/core/moStep.h>
 
 #include <moOpenSGUberMaterial/OSGUberMaterial.h>
 #include <moUtils/moMessage.h>
@@ -13,8 +14,10 @@ void moContainerTouch::touch(unsigned int containerId, unsigned long long fieldM
 
 void moContainerTouch::touchSettingsAndMaterial(unsigned int settingsId, unsigned int materialId)
 {
-    touch(settingsId, osg::ColorComponentSettingsBase::PlanarProjectionFieldMask);
-    touch(materialId, osg::UberMaterialBase::ColorComponentDataFieldMask);
+    moStep::run([=] {
+        touch(settingsId, osg::ColorComponentSettingsBase::PlanarProjectionFieldMask);
+        touch(materialId, osg::UberMaterialBase::ColorComponentDataFieldMask);
+    });
 }
 
 void moContainerTouch::setIdUnlessNull(moMessage& message, const char* key, unsigned int id)

@@ -1,6 +1,7 @@
 #include <moUndoStack/material/moMaterialMultiUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoCommand.h>
 
 MO_UNDO_COMMAND_ID_IMPL(moMaterialMultiUndoCommand)
@@ -13,14 +14,18 @@ moMaterialMultiUndoCommand::moMaterialMultiUndoCommand(const moUndoString& text,
 
 void moMaterialMultiUndoCommand::undo()
 {
-    moMultiCommand::undo();
-    touchSettingsAndMaterial(m_settingsId, m_materialId);
+    moStep::run([this] {
+        moMultiCommand::undo();
+        touchSettingsAndMaterial(m_settingsId, m_materialId);
+    });
 }
 
 void moMaterialMultiUndoCommand::redo()
 {
-    moMultiCommand::redo();
-    touchSettingsAndMaterial(m_settingsId, m_materialId);
+    moStep::run([this] {
+        moMultiCommand::redo();
+        touchSettingsAndMaterial(m_settingsId, m_materialId);
+    });
 }
 
 bool moMaterialMultiUndoCommand::mergeWith(const QUndoCommand* other)

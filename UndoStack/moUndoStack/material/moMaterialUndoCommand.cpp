@@ -1,6 +1,7 @@
 #include <moUndoStack/material/moMaterialUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/core/moStep.h>
 
 MO_UNDO_COMMAND_ID_IMPL(moMaterialUndoCommand)
 
@@ -10,22 +11,27 @@ moMaterialUndoCommand::moMaterialUndoCommand(const moUndoString& text, moFieldBa
     : moWrappedFieldUndoCommand(text, command, containerId(material), containerId(componentSettings), parent)
 {
     if (!command || wrapped()) return;
-    command->setNotifyFunction(
+    command->addWrapperFunction(
         [settingsId = secondId(), materialId = firstId()] { touchSettingsAndMaterial(settingsId, materialId); });
 }
 
 void moMaterialUndoCommand::undo()
 {
-    if (!wrapped()) return;
-    wrapped()->undo();
-    touchSettingsAndMaterial(secondId(), firstId());
+    run(&QUndoCommand::undo);
 }
 
 void moMaterialUndoCommand::redo()
 {
+    run(&QUndoCommand::redo);
+}
+
+void moMaterialUndoCommand::run(void (QUndoCommand::*step)())
+{
     if (!wrapped()) return;
-    wrapped()->redo();
-    touchSettingsAndMaterial(secondId(), firstId());
+    moStep::run([=] {
+        (wrapped()->*step)();
+        touchSettingsAndMaterial(secondId(), firstId());
+    });
 }
 
 void moMaterialUndoCommand::makeMessage(moMessage& message) const

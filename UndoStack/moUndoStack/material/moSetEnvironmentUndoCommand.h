@@ -12,10 +12,12 @@
 ///
 /// \param material     the material to edit; null makes the command inert.
 /// \param environment  the new environment; null takes it away.
+/// \param parent       null means the composite being composed, if any.
 ///
-/// Old value: read at construction. Both environments are kept by id and not held: one that has gone by undo or redo
-/// leaves the material without an environment. A material that has gone makes undo and redo no-ops. Never merges.
-/// Message: "id", "material" (unsigned int, left out for a null material).
+/// The text is always "Change Environment", untranslated.
+/// Old value: read at construction. Both environments are kept by id and not held: one that was destroyed by undo or
+/// redo leaves the material without an environment. If the material was destroyed, undo and redo are no-ops. Never
+/// merges, nor does a composite that has one. Message: "id", "material" (unsigned int, left out for a null material).
 class MO_UNDO_STACK_EXPORT moSetEnvironmentUndoCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moSetEnvironmentUndoCommand)

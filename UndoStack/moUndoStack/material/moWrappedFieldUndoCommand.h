@@ -8,9 +8,10 @@
 
 /// Base of the commands that wrap one field command and know the two containers that the edit is about.
 ///
-/// The wrapped command is owned and deleted with its wrapper. One that has a parent already, which it gets when it is
-/// made while a composition is open, stays with that parent, which runs and deletes it: the wrapper then does not run
-/// it, too.
+/// The wrapped command is owned and deleted with its wrapper; its changed callback is not called then, the wrapper's is.
+/// One that has a parent already, which it gets when it is made while a composition is open, stays with that parent,
+/// which runs and deletes it: the wrapper then does not run it, too. Its notify function stays the caller's in both
+/// cases and may be set before or after wrapping.
 ///
 /// Merges with a newer command of the same class and the same two containers, made within its merge interval, when the
 /// wrapped commands merge; the merging of values is theirs.
