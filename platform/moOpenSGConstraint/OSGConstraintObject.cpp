@@ -12,7 +12,7 @@ ConstraintObjectPtr ConstraintObject::createFor(const AttachmentContainerPtr& ob
     beginEditCP(created, ObjectIdFieldMask | WeightFieldMask);
     created->setObject(object);
     created->setWeight(weight);
-    endEditCP(created, ObjectIdFieldMask | WeightFieldMask);
+    endEditNotChangedCP(created, ObjectIdFieldMask | WeightFieldMask);
     return created;
 }
 

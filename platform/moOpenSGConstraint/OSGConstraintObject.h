@@ -27,7 +27,8 @@ class ConstraintObject : public ConstraintObjectBase
     OSG_CONTAINER(ConstraintObject)
 
 public:
-    /// A new constraint object, not referenced by anyone yet.
+    /// A new constraint object, not referenced by anyone yet. Its first values go into the change list, but no listener
+    /// is told of them: one that throws would keep the object from the constraint that it was made for.
     static ConstraintObjectPtr createFor(const AttachmentContainerPtr& object, Real32 weight);
 
     /// The scene object; null when there is none or it has gone.

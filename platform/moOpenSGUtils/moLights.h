@@ -19,7 +19,8 @@ enum LensFlareEffectCloneMode : int
 ///
 /// A light is a node whose core is an osg::UberLight. For anything else - null, a node without core or with another
 /// core - every getter returns the zero of its type (false, 0, black, "", null, no attenuation) and every setter does
-/// nothing. Setters bracket their edit with the fields that they write (origin External). NaN changes nothing, save in
+/// nothing. Setters bracket their edit with the fields that they write (origin External); when a listener throws, all
+/// is written, and the exception goes on to the caller. NaN changes nothing, save in
 /// a colour. A light value and an angle are read within their limits, too, whatever the field holds (NaN as 0): what
 /// was read can be set again. Main thread only.
 class moLights

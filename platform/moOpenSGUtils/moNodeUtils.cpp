@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cmath>
+#include <exception>
 #include <utility>
 
 namespace component = moTransformComponents;
@@ -21,14 +22,22 @@ public:
     {
         osg::beginEditCP(m_container, m_mask, osg::ChangedOrigin::External);
     }
-    // What a listener to the change throws goes on to the caller.
-    ~Edit() noexcept(false) { osg::endEditCP(m_container, m_mask, osg::ChangedOrigin::External); }
+    // What a listener to the change throws goes on to the caller, except while another exception is on its way there.
+    ~Edit() noexcept(false)
+    {
+        try {
+            osg::endEditCP(m_container, m_mask, osg::ChangedOrigin::External);
+        } catch (...) {
+            if (std::uncaught_exceptions() == m_exceptions) throw;
+        }
+    }
     Edit(const Edit&) = delete;
     Edit& operator=(const Edit&) = delete;
 
 private:
     osg::FieldContainerPtr m_container;
     osg::BitVector m_mask;
+    int m_exceptions = std::uncaught_exceptions();
 };
 
 osg::Vec3f get(const osg::NodePtr& node, int variantIndex, const moTransformComponent& component)

@@ -13,7 +13,8 @@
 /// variantIndex says which transform is meant: -1 the node's own, from 0 on the core of the node's transform variant at
 /// that position. Where there is no such transform (null node, another core, no such variant, a variant without core),
 /// a getter answers with the default (zero; scale one; order "XYZ") and a setter does nothing. Setters edit in a
-/// bracket of their own (origin 1). Vectors have x, y, z; rotations are in degrees, everything else in the unit of the
+/// bracket of their own (origin 1). When a listener to an edit throws, all that the function writes is written, and the
+/// exception goes on to the caller. Vectors have x, y, z; rotations are in degrees, everything else in the unit of the
 /// scene. What the components do is written down at osg::Transform3D.
 ///
 /// \a worldSpace: false takes the value as it stands in the transform. True means the world: the translation is the

@@ -33,13 +33,13 @@ void AttachmentContainer::addAttachment(const AttachmentPtr& attachment, UInt16 
     if (!attachment) return;
     const AttachmentPtr added = attachment;
     addRefCP(added);
-    beginEditCP(added, Attachment::ParentsFieldMask);
-    added->addParent(getPtr());
-    endEditCP(added, Attachment::ParentsFieldMask);
-
+    // In its place before a listener to the attachment is told, who may throw.
     AttachmentPtr& place = _sfAttachments.getValue()[attachmentKey(added->getGroupId(), binding)];
     const AttachmentPtr former = place;
     place = added;
+    beginEditCP(added, Attachment::ParentsFieldMask);
+    added->addParent(getPtr());
+    endEditCP(added, Attachment::ParentsFieldMask);
     release(former);
 }
 
@@ -69,10 +69,19 @@ AttachmentPtr AttachmentContainer::findAttachment(const FieldContainerType& type
 void AttachmentContainer::release(const AttachmentPtr& attachment)
 {
     if (!attachment) return;
+    // Given back at the end, also if a listener to the edit throws.
+    struct Reference
+    {
+        explicit Reference(const AttachmentPtr& given) : held(given) {}
+        ~Reference() { subRefCP(held); }
+        Reference(const Reference&) = delete;
+        Reference& operator=(const Reference&) = delete;
+        AttachmentPtr held;
+    };
+    const Reference reference(attachment);
     beginEditCP(attachment, Attachment::ParentsFieldMask);
     attachment->subParent(getPtr());
     endEditCP(attachment, Attachment::ParentsFieldMask);
-    subRefCP(attachment);
 }
 
 } // namespace osg

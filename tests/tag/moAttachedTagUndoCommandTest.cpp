@@ -14,6 +14,7 @@
 
 #include <iostream>
 #include <sstream>
+#include <stdexcept>
 
 namespace osg {
 
@@ -455,6 +456,82 @@ TYPED_TEST(AttachedTag, TwoInARowNeverMerge)
     EXPECT_EQ(this->state(), (State{{"old", "new"}, {"locked"}, {1, 2, 3}}));
     this->stack.undo();
     EXPECT_EQ(this->state(), this->before);
+}
+
+TYPED_TEST(AttachedTag, CompositesOfTagCommandsNeverMerge)
+{
+    const State first{{"old", "new"}, {"locked"}, {1, 2, 3}};
+    const State second{{"third"}, {"locked"}, {4}};
+    for (const int tagsPerComposite : {1, 2}) {
+        for (const Tags& list : {first.user, second.user}) {
+            this->stack.beginMultiCommand("Tags", "", true);
+            for (int i = 0; i < tagsPerComposite; ++i)
+                this->create(userTags, list, list == first.user ? first.stamps : second.stamps);
+            this->stack.endMultiCommand();
+        }
+        EXPECT_EQ(this->stack.size(), 2);
+        EXPECT_EQ(this->state(), second);
+        this->stack.undo();
+        EXPECT_EQ(this->state(), first);
+        this->stack.undo();
+        EXPECT_EQ(this->state(), this->before);
+        this->stack.redo();
+        this->stack.redo();
+        EXPECT_EQ(this->state(), second);
+        this->stack.undo();
+        this->stack.undo();
+        this->stack.clear();
+    }
+}
+
+TYPED_TEST(AttachedTag, CompositesOfTagCommandsOfTwoObjectsNeverMerge)
+{
+    const osg::NodePtr tagged = this->node;
+    const osg::NodePtr other = osg::Node::create();
+    osg::addRefCP(other);
+    const auto otherTags = osg::TracedTagAttachment::create();
+    other->addAttachment(otherTags);
+    for (const osg::NodePtr& each : {tagged, other}) {
+        this->node = each;
+        this->stack.beginMultiCommand("Tags", "", true);
+        this->create();
+        this->stack.endMultiCommand();
+    }
+    this->node = tagged;
+    EXPECT_EQ(this->stack.size(), 2);
+    EXPECT_EQ(otherTags->getUserTags().getValues(), (Tags{"old", "new"}));
+    this->stack.undo();
+    EXPECT_EQ(otherTags->getUserTags().getValues(), Tags{});
+    this->stack.undo();
+    EXPECT_EQ(this->state(), this->before);
+    this->stack.clear();
+    osg::subRefCP(other);
+}
+
+TYPED_TEST(AttachedTag, ChangesTagsAndStampsAlthoughAListenerToTheFirstThrows)
+{
+    const State after{{"old", "new"}, {"locked"}, {1, 2, 3}};
+    this->edits.onChange([] { throw std::runtime_error("from a listener"); });
+    EXPECT_THROW(this->stack.add(this->create()), std::runtime_error);
+    this->edits.onChange({});
+    EXPECT_EQ(this->state(), after);
+    EXPECT_EQ(this->stack.size(), 1);
+    this->stack.undo();
+    EXPECT_EQ(this->state(), this->before);
+    this->stack.redo();
+    EXPECT_EQ(this->state(), after);
+}
+
+TYPED_TEST(AttachedTag, MayBeSwitchedToMerging)
+{
+    // What the base class offers stays as it is: only the default is another one.
+    auto* const command = this->create();
+    this->stack.add(this->create());
+    EXPECT_FALSE(static_cast<const moUndoCommand*>(this->stack.currentCommand())->canMergeWith(command));
+    command->setMergeEnabled(true);
+    EXPECT_EQ(static_cast<const moUndoCommand*>(this->stack.currentCommand())->canMergeWith(command),
+              command->id() == this->stack.currentCommand()->id());
+    delete command;
 }
 
 TYPED_TEST(AttachedTag, IsAChildOfTheCompositeBeingComposed)

@@ -56,6 +56,16 @@ TYPED_TEST(EmptyTag, TwoInARowNeverMerge)
     EXPECT_EQ(describe(this->stack), "2 steps, at \"Tag\", undo, no redo");
 }
 
+TYPED_TEST(EmptyTag, CompositesNeverMerge)
+{
+    for (int i = 0; i < 2; ++i) {
+        this->stack.beginMultiCommand("Tags", "", true);
+        this->create();
+        this->stack.endMultiCommand();
+    }
+    EXPECT_EQ(this->stack.size(), 2);
+}
+
 TEST(EmptyTagIds, TellAdditionFromRemovalAndFromTheirBase)
 {
     const moUndoString text;

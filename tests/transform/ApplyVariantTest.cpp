@@ -325,15 +325,15 @@ TEST_F(ApplyVariant, NeverMergesAndHasABareMessage)
                   std::to_string(moApplyTransformationVariantUndoCommand::commandId()));
 }
 
-TEST_F(ApplyVariant, WhoseCallbackThrowsLeavesAStackThatWorks)
+TEST_F(ApplyVariant, StandsAndIsMirroredWhenItsCallbackThrows)
 {
     EXPECT_THROW(stack.add(new moApplyTransformationVariantUndoCommand(
                      node, 0, true, nullptr, [] { throw std::runtime_error("from the callback"); })),
                  std::runtime_error);
-    EXPECT_THAT(told, IsEmpty());
-    EXPECT_EQ(stack.size(), 0);
+    EXPECT_EQ(told.size(), 1U) << "mirrored";
+    EXPECT_EQ(stack.size(), 1);
     EXPECT_EQ(core()->getSupposedState(), 0);
-    apply(1);
-    stack.undo();
-    EXPECT_EQ(core()->getSupposedState(), 0);
+    EXPECT_THROW(stack.undo(), std::runtime_error);
+    EXPECT_EQ(core()->getSupposedState(), -1);
+    EXPECT_EQ(stack.size(), 1);
 }

@@ -593,12 +593,16 @@ TEST_P(TransformValue, TakesComponentsThatAreNotFiniteAndGoesBackFromThem)
     }
 }
 
-TEST_P(TransformValue, WhoseCallbackOrMirrorThrowsLeavesAStackThatWorks)
+TEST_P(TransformValue, StandsWhenItsCallbackOrMirrorThrows)
 {
     const auto expectThrow = [this](const Arguments& a) {
+        const std::string before = value();
         EXPECT_THROW(stack.add(row.make(a)), std::runtime_error);
-        EXPECT_EQ(stack.size(), 0);
-        EXPECT_EQ(value(), print(a.value)) << "the edit was made before";
+        EXPECT_EQ(stack.size(), 1);
+        EXPECT_EQ(value(), print(a.value));
+        EXPECT_THROW(stack.undo(), std::runtime_error);
+        EXPECT_EQ(value(), before);
+        stack.clear();
     };
     Arguments a = arguments(osg::Vec3f(7, 8, 9));
     a.callback = [](unsigned int, const osg::Vec3f&, int, bool) { throw std::runtime_error("from the callback"); };

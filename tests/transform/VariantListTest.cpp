@@ -381,6 +381,78 @@ TEST_F(VariantList, UndoOfAnInsertWithoutAVariantIsToldAllTheSame)
     EXPECT_THAT(take(), ElementsAre(told1(0, true)));
 }
 
+TEST_F(VariantList, UndoOfAnInsertRemovesNothingThatItsRedoDidNotInsert)
+{
+    addVariant(node, "A");
+    insert(0, osg::NullFC);
+    stack.undo();
+    EXPECT_EQ(names(node), "A");
+
+    insert(2, variant("past the end"));
+    EXPECT_EQ(names(node), "A");
+    addVariant(node, "B");
+    addVariant(node, "C");
+    stack.undo();
+    EXPECT_EQ(names(node), "ABC");
+    stack.redo();
+    EXPECT_EQ(names(node), "ABpast the endC");
+    stack.undo();
+    EXPECT_EQ(names(node), "ABC");
+}
+
+TEST_F(VariantList, UndoOfAnInsertPastTheEndTakesOffTheListThatItsRedoMade)
+{
+    insert(3, variant("x"));
+    EXPECT_EQ(names(node), "");
+    stack.undo();
+    EXPECT_EQ(names(node), "none");
+    stack.redo();
+    EXPECT_EQ(names(node), "");
+}
+
+TEST_F(VariantList, RemovesOfOneCompositeGoFromTheHighestPositionDown)
+{
+    addVariant(node, "A");
+    addVariant(node, "B");
+    addVariant(node, "C");
+    const auto removeBoth = [this](std::uint64_t first, std::uint64_t second) {
+        stack.beginMultiCommand("Remove", "", false);
+        for (const std::uint64_t index : {first, second})
+            new moRemoveTransformSwitchVariantUndoCommand(node, index, nullptr, tell());
+        stack.endMultiCommand();
+    };
+    removeBoth(1, 0);
+    EXPECT_EQ(names(node), "C");
+    stack.undo();
+    EXPECT_EQ(names(node), "ABC");
+
+    // The other way: both commands were made for A, so nobody holds B.
+    removeBoth(0, 0);
+    EXPECT_EQ(names(node), "C");
+    stack.undo();
+    EXPECT_EQ(names(node), "AAC");
+}
+
+TEST_F(VariantList, CompositesOfRemovesLoseOneWhereMergingIsOn)
+{
+    for (const bool merging : {true, false}) {
+        const osg::NodePtr owner = make(osg::Transform3D::create(), "Owner");
+        addVariant(owner, "A");
+        addVariant(owner, "B");
+        for (int i = 0; i < 2; ++i) {
+            stack.beginMultiCommand("Remove", "", merging);
+            new moRemoveTransformSwitchVariantUndoCommand(owner, 0, nullptr, [](auto&&...) {});
+            stack.endMultiCommand();
+        }
+        EXPECT_EQ(names(owner), "none");
+        EXPECT_EQ(stack.size(), merging ? 1 : 2) << "a composite asks only canMergeWith() of its children";
+        while (stack.canUndo())
+            stack.undo();
+        EXPECT_EQ(names(owner), merging ? "A" : "AB");
+        stack.clear();
+    }
+}
+
 TEST_F(VariantList, NodesWithoutATransformCarryListsAsWell)
 {
     const osg::NodePtr group = make(osg::Group::create(), "Group");
@@ -398,15 +470,16 @@ TEST_F(VariantList, WithoutACallbackEveryStepThrowsAfterTheEdit)
     const auto each = [this](auto edit, const char* expected) {
         EXPECT_THROW(edit(), std::bad_function_call);
         EXPECT_EQ(names(node), expected);
-        EXPECT_EQ(stack.size(), 0);
     };
-    // The command goes when its push fails; the variant stays where the edit put it.
     each([&] { stack.add(new moAddTransformVariantUndoCommand(node, variant("A"), 0, nullptr, nullptr)); }, "A");
     each([&] { stack.add(new moRemoveTransformSwitchVariantUndoCommand(node, 0, nullptr, nullptr)); }, "none");
-    insert(0, variant("B"));
-    EXPECT_EQ(names(node), "B");
-    stack.undo();
-    EXPECT_EQ(names(node), "none");
+    EXPECT_EQ(stack.size(), 2) << "the steps stand";
+    for (int round = 0; round < 3; ++round) {
+        each([&] { stack.undo(); }, "A");
+        each([&] { stack.undo(); }, "none");
+        each([&] { stack.redo(); }, "A");
+        each([&] { stack.redo(); }, "none");
+    }
 }
 
 TEST_F(VariantList, ACallbackThatThrowsAtAnUndoLeavesTheStackUsable)
@@ -418,9 +491,8 @@ TEST_F(VariantList, ACallbackThatThrowsAtAnUndoLeavesTheStackUsable)
     fail = true;
     EXPECT_THROW(stack.undo(), std::runtime_error);
     EXPECT_EQ(names(node), "none");
+    EXPECT_FALSE(stack.canUndo()) << "it was undone";
     fail = false;
-    stack.undo();
-    EXPECT_EQ(names(node), "none");
     stack.redo();
     EXPECT_EQ(names(node), "A");
 }
@@ -502,5 +574,9 @@ TEST_F(VariantValue, WithoutACallbackThrowsAfterTheEdit)
     EXPECT_THROW(stack.add(new moTransformVariantOptionsUndoCommand(v, 5, nullptr, nullptr)), std::bad_function_call);
     EXPECT_EQ(names(node), "B");
     EXPECT_EQ(v->getApplyFlags(), 5u);
-    EXPECT_EQ(stack.size(), 0);
+    EXPECT_EQ(stack.size(), 2);
+    EXPECT_THROW(stack.undo(), std::bad_function_call);
+    EXPECT_THROW(stack.undo(), std::bad_function_call);
+    EXPECT_EQ(names(node), "A");
+    EXPECT_NE(v->getApplyFlags(), 5u);
 }

@@ -229,8 +229,56 @@ TEST_F(VariantMove, SkipsAVariantThatHasGone)
     moNodeUtils::insertTransformVariant(node, 1, moTransformVariantUtils::recordTransformVariant(osg::NullFC, "D"));
     EXPECT_EQ(names(node), "ADB");
     stack.undo();
-    EXPECT_EQ(names(node), "AB");
+    EXPECT_EQ(names(node), "ADB");
     EXPECT_THAT(told, ElementsAre("02->01", "01->02"));
+}
+
+TEST_F(VariantMove, TakesItsOwnVariantsOutWhereverTheyStandAndNoOther)
+{
+    fill("ABC");
+    move(0, 2);
+    EXPECT_EQ(names(node), "BCA");
+    moNodeUtils::insertTransformVariant(node, 0, moTransformVariantUtils::recordTransformVariant(osg::NullFC, "X"));
+    stack.undo();
+    EXPECT_EQ(names(node), "AXBC");
+    moNodeUtils::removeTransformVariant(node, 1);
+    stack.redo();
+    EXPECT_EQ(names(node), "BCA");
+    moNodeUtils::removeTransformVariant(node, 0);
+    moNodeUtils::insertTransformVariant(node, 2, moTransformVariantUtils::recordTransformVariant(osg::NullFC, "X"));
+    EXPECT_EQ(names(node), "CAX");
+    for (int round = 0; round < 3; ++round) {
+        stack.undo();
+        EXPECT_EQ(names(node), "ACX");
+        stack.redo();
+        EXPECT_EQ(names(node), "CXA");
+    }
+}
+
+TEST_F(VariantMove, PutsAVariantAtTheEndOfAListThatIsTooShortByNow)
+{
+    fill("ABCD");
+    move(std::vector<int>{0, 1}, 2);
+    EXPECT_EQ(names(node), "CDAB");
+    moNodeUtils::removeTransformVariant(node, 0);
+    stack.undo();
+    EXPECT_EQ(names(node), "ABD");
+    moNodeUtils::removeTransformVariant(node, 2);
+    stack.redo();
+    EXPECT_EQ(names(node), "AB");
+    stack.undo();
+    EXPECT_EQ(names(node), "AB");
+}
+
+TEST_F(VariantMove, OfAVariantThatIsListedTwiceLeavesItTwice)
+{
+    fill("AB");
+    moNodeUtils::insertTransformVariant(node, 2, moNodeUtils::getTransformVariant(node, 0));
+    EXPECT_EQ(names(node), "ABA");
+    move(2, 0);
+    expectCycles("ABA", "AAB");
+    move(std::vector<int>{2, 0}, 1);
+    expectCycles("ABA", "BAA");
 }
 
 TEST_F(VariantMove, DoesAndTellsNothingOnceItsNodeHasGone)
@@ -254,7 +302,11 @@ TEST_F(VariantMove, NeverMergesAndThrowsWithoutACallbackAfterTheEdit)
     EXPECT_EQ(names(node), "ABC");
     EXPECT_THROW(stack.add(new moTransformVariantMoveCommand(node, 0, 2, nullptr, nullptr)), std::bad_function_call);
     EXPECT_EQ(names(node), "BCA");
-    EXPECT_EQ(stack.size(), 0);
-    move(2, 0);
-    EXPECT_EQ(names(node), "ABC");
+    EXPECT_EQ(stack.size(), 1) << "the step stands";
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_THROW(stack.undo(), std::bad_function_call);
+        EXPECT_EQ(names(node), "ABC");
+        EXPECT_THROW(stack.redo(), std::bad_function_call);
+        EXPECT_EQ(names(node), "BCA");
+    }
 }

@@ -26,11 +26,14 @@ void moAddAimConstraintUpVectorSourcesUndoCommand::redo()
 
 void moAddAimConstraintUpVectorSourcesUndoCommand::apply(bool add)
 {
-    // Intended: the bracket names the sources field and not the up-vector sources, so that one listener serves both.
-    editSources<osg::AimConstraintPtr>(m_constraintId, m_sourceIds, [add](const auto& constraint, const auto& source) {
-        if (add)
-            constraint->addUpVectorSource(source, 1.0f);
-        else
-            constraint->removeUpVectorSource(source);
+    moStep::run([&] {
+        // Intended: the bracket names the sources field and not the up-vector sources, so that one listener serves both.
+        editSources<osg::AimConstraintPtr>(m_constraintId, m_sourceIds, add,
+                                           [](const auto& constraint, const auto& source, bool adds) {
+                                               if (adds)
+                                                   constraint->addUpVectorSource(source, 1.0f);
+                                               else
+                                                   constraint->removeUpVectorSource(source);
+                                           });
     });
 }

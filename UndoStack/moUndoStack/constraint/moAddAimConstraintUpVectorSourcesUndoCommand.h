@@ -12,10 +12,12 @@
 ///
 /// \param constraint  null makes the command inert.
 /// \param sources     the scene objects, added in this order; null entries are dropped.
+/// \param parent      null means the composite being composed, if any.
 ///
 /// Undo removes the up-vector sources by scene object, whatever weight they have by then; redo adds them with the
-/// weight 1 again. The edit is announced as one of the sources field. A constraint or scene object that has gone or is
-/// of another type is skipped. Never merges. Message: "id" only.
+/// weight 1 again. An object that was one already only gets the weight 1, and undo removes it all the same. The edit is
+/// announced as one of the sources field. A destroyed constraint or scene object, or one of another type, is skipped.
+/// Never merges. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moAddAimConstraintUpVectorSourcesUndoCommand : public moUndoCommand
 {
     MO_UNDO_COMMAND_ID

@@ -27,13 +27,15 @@ void moAddConstraintSourcesUndoCommand::redo()
 
 void moAddConstraintSourcesUndoCommand::apply(bool add)
 {
-    editSources<osg::AbstractConstraintPtr>(m_constraintId, m_sourceIds,
-                                            [add](const auto& constraint, const auto& source) {
-                                                // Intended: a source comes back with the weight 1, also when the user
-                                                // had given it another one before undo.
-                                                if (add)
-                                                    constraint->addSource(source, 1.0f);
-                                                else
-                                                    constraint->removeSource(source);
-                                            });
+    moStep::run([&] {
+        editSources<osg::AbstractConstraintPtr>(m_constraintId, m_sourceIds, add,
+                                                [](const auto& constraint, const auto& source, bool adds) {
+                                                    // Intended: a source comes back with the weight 1, also when the user had given it another one before
+                                                    // undo.
+                                                    if (adds)
+                                                        constraint->addSource(source, 1.0f);
+                                                    else
+                                                        constraint->removeSource(source);
+                                                });
+    });
 }

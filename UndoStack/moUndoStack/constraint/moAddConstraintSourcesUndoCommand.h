@@ -12,9 +12,11 @@
 ///
 /// \param constraint  null makes the command inert.
 /// \param sources     the scene objects, added in this order; null entries are dropped.
+/// \param parent      null means the composite being composed, if any.
 ///
 /// Undo removes the sources by scene object, whatever weight they have by then; redo adds them with the weight 1 again.
-/// A constraint or scene object that has gone or is of another type is skipped. Never merges. Message: "id" only.
+/// An object that was a source already only gets the weight 1, and undo removes it all the same.
+/// A destroyed constraint or scene object, or one of another type, is skipped. Never merges. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moAddConstraintSourcesUndoCommand : public moUndoCommand
 {
     MO_UNDO_COMMAND_ID

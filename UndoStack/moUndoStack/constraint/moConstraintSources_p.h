@@ -4,6 +4,7 @@
 
 #include <moOpenSGConstraint/OSGAbstractConstraint.h>
 
+#include <cstddef>
 #include <vector>
 
 // What the two commands that add sources to a constraint have in common.
@@ -18,10 +19,11 @@ inline std::vector<unsigned int> sourceIds(const std::vector<osg::AttachmentCont
     return ids;
 }
 
-/// Calls `edit` with the constraint and each source that is still there, all in one bracket of the sources field; opens
-/// none when the constraint has gone or is of another type than `ConstraintPtr`, or when no source is left.
+/// Calls `edit` with the constraint, each source that is still there and `add`, all in one bracket of the sources
+/// field; opens none when the constraint was destroyed or is of another type than `ConstraintPtr`, or when no source is
+/// left. If an edit fails, those before it are taken back: `edit` is called with the opposite of `add`.
 template<class ConstraintPtr, class Edit>
-void editSources(unsigned int constraintId, const std::vector<unsigned int>& ids, Edit edit)
+void editSources(unsigned int constraintId, const std::vector<unsigned int>& ids, bool add, const Edit& edit)
 {
     const auto constraint = findContainer<ConstraintPtr>(constraintId);
     if (constraint == osg::NullFC) return;
@@ -33,6 +35,14 @@ void editSources(unsigned int constraintId, const std::vector<unsigned int>& ids
     if (sources.empty()) return;
 
     const ContainerEdit bracket(constraint, osg::AbstractConstraintBase::SourcesFieldMask);
-    for (const osg::AttachmentContainerPtr& source : sources)
-        edit(constraint, source);
+    std::size_t done = 0;
+    moStep::writeOrTakeBack(
+        [&] {
+            for (; done < sources.size(); ++done)
+                moStep::writeThroughSibling([&] { edit(constraint, sources[done], add); });
+        },
+        [&] {
+            while (done > 0)
+                moStep::writeThroughSibling([&] { edit(constraint, sources[--done], !add); });
+        });
 }

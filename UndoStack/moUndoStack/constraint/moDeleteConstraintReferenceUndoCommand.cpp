@@ -30,7 +30,8 @@ void editObjects(unsigned int constraintId, osg::BitVector mask, const HeldObjec
     if (constraint == osg::NullFC || objects.empty()) return;
     const ContainerEdit bracket(constraint, mask);
     for (const auto& entry : objects)
-        if (const auto object = entry.second.find<osg::ConstraintObjectPtr>()) ((*constraint).*edit)(object);
+        if (const auto object = entry.second.find<osg::ConstraintObjectPtr>())
+            moStep::writeThroughSibling([&] { ((*constraint).*edit)(object); });
 }
 
 } // namespace
@@ -56,12 +57,19 @@ moDeleteConstraintReferenceUndoCommand::~moDeleteConstraintReferenceUndoCommand(
 
 void moDeleteConstraintReferenceUndoCommand::undo()
 {
-    apply(false);
+    step(false);
 }
 
 void moDeleteConstraintReferenceUndoCommand::redo()
 {
-    apply(true);
+    step(true);
+}
+
+void moDeleteConstraintReferenceUndoCommand::step(bool remove)
+{
+    moStep::run([this, remove] {
+        moStep::writeOrTakeBack([this, remove] { apply(remove); }, [this, remove] { apply(!remove); });
+    });
 }
 
 void moDeleteConstraintReferenceUndoCommand::init(const osg::AbstractConstraintPtr& constraint,
@@ -81,7 +89,7 @@ void moDeleteConstraintReferenceUndoCommand::apply(bool remove)
     using Constraint = osg::AbstractConstraint;
     using Aim = osg::AimConstraint;
 
-    // Each edit finds the constraint anew: whoever hears of one may take the constraint away before the next.
+    // Each edit finds the constraint anew: a listener may destroy the constraint between two.
     editObjects<osg::AbstractConstraintPtr>(m_constraintId, Constraint::SourcesFieldMask, m_roles->sources,
                                             remove ? &Constraint::removeSourceObject : &Constraint::addSourceObject);
     editObjects<osg::AimConstraintPtr>(m_constraintId, Aim::UpVectorSourcesFieldMask, m_roles->upVectors,
@@ -91,5 +99,5 @@ void moDeleteConstraintReferenceUndoCommand::apply(bool remove)
     const auto target = m_roles->target.find<osg::ConstraintObjectPtr>();
     if (constraint == osg::NullFC || target == osg::NullFC) return;
     const ContainerEdit edit(constraint, Constraint::TargetFieldMask);
-    constraint->setTarget(remove ? osg::ConstraintObjectPtr() : target);
+    moStep::writeThroughSibling([&] { constraint->setTarget(remove ? osg::ConstraintObjectPtr() : target); });
 }

@@ -36,6 +36,7 @@ private:
     struct Roles;
 
     void init(const osg::AbstractConstraintPtr& constraint, const std::vector<osg::AttachmentContainerPtr>& references);
+    void step(bool remove);
     void apply(bool remove);
 
     unsigned int m_constraintId;

@@ -28,14 +28,19 @@ void moSetConstraintTargetUndoCommand::redo()
 
 void moSetConstraintTargetUndoCommand::apply(unsigned int targetId)
 {
-    const auto constraint = findContainer<osg::AbstractConstraintPtr>(m_constraintId);
-    if (constraint == osg::NullFC) return;
-    const auto target = findContainer<osg::AttachmentContainerPtr>(targetId);
-    if (targetId != 0 && target == osg::NullFC) return;
+    moStep::run([this, targetId] {
+        const auto constraint = findContainer<osg::AbstractConstraintPtr>(m_constraintId);
+        if (constraint == osg::NullFC) return;
+        const auto target = findContainer<osg::AttachmentContainerPtr>(targetId);
+        if (targetId != 0 && target == osg::NullFC) return;
 
-    const ContainerEdit edit(constraint, osg::AbstractConstraintBase::TargetFieldMask);
-    if (target != osg::NullFC)
-        constraint->createTarget(target);
-    else
-        constraint->setTarget(osg::NullFC);
+        // A new target that cannot be made leaves the one before.
+        const ContainerEdit edit(constraint, osg::AbstractConstraintBase::TargetFieldMask);
+        moStep::writeThroughSibling([&] {
+            if (target != osg::NullFC)
+                constraint->createTarget(target);
+            else
+                constraint->setTarget(osg::NullFC);
+        });
+    });
 }

@@ -6,13 +6,16 @@
 /// A composite: one undo step made of child commands.
 ///
 /// Usually made between moUndoStack::beginMultiCommand() and endMultiCommand(). Its children are done in order and
-/// undone in reverse order. A step happens whole or not at all: if a child's step does not happen, as it throws while it
-/// writes, the children before it are taken back, the after function is not called and the exception passes. What throws
-/// after a write (a callback, a listener, the after function) changes nothing about the step (see moStep).
+/// undone in reverse order. A step happens whole or not at all: if a child's step does not happen, as it throws while
+/// it writes, the children before it are taken back, the after function is not called and the exception passes. What
+/// throws after a write (a callback, a listener, the after function) changes nothing about the step (see moStep).
 ///
 /// Merges with a newer composite of the same class and the same number of children if each child can be merged with its
-/// counterpart. Each pair is then merged; what a child answers to that is not looked at, which is intended: a composite
-/// of commands that refuse to be merged but do not say so in canMergeWith() should be made with merging disabled.
+/// counterpart. Each pair is then merged; what a child answers to that is not looked at, which is intended. Children
+/// that refuse to be merged but do not say so in canMergeWith() (see moUndoCommand) need a composite with merging
+/// disabled: the newer one's edits are lost on redo or survive undo otherwise. The newer composite is deleted with all
+/// that it has: its after function, the receiver of a moInvokeMultiCommand, the changed and other callbacks of its
+/// children. Those of the older one are called from then on, so they must do for both.
 /// Messages: describes itself as its first child.
 class MO_UNDO_STACK_EXPORT moMultiCommand : public moUndoCommandBase
 {

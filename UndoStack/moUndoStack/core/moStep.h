@@ -63,17 +63,32 @@ public:
     }
 
     /// Runs a write that a sibling library makes: with all it writes it has finished when a listener to the change
-    /// throws, so the step stands. Only std::bad_alloc passes, as the sibling may have failed before it wrote.
+    /// throws, so the step stands. Only std::bad_alloc passes, as the sibling may have failed before it wrote. One call
+    /// for each call of the sibling: the listeners are outside of the step.
     template<class Write>
     static void writeThroughSibling(const Write& write)
     {
+        const Interlude outside;
         try {
             write();
         } catch (const std::bad_alloc&) {
             throw;
         } catch (...) {
-            if (!s_current) throw;
-            keepException(s_current);
+            if (!outside.step) throw;
+            keepException(outside.step);
+        }
+    }
+
+    /// Runs a write that has several parts: if one of them fails, `back` takes back what was written before. Runs
+    /// `back` as takeBack() does; it must do no harm where nothing was written yet.
+    template<class Write, class Back>
+    static void writeOrTakeBack(const Write& write, const Back& back)
+    {
+        try {
+            write();
+        } catch (...) {
+            takeBack(back);
+            throw;
         }
     }
 

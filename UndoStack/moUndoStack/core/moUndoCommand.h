@@ -14,6 +14,12 @@
 /// one before it within the interval.
 ///
 /// Classes that do not declare MO_UNDO_COMMAND_ID have the id -1: Qt never asks them to merge.
+///
+/// Inside a composite. A composite that merges asks canMergeWith() of its children, ids of -1 included, and does not
+/// look at what mergeWith() answers. A class that does not merge must say so in canMergeWith(), or switch merging off
+/// in its constructor (setMergeEnabled(false)). Otherwise two composites of one such command each, made within the
+/// merge interval, become one step: the newer edit is made, but redo does not make it again, or undo does not take it
+/// back. A class that merges must take over in mergeWith() whatever redo needs of the newer command.
 class MO_UNDO_STACK_EXPORT moUndoCommand : public moUndoCommandBase
 {
 public:

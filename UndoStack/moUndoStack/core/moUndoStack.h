@@ -101,8 +101,15 @@ public:
     /// Starts a composite: commands made from now on become its children, if recording is on. Compositions nest. The
     /// composite owns its children; as Qt's, they do not sign off, so nobody else may delete one.
     ///
+    /// The children are built before any of them is run: each sees the scene as it is when it is made. Where commands
+    /// edit one list by position, add those that remove from the highest position down, those that insert from the
+    /// lowest one up: Remove(0) twice removes two items and keeps one.
+    ///
     /// \param text          may be empty: endMultiCommand() then makes one from the children.
-    /// \param mergeEnabled  whether later composites may be merged into this one.
+    /// \param mergeEnabled  whether later composites may be merged into this one. False for children that do not merge
+    ///                      and do not say so in canMergeWith(), see moUndoCommand: generic function commands, those of
+    ///                      the list of transform variants, moApplyTransformationVariantUndoCommand. A composite that
+    ///                      is merged away takes its callbacks with it.
     void beginMultiCommand(const QString& text, const QString& description, bool mergeEnabled);
 
     /// Ends the innermost composition and, if it was the outermost one, hands the composite to addOrExecute(). One

@@ -35,23 +35,25 @@ void moAddNodeAsVisibilityReferenceUndoCommand::redo()
 
 void moAddNodeAsVisibilityReferenceUndoCommand::apply(bool remove)
 {
-    const auto light = findContainer<osg::UberLightPtr>(m_lightId);
-    const auto node = findContainer<osg::NodePtr>(m_nodeId);
-    if (!light || !node) return;
+    moStep::run([this, remove] {
+        const auto light = findContainer<osg::UberLightPtr>(m_lightId);
+        const auto node = findContainer<osg::NodePtr>(m_nodeId);
+        if (!light || !node) return;
 
-    // The light may be the last to hold the node, which has to outlive its edit. One that nobody holds yet is not held:
-    // giving the reference back would destroy it.
-    const ContainerReference held(node.getRefCount() > 0 ? node : osg::NodePtr());
-    // In this order, so that the light's edit closes first.
-    const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
-    const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
-    light->setVisibilityReference(remove ? osg::NodePtr() : node);
-    // Found again: the reference that the light let go may have taken the light and a node that nobody else holds along.
-    const auto marked = findContainer<osg::NodePtr>(m_nodeId);
-    if (!marked) return;
-    const osg::UInt32 flags = marked->getExternalFlags();
-    marked->setExternalFlags(remove ? flags & ~visibilityReferenceExternalFlag
-                                    : flags | visibilityReferenceExternalFlag);
+        // The light may be the last to hold the node, which has to outlive its edit. One that nobody holds yet is not
+        // held: giving the reference back would destroy it.
+        const ContainerReference held(node.getRefCount() > 0 ? node : osg::NodePtr());
+        // In this order, so that the light's edit closes first.
+        const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
+        const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
+        moStep::writeThroughSibling([&] { light->setVisibilityReference(remove ? osg::NodePtr() : node); });
+        // Found again: the light's former reference may have destroyed a node that nobody else holds.
+        const auto marked = findContainer<osg::NodePtr>(m_nodeId);
+        if (!marked) return;
+        const osg::UInt32 flags = marked->getExternalFlags();
+        marked->setExternalFlags(remove ? flags & ~visibilityReferenceExternalFlag
+                                        : flags | visibilityReferenceExternalFlag);
+    });
 }
 
 void moAddNodeAsVisibilityReferenceUndoCommand::makeMessage(moMessage& message) const

@@ -94,22 +94,37 @@ void moAddNodeToLightLinkSetUndoCommand::init(const osg::LightLinkSetPtr& set, c
 
 void moAddNodeToLightLinkSetUndoCommand::undo()
 {
-    apply(!m_remove);
+    step(!m_remove);
 }
 
 void moAddNodeToLightLinkSetUndoCommand::redo()
 {
-    apply(m_remove);
+    step(m_remove);
 }
 
-void moAddNodeToLightLinkSetUndoCommand::apply(bool remove)
+void moAddNodeToLightLinkSetUndoCommand::step(bool remove)
 {
-    for (std::size_t i = 0; i < m_nodeIds.size(); ++i) {
-        // Found anew for each node: whoever hears of one edit may take the set away before the next.
-        const auto set = findContainer<osg::LightLinkSetPtr>(m_setId);
-        if (!set) return;
-        const auto node = findContainer<osg::NodePtr>(m_nodeIds[i]);
-        if (!node) continue;
+    moStep::run([this, remove] {
+        std::size_t done = 0;
+        moStep::writeOrTakeBack(
+            [&] {
+                for (; done < m_nodeIds.size(); ++done)
+                    apply(done, remove);
+            },
+            [&] {
+                for (std::size_t i = 0; i <= done; ++i)
+                    apply(i, !remove);
+            });
+    });
+}
+
+void moAddNodeToLightLinkSetUndoCommand::apply(std::size_t i, bool remove)
+{
+    // Found anew for each node: a listener to one edit may destroy the set before the next.
+    const auto set = findContainer<osg::LightLinkSetPtr>(m_setId);
+    const auto node = findContainer<osg::NodePtr>(m_nodeIds[i]);
+    if (!set || !node) return;
+    moStep::writeThroughSibling([&] {
         if (remove) {
             m_sceneNodes ? set->subSceneNode(node) : set->subLight(node);
         } else if (i < m_positions.size()) {
@@ -117,7 +132,7 @@ void moAddNodeToLightLinkSetUndoCommand::apply(bool remove)
         } else {
             m_sceneNodes ? set->addSceneNode(node) : set->addLight(node);
         }
-    }
+    });
 }
 
 void moAddNodeToLightLinkSetUndoCommand::makeMessage(moMessage& message) const

@@ -5,6 +5,7 @@
 #include <OpenSG/OSGNode.h>
 #include <moOpenSGUberLight/OSGLightLinkSet.h>
 
+#include <cstddef>
 #include <vector>
 
 /// Adds nodes to, or removes them from, one of the two lists of a light link set. Never merges.
@@ -16,7 +17,8 @@
 ///
 /// Adding appends in the order given; its undo takes the nodes out. Removing remembers the index of each node; its undo
 /// puts each back there, front to back in the order given, which gives the old list for nodes given in the order of the
-/// list. The -1 of a node that was not in the list is passed on to the set's insert function as it is; this is
+/// list. Nodes given in another order are permuted by undo: of A B C, undo of removing B, A gives A C B.
+/// The -1 of a node that was not in the list is passed on to the set's insert function as it is; this is
 /// intended.
 ///
 /// Set and nodes are kept by id and without a reference: what has gone is skipped.
@@ -45,7 +47,8 @@ private:
     moAddNodeToLightLinkSetUndoCommand(const char* text, const osg::LightLinkSetPtr& set, unsigned int listType,
                                        bool remove, QUndoCommand* parent);
     void init(const osg::LightLinkSetPtr& set, const std::vector<osg::NodePtr>& nodes);
-    void apply(bool remove);
+    void step(bool remove);
+    void apply(std::size_t i, bool remove);
 
     unsigned int m_setId;
     bool m_remove;

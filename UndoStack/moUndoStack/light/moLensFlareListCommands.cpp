@@ -74,13 +74,22 @@ void moLensFlareListCommand<OwnerPtr, ItemPtr>::makeMessage(moMessage& message) 
 template<class OwnerPtr, class ItemPtr>
 void moLensFlareListCommand<OwnerPtr, ItemPtr>::add()
 {
-    ListOf<OwnerPtr>::add(findContainer<OwnerPtr>(m_ownerId), m_itemIds);
+    edit(ListOf<OwnerPtr>::add, ListOf<OwnerPtr>::remove);
 }
 
 template<class OwnerPtr, class ItemPtr>
 void moLensFlareListCommand<OwnerPtr, ItemPtr>::remove()
 {
-    ListOf<OwnerPtr>::remove(findContainer<OwnerPtr>(m_ownerId), m_itemIds);
+    edit(ListOf<OwnerPtr>::remove, ListOf<OwnerPtr>::add);
+}
+
+template<class OwnerPtr, class ItemPtr>
+void moLensFlareListCommand<OwnerPtr, ItemPtr>::edit(Edit there, Edit back)
+{
+    const auto write = [this](Edit call) {
+        moStep::writeThroughSibling([&] { call(findContainer<OwnerPtr>(m_ownerId), m_itemIds); });
+    };
+    moStep::run([&] { moStep::writeOrTakeBack([&] { write(there); }, [&] { write(back); }); });
 }
 
 template class moLensFlareListCommand<osg::NodePtr, osg::LensFlareElementPtr>;

@@ -10,6 +10,7 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <type_traits>
 #include <vector>
 
 class ContainerReference;
@@ -21,9 +22,16 @@ class ContainerReference;
 /// library is called with null and does nothing. A command whose list of items is empty still calls the light library.
 /// Message: "id" (int), then the owner's id (unsigned int) and the items' ids (std::vector<unsigned int>) under
 /// "lightId" and "elementIds", or "ghostLineId" and "ghostIds". There is no "lightCommand"; this is intended.
+/// For the two lists below: those are what the library exports.
 template<class OwnerPtr, class ItemPtr>
 class moLensFlareListCommand : public moLensFlareCommand
 {
+    static_assert(
+        (std::is_same_v<OwnerPtr, osg::NodePtr> && std::is_same_v<ItemPtr, osg::LensFlareElementPtr>) ||
+            (std::is_same_v<OwnerPtr, osg::LensFlareGhostLinePtr> && std::is_same_v<ItemPtr, osg::LensFlareGhostPtr>),
+        "moLensFlareListCommand is for elements of a light and ghosts of a ghost line; for another list derive "
+        "from moLensFlareCommand");
+
 public:
     ~moLensFlareListCommand() override;
 
@@ -41,7 +49,10 @@ protected:
     void remove();
 
 private:
+    using Edit = void (*)(const OwnerPtr& owner, const std::vector<unsigned int>& itemIds);
+
     void keep(const ItemPtr& item);
+    void edit(Edit there, Edit back);
 
     unsigned int m_ownerId;
     std::vector<unsigned int> m_itemIds;

@@ -16,14 +16,25 @@ moUndoString lightText(const char* text, const QString& description)
                         QStringLiteral("Light Commands"));
 }
 
-/// The mode without what moLights does to the light value beside it. The light is found anew in between: whoever hears
-/// of the mode may take it away.
-void setAttenuationOnly(const osg::NodePtr& light, osg::UberLight::LightAttenuation mode)
+/// A setter of moLights, which tells listeners.
+template<auto setter, class T>
+void write(const osg::NodePtr& light, const T& value)
 {
-    const unsigned int lightId = containerId(light);
+    moStep::writeThroughSibling([&] { setter(light, value); });
+}
+
+/// Sets the mode and restores the light value, which moLights rescales with it. The light is found anew for each edit:
+/// a listener to the one before may have destroyed it.
+void writeAttenuationOnly(const osg::NodePtr& light, osg::UberLight::LightAttenuation mode)
+{
+    const auto find = [id = containerId(light)] { return findContainer<osg::NodePtr>(id); };
+    const auto former = moLights::getAttenuation(light);
     const float value = moLights::getLightValue(light);
-    moLights::setAttenuation(light, mode);
-    moLights::setLightValue(findContainer<osg::NodePtr>(lightId), value);
+    const auto writeBoth = [&](osg::UberLight::LightAttenuation to) {
+        write<&moLights::setAttenuation>(find(), to);
+        write<&moLights::setLightValue>(find(), value);
+    };
+    moStep::writeOrTakeBack([&] { writeBoth(mode); }, [&] { writeBoth(former); });
 }
 
 } // namespace
@@ -54,16 +65,16 @@ void setAttenuationOnly(const osg::NodePtr& light, osg::UberLight::LightAttenuat
 
 // clang-format off
 //             command                           value                              text                     getter                     setter
-MO_LIGHT_VALUE(moLightDiffuseUndoCommand,        osg::Vec3f,                        "Diffuse Light Color",   moLights::getDiffuse,       moLights::setDiffuse)
-MO_LIGHT_VALUE(moLightGlossyUndoCommand,         osg::Vec3f,                        "Specular Light Color",  moLights::getGlossy,        moLights::setGlossy)
-MO_LIGHT_VALUE(moLightIntensityUndoCommand,      float,                             "Light Intensity",       moLights::getLightValue,    moLights::setLightValue)
-MO_LIGHT_VALUE(moLightPenumbraAngleUndoCommand,  float,                             "Light Penumbra Angle",  moLights::getPenumbraAngle, moLights::setPenumbraAngle)
-MO_LIGHT_VALUE(moLightConeAngleUndoCommand,      float,                             "Light Cone Angle",      moLights::getConeAngle,     moLights::setConeAngle)
-MO_LIGHT_VALUE(moLightAttenuationUndoCommand,    osg::UberLight::LightAttenuation,  "Set Light Attenuation", moLights::getAttenuation,   setAttenuationOnly)
+MO_LIGHT_VALUE(moLightDiffuseUndoCommand,        osg::Vec3f,                        "Diffuse Light Color",   moLights::getDiffuse,       write<&moLights::setDiffuse>)
+MO_LIGHT_VALUE(moLightGlossyUndoCommand,         osg::Vec3f,                        "Specular Light Color",  moLights::getGlossy,        write<&moLights::setGlossy>)
+MO_LIGHT_VALUE(moLightIntensityUndoCommand,      float,                             "Light Intensity",       moLights::getLightValue,    write<&moLights::setLightValue>)
+MO_LIGHT_VALUE(moLightPenumbraAngleUndoCommand,  float,                             "Light Penumbra Angle",  moLights::getPenumbraAngle, write<&moLights::setPenumbraAngle>)
+MO_LIGHT_VALUE(moLightConeAngleUndoCommand,      float,                             "Light Cone Angle",      moLights::getConeAngle,     write<&moLights::setConeAngle>)
+MO_LIGHT_VALUE(moLightAttenuationUndoCommand,    osg::UberLight::LightAttenuation,  "Set Light Attenuation", moLights::getAttenuation,   writeAttenuationOnly)
 
 //              command                    text for true        text for false       getter                                   setter
-MO_LIGHT_SWITCH(moLightEnableUndoCommand,  "Set Light on/off",  "Set Light on/off",  moLights::getOn,                         moLights::setOn)
-MO_LIGHT_SWITCH(moLightVisibleUndoCommand, "Show Light",        "Hide Light",        moLights::getLightVisualizationVisible,  moLights::setLightVisualizationVisible)
+MO_LIGHT_SWITCH(moLightEnableUndoCommand,  "Set Light on/off",  "Set Light on/off",  moLights::getOn,                         (write<&moLights::setOn, bool>))
+MO_LIGHT_SWITCH(moLightVisibleUndoCommand, "Show Light",        "Hide Light",        moLights::getLightVisualizationVisible,  (write<&moLights::setLightVisualizationVisible, bool>))
 // clang-format on
 
 #undef MO_LIGHT_VALUE

@@ -5,6 +5,8 @@
 #include <moOpenSGUberLight/OSGUberLight.h>
 
 #include <functional>
+#include <type_traits>
+#include <utility>
 
 /// Base of the commands that set one property of one light.
 ///
@@ -31,10 +33,12 @@ protected:
 /// The same with the reading and the writing given as functions.
 ///
 /// Merges as moLightUndoCommand does, and only with a command of the same text: what the user reads as two different
-/// actions stays two steps.
+/// actions stays two steps. For bool only: that is what the library exports.
 template<class T>
 class moLightsFunctionUndoCommand : public moLightUndoCommand<T>
 {
+    static_assert(std::is_same_v<T, bool>,
+                  "moLightsFunctionUndoCommand is for bool; for another value derive from moLightUndoCommand");
     MO_UNDO_COMMAND_ID
 
 public:

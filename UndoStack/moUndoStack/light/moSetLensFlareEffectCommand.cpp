@@ -32,12 +32,17 @@ moSetLensFlareEffectCommand::~moSetLensFlareEffectCommand()
 
 void moSetLensFlareEffectCommand::undo()
 {
-    applyToTarget(m_backupId);
+    step(m_backupId, m_sourceId);
 }
 
 void moSetLensFlareEffectCommand::redo()
 {
-    applyToTarget(m_sourceId);
+    step(m_sourceId, m_backupId);
+}
+
+void moSetLensFlareEffectCommand::step(unsigned int fromId, unsigned int backId) const
+{
+    moStep::run([&] { moStep::writeOrTakeBack([&] { applyToTarget(fromId); }, [&] { applyToTarget(backId); }); });
 }
 
 void moSetLensFlareEffectCommand::applyToTarget(unsigned int fromId) const

@@ -31,6 +31,7 @@ public:
 
 private:
     static void apply(const osg::LensFlareEffectPtr& from, osg::LensFlareEffectPtr& to);
+    void step(unsigned int fromId, unsigned int backId) const;
     void applyToTarget(unsigned int fromId) const;
 
     unsigned int m_sourceId;

@@ -21,22 +21,44 @@ moSetLightProfileShapeCommand::moSetLightProfileShapeCommand(const osg::NodePtr&
 
 void moSetLightProfileShapeCommand::redo()
 {
-    moLights::setLightProfileShape(light());
-    moLights::setDefaultLightUnit(light());
-    const float profileValue = moLights::getLightProfileValue(light());
-    moLights::setLightValue(light(), profileValue > 0.f ? profileValue : m_lightValue);
+    moStep::run([this] {
+        const float value = moLights::getLightValue(light());
+        const std::string type = moLights::getLightTypeName(light());
+        const auto core = light() ? osg::Transform3DPtr::dcast(light()->getCore()) : osg::Transform3DPtr();
+        const osg::Vec3f scale = core ? core->getScale() : osg::Vec3f();
+        moStep::writeOrTakeBack(
+            [this] {
+                moStep::writeThroughSibling([this] { moLights::setLightProfileShape(light()); });
+                moStep::writeThroughSibling([this] { moLights::setDefaultLightUnit(light()); });
+                const float profileValue = moLights::getLightProfileValue(light());
+                setLightValue(profileValue > 0.f ? profileValue : m_lightValue);
+            },
+            [&] { restore(type, scale, value); });
+    });
 }
 
 void moSetLightProfileShapeCommand::undo()
 {
-    moLights::changeLightType(light(), m_typeName.c_str());
+    moStep::run([this] {
+        moStep::writeOrTakeBack([this] { restore(m_typeName, m_scale, m_lightValue); }, [this] { redo(); });
+    });
+}
+
+void moSetLightProfileShapeCommand::restore(const std::string& typeName, const osg::Vec3f& scale, float lightValue)
+{
+    moStep::writeThroughSibling([&] { moLights::changeLightType(light(), typeName.c_str()); });
     // No type name: it was no light, and nothing was remembered that could be put back.
-    if (!light() || m_typeName.empty()) return;
+    if (!light() || typeName.empty()) return;
     if (const auto core = osg::Transform3DPtr::dcast(light()->getCore())) {
         const ContainerEdit edit(core, osg::Transform3DBase::ScaleFieldMask);
-        core->setScale(m_scale);
+        core->setScale(scale);
     }
-    moLights::setLightValue(light(), m_lightValue);
+    setLightValue(lightValue);
+}
+
+void moSetLightProfileShapeCommand::setLightValue(float value)
+{
+    moStep::writeThroughSibling([&] { moLights::setLightValue(light(), value); });
 }
 
 osg::NodePtr moSetLightProfileShapeCommand::light() const

@@ -13,9 +13,10 @@
 /// states if that is above 0, else with the light's own.
 ///
 /// Old value: type, scale and light value are read at construction. The unit is not; undo leaves the unit that the
-/// light library gives the old type, and this is intended. Never merges. Meant for lights. For another node the command
-/// remembers nothing: redo and undo still call the light library, undo with an empty type name, and the node's own
-/// transform is left alone. The light library ignores a null light or one that has gone. Message: "id" (int).
+/// light library gives the old type, and this is intended, also where a redo that fails is put back. Never merges.
+/// Meant for lights. For another node the command remembers nothing: redo and undo still call the light library, undo
+/// with an empty type name, and the node's own transform is left alone. The light library ignores a null light or one
+/// that has gone. Message: "id" (int).
 class MO_UNDO_STACK_EXPORT moSetLightProfileShapeCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moSetLightProfileShapeCommand)
@@ -29,8 +30,11 @@ public:
     bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:
-    /// Asked before each edit and not kept: whoever hears of one edit may take the light away before the next.
+    /// Asked before each edit and not kept: a listener to one edit may destroy the light before the next.
     osg::NodePtr light() const;
+
+    void restore(const std::string& typeName, const osg::Vec3f& scale, float lightValue);
+    void setLightValue(float value);
 
     unsigned int m_lightId;
     std::string m_typeName;

@@ -83,9 +83,14 @@ osg::AttachmentContainerPtr moAttachedTagUndoCommand::getContainer() const
 
 void moAttachedTagUndoCommand::apply(const osg::MField<std::string>& tags, const osg::MField<osg::UInt64>& values)
 {
-    editTagField(getContainer(), m_fieldId, m_fieldMask,
-                 [&tags](const TagField& field) { field.tags->setValues(tags); });
-    // Intended: the stamps are edited under the mask of the tags, so both notifications name the same field.
-    editTagField(getContainer(), m_fieldId, m_fieldMask,
-                 [&values](const TagField& field) { field.attachment->getMFTagStamps()->setValues(values); });
+    moStep::run([&] {
+        // Copied before the first edit: with no memory for one of them, neither edit is made.
+        osg::MField<std::string> newTags = tags;
+        osg::MField<osg::UInt64> newStamps = values;
+        editTagField(getContainer(), m_fieldId, m_fieldMask,
+                     [&newTags](const TagField& field) { field.tags->swap(newTags); });
+        // Intended: the stamps are edited under the mask of the tags, so both notifications name the same field.
+        editTagField(getContainer(), m_fieldId, m_fieldMask,
+                     [&newStamps](const TagField& field) { field.attachment->getMFTagStamps()->swap(newStamps); });
+    });
 }

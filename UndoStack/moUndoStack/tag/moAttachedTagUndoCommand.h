@@ -14,7 +14,8 @@ class ContainerReference;
 /// Replaces one list of tags, and the stamps, in the tag attachment of a scene object.
 ///
 /// \param container  the tagged object; held for the life of the command. Null makes the command inert.
-/// \param fieldMask  passed to the edit bracket of the tags and, as it stands, to that of the stamps.
+/// \param fieldMask  passed to the edit bracket of the tags and, as it stands, to that of the stamps. A mirror that
+///                   reads masks never hears of the stamps unless this names their field, too.
 /// \param fieldId    the string list within the attachment: 4 or 5. Any other list of strings is edited, too, and
 ///                   counts as SYSTEM_TAG, after a line on standard output.
 /// \param tag        the tag that was added or removed, for getTagString().

@@ -2,7 +2,11 @@
 
 #include <utility>
 
-moTagUndoCommand::moTagUndoCommand(const moUndoString& text) : moUndoCommand(text, nullptr) {}
+moTagUndoCommand::moTagUndoCommand(const moUndoString& text) : moUndoCommand(text, nullptr)
+{
+    // A composite asks only this of its children: the newer tags would be lost.
+    setMergeEnabled(false);
+}
 
 void moTagUndoCommand::setTag(std::string tag, TAG_TYPE type)
 {

@@ -7,7 +7,8 @@
 
 /// What all tag commands have in common: the tag that the command is about, and the kind of that tag.
 ///
-/// Tag commands never merge. Their parent is the composite being composed, if there is one. Message: "id" only.
+/// Tag commands never merge, inside a composite neither: they switch merging off. Their constructors take no parent: it
+/// is the composite being composed, if there is one. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moTagUndoCommand : public moUndoCommand
 {
 public:

@@ -1,7 +1,7 @@
 #include <moUndoStack/transform/moAddTransformVariantUndoCommand.h>
 
-#include <moUndoStack/core/moContainer_p.h>
 #include <moUndoStack/transform/moTransformText_p.h>
+#include <moUndoStack/transform/moVariantList_p.h>
 
 #include <utility>
 
@@ -25,28 +25,45 @@ moAddTransformVariantUndoCommand::~moAddTransformVariantUndoCommand() = default;
 
 void moAddTransformVariantUndoCommand::redo()
 {
-    const auto node = findContainer<osg::NodePtr>(m_nodeId);
-    const auto variant = m_variant->find<osg::TransformVariantPtr>();
-    if (node == osg::NullFC || variant == osg::NullFC) return;
+    moStep::run([this] {
+        m_isDone = m_isInserted = false;
+        const auto variant = m_variant->find<osg::TransformVariantPtr>();
+        if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC || variant == osg::NullFC) return;
 
-    if (moNodeUtils::getTransformVariantsAttachment(node) == osg::NullFC) {
-        if (const auto attachment = m_attachment->find<osg::TransformVariantsAttachmentPtr>())
-            moNodeUtils::setTransformVariantsAttachment(node, attachment);
-        else
-            *m_attachment = ContainerReference(moNodeUtils::createTransformVariantsAttachment(node));
-    }
-    moNodeUtils::insertTransformVariant(node, m_index, variant);
-    m_callback(m_nodeId, static_cast<int>(m_index), false);
+        const VariantList list(m_nodeId);
+        list.edit([&] {
+            if (list.attachment() == osg::NullFC) putOnList(list);
+            list.insert(m_index, variant);
+        });
+        m_isDone = true;
+        m_isInserted = list.at(m_index) == variant;
+        moStep::afterwards([this] { m_callback(m_nodeId, static_cast<int>(m_index), false); });
+    });
 }
 
 void moAddTransformVariantUndoCommand::undo()
 {
-    const auto node = findContainer<osg::NodePtr>(m_nodeId);
-    if (node == osg::NullFC) return;
+    moStep::run([this] {
+        if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC) return;
 
-    moNodeUtils::removeTransformVariant(node, m_index);
-    if (moNodeUtils::getTransformVariantCount(node) == 0 &&
-        m_attachment->find<osg::TransformVariantsAttachmentPtr>() != osg::NullFC)
-        moNodeUtils::removeTransformVariantsAttachment(node);
-    m_callback(m_nodeId, static_cast<int>(m_index), true);
+        const VariantList list(m_nodeId);
+        list.edit([&] {
+            if (!m_isDone) return;
+            if (m_isInserted) list.remove(m_index);
+            if (list.count() == 0 && m_attachment->find<osg::TransformVariantsAttachmentPtr>() != osg::NullFC)
+                list.takeOff();
+        });
+        moStep::afterwards([this] { m_callback(m_nodeId, static_cast<int>(m_index), true); });
+    });
+}
+
+/// The list that an earlier redo has made, else a new one.
+void moAddTransformVariantUndoCommand::putOnList(const VariantList& list)
+{
+    if (const auto former = m_attachment->find<osg::TransformVariantsAttachmentPtr>()) {
+        list.putOn(former);
+        return;
+    }
+    list.create();
+    *m_attachment = ContainerReference(list.attachment());
 }

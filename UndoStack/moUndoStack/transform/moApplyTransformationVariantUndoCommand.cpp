@@ -29,18 +29,7 @@ moApplyTransformationVariantUndoCommand::moApplyTransformationVariantUndoCommand
     const osg::TransformVariantPtr variant = utils::getTransformVariant(live, variantIndex);
     if (variant == osg::NullFC || own == osg::NullFC || live == osg::NullFC) return;
 
-    m_previous.translation = live->getTranslation();
-    m_previous.rotationOrientation = live->getEulerRotationOrientation();
-    m_previous.rotation = live->getEulerRotation();
-    m_previous.rotatePivot = live->getRotatePivot();
-    m_previous.rotatePivotTranslation = live->getRotatePivotTranslation();
-    m_previous.scale = live->getScale();
-    m_previous.scalePivot = live->getScalePivot();
-    m_previous.scalePivotTranslation = live->getScalePivotTranslation();
-    m_previous.rotationMode = live->getRotationMode();
-    m_previous.eulerRotationOrder = live->getEulerRotationOrder();
-    m_previous.rotationDirectionValid =
-        live->getRotationDirectionValues(m_previous.rotationDirection, m_previous.rotationDirectionMode);
+    m_previous = valuesOf(live);
     m_previousSupposedState = utils::getSupposedState(live);
 
     m_applied.translation = utils::getTranslation(live, variantIndex, true);
@@ -77,18 +66,52 @@ void moApplyTransformationVariantUndoCommand::undo()
     apply(m_previous, m_previousSupposedState);
 }
 
+moApplyTransformationVariantUndoCommand::TransformValues
+moApplyTransformationVariantUndoCommand::valuesOf(const osg::Transform3DPtr& live)
+{
+    TransformValues values;
+    values.translation = live->getTranslation();
+    values.rotationOrientation = live->getEulerRotationOrientation();
+    values.rotation = live->getEulerRotation();
+    values.rotatePivot = live->getRotatePivot();
+    values.rotatePivotTranslation = live->getRotatePivotTranslation();
+    values.scale = live->getScale();
+    values.scalePivot = live->getScalePivot();
+    values.scalePivotTranslation = live->getScalePivotTranslation();
+    values.rotationMode = live->getRotationMode();
+    values.eulerRotationOrder = live->getEulerRotationOrder();
+    values.rotationDirectionValid =
+        live->getRotationDirectionValues(values.rotationDirection, values.rotationDirectionMode);
+    return values;
+}
+
 void moApplyTransformationVariantUndoCommand::apply(const TransformValues& values, int supposedState) const
 {
-    if (!m_captured) return;
-    const auto node = findContainer<osg::NodePtr>(m_nodeId);
-    if (node == osg::NullFC) return;
+    moStep::run([&] {
+        if (!m_captured) return;
+        const auto node = findContainer<osg::NodePtr>(m_nodeId);
+        if (node == osg::NullFC) return;
 
-    moTransformVariantUtils::setSupposedState(moNodeUtils::getTransform3D(node, -1), supposedState);
-    moNodeUtils::setTransformNodeValues(node, values.translation, values.rotationOrientation, values.rotation,
-                                        values.rotatePivot, values.rotatePivotTranslation, values.scale,
-                                        values.scalePivot, values.scalePivotTranslation, values.rotationMode,
-                                        values.eulerRotationOrder, values.rotationDirectionValid,
-                                        values.rotationDirection, values.rotationDirectionMode, -1);
-    if (m_callback) m_callback();
-    if (m_sync) mirror(s_sync, m_nodeId);
+        const osg::Transform3DPtr live = moNodeUtils::getTransform3D(node, -1);
+        const TransformValues before = live == osg::NullFC ? TransformValues() : valuesOf(live);
+        const int stateBefore = moTransformVariantUtils::getSupposedState(live);
+        moStep::writeOrTakeBack([&] { write(values, supposedState); }, [&] { write(before, stateBefore); });
+        if (m_callback) moStep::afterwards(m_callback);
+        if (m_sync) mirror(s_sync, m_nodeId);
+    });
+}
+
+/// Two edits; the node is found anew for each, as a listener to the first one may destroy it.
+void moApplyTransformationVariantUndoCommand::write(const TransformValues& values, int supposedState) const
+{
+    const auto node = [this] { return findContainer<osg::NodePtr>(m_nodeId); };
+    moStep::writeThroughSibling(
+        [&] { moTransformVariantUtils::setSupposedState(moNodeUtils::getTransform3D(node(), -1), supposedState); });
+    moStep::writeThroughSibling([&] {
+        moNodeUtils::setTransformNodeValues(node(), values.translation, values.rotationOrientation, values.rotation,
+                                            values.rotatePivot, values.rotatePivotTranslation, values.scale,
+                                            values.scalePivot, values.scalePivotTranslation, values.rotationMode,
+                                            values.eulerRotationOrder, values.rotationDirectionValid,
+                                            values.rotationDirection, values.rotationDirectionMode, -1);
+    });
 }

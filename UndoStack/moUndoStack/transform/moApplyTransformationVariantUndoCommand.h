@@ -4,6 +4,7 @@
 #include <moUndoStack/core/moUndoStackExport.h>
 
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGTransform3D.h>
 #include <OpenSG/OSGVector.h>
 
 #include <QtCore/QCoreApplication>
@@ -15,13 +16,17 @@
 /// variant.
 ///
 /// \param sync      whether the synchronisation function is called.
+/// \param parent    before the callback here; null means the composite being composed, if any.
 /// \param callback  called after every step, before the synchronisation function; may be empty.
 ///
 /// Both states are read at construction and written whole: undo brings back exactly what was there when the command was
 /// made, even if other edits happened in between. Of the variant those components are taken that its apply flags name;
-/// the rest stays as the node's own transform has it. Never merges. Message: "id" (int). A node without a transform, an
-/// index that names no variant, and a variant without a core of its own make a command that does and tells nothing; so
-/// does a node that has gone.
+/// the rest stays as the node's own transform has it. On the stack it never merges. Message: "id" (int). A node without
+/// a transform, an index that names no variant, and a variant without a core of its own make a command that does and
+/// tells nothing; so does a destroyed node.
+/// Inside a composite that merges it must not stand beside a newer one made within its merge interval: the composite
+/// asks canMergeWith() only, which says yes, and the newer edit is lost on redo or survives undo. Compose it with
+/// merging disabled (beginMultiCommand(text, description, false)) or call setMergeEnabled(false).
 class MO_UNDO_STACK_EXPORT moApplyTransformationVariantUndoCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moApplyTransformationVariantUndoCommand)
@@ -60,7 +65,9 @@ private:
         bool rotationDirectionValid = false;
     };
 
+    static TransformValues valuesOf(const osg::Transform3DPtr& live);
     void apply(const TransformValues& values, int supposedState) const;
+    void write(const TransformValues& values, int supposedState) const;
 
     TransformValues m_applied;
     int m_variantIndex;

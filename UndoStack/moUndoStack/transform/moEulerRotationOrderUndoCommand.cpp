@@ -51,7 +51,7 @@ std::string moEulerRotationOrderUndoCommand::get(osg::NodePtr node)
 void moEulerRotationOrderUndoCommand::set(osg::NodePtr node, std::string order)
 {
     const unsigned int id = containerId(node);
-    moNodeUtils::setTransformNodeEulerRotationOrder(node, order, variantIndex());
-    if (m_callback) m_callback(id, order, variantIndex());
+    moStep::writeThroughSibling([&] { moNodeUtils::setTransformNodeEulerRotationOrder(node, order, variantIndex()); });
+    if (m_callback) moStep::afterwards([&] { m_callback(id, order, variantIndex()); });
     if (editsLiveTransform()) mirror(s_sync, id, order);
 }

@@ -1,7 +1,7 @@
 #include <moUndoStack/transform/moRemoveTransformSwitchVariantUndoCommand.h>
 
-#include <moUndoStack/core/moContainer_p.h>
 #include <moUndoStack/transform/moTransformText_p.h>
+#include <moUndoStack/transform/moVariantList_p.h>
 
 #include <utility>
 
@@ -26,23 +26,31 @@ moRemoveTransformSwitchVariantUndoCommand::~moRemoveTransformSwitchVariantUndoCo
 
 void moRemoveTransformSwitchVariantUndoCommand::redo()
 {
-    const auto node = findContainer<osg::NodePtr>(m_nodeId);
-    if (node == osg::NullFC) return;
+    moStep::run([this] {
+        if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC) return;
 
-    moNodeUtils::removeTransformVariant(node, m_index);
-    if (moNodeUtils::getTransformVariantCount(node) == 0) moNodeUtils::removeTransformVariantsAttachment(node);
-    m_callback(m_nodeId, static_cast<int>(m_index), false);
+        const VariantList list(m_nodeId);
+        list.edit([&] {
+            list.remove(m_index);
+            if (list.count() == 0) list.takeOff();
+        });
+        moStep::afterwards([this] { m_callback(m_nodeId, static_cast<int>(m_index), false); });
+    });
 }
 
 void moRemoveTransformSwitchVariantUndoCommand::undo()
 {
-    const auto node = findContainer<osg::NodePtr>(m_nodeId);
-    const auto variant = m_variant->find<osg::TransformVariantPtr>();
-    const auto attachment = m_attachment->find<osg::TransformVariantsAttachmentPtr>();
-    if (node == osg::NullFC || variant == osg::NullFC || attachment == osg::NullFC) return;
+    moStep::run([this] {
+        const auto node = findContainer<osg::NodePtr>(m_nodeId);
+        const auto variant = m_variant->find<osg::TransformVariantPtr>();
+        const auto attachment = m_attachment->find<osg::TransformVariantsAttachmentPtr>();
+        if (node == osg::NullFC || variant == osg::NullFC || attachment == osg::NullFC) return;
 
-    if (moNodeUtils::getTransformVariantsAttachment(node) == osg::NullFC)
-        moNodeUtils::setTransformVariantsAttachment(node, attachment);
-    moNodeUtils::insertTransformVariant(node, m_index, variant);
-    m_callback(m_nodeId, static_cast<int>(m_index), true);
+        const VariantList list(m_nodeId);
+        list.edit([&] {
+            if (list.attachment() == osg::NullFC) list.putOn(attachment);
+            list.insert(m_index, variant);
+        });
+        moStep::afterwards([this] { m_callback(m_nodeId, static_cast<int>(m_index), true); });
+    });
 }

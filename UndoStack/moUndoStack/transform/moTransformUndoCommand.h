@@ -3,17 +3,32 @@
 #include <moUndoStack/core/moFunctionUndoCommand.h>
 #include <moUndoStack/core/moUndoStackExport.h>
 
+#include <OpenSG/OSGVector.h>
+
+#include <string>
+#include <type_traits>
+
 /// Sets one component of a node's transform, or of one of its transform variants. The base of the commands that
 /// moNodeUtils' transform operations carry out: a subclass says which operation (get and set) and declares its id.
 ///
 /// Text: <action word> '<name of the node>'. Description: the action word.
 /// Old value: read at each step, as moFunctionUndoCommand does; nothing is read at construction.
 /// Merges with a newer command of the same class, node, flag and variant made within its merge interval.
-/// A node that has gone makes undo and redo no-ops. What a node without a transform core gets is moNodeUtils' business.
-/// Message: "id" (int), "node" (unsigned int), "transformCommand" = true.
+/// A destroyed node makes undo and redo no-ops. What a node without a transform core gets is moNodeUtils' business.
+/// Order of the constructors' arguments: node, value, what the class adds (flag, direction), [mergeEnabled |
+/// mergeDelta,] parent, the callback if the class has one, variant index. The parent may be null: the composite being
+/// composed, if any. It stands before callback and index here and in the commands of the list of variants, and last
+/// everywhere else. A synchronisation function that records commands of its own records them after this step: where
+/// this step was a redo, what could have been redone after it is lost, as with any push. Write the mirrored scene
+/// directly, or block recording. Message: "id" (int), "node" (unsigned int), "transformCommand" = true.
+/// For osg::Vec3f and std::string: those are what the library exports.
 template<class T>
 class moTransformUndoCommand : public moFunctionUndoCommand<T>
 {
+    static_assert(std::is_same_v<T, osg::Vec3f> || std::is_same_v<T, std::string>,
+                  "moTransformUndoCommand is for osg::Vec3f and std::string; for another value derive from "
+                  "moFunctionUndoCommand");
+
 public:
     void makeMessage(moMessage& message) const override;
     bool canMergeWith(const QUndoCommand* other) const override;

@@ -121,7 +121,8 @@ void moTransformValueUndoCommand<Command, Flag...>::set(osg::NodePtr node, osg::
 template<class Command, class... Flag>
 void moTransformValueUndoCommand<Command, Flag...>::write(const osg::NodePtr& node, const osg::Vec3f& value)
 {
-    moTransformRow<Command>::set(static_cast<const Command&>(*this), node, value, flag(), variantIndex());
+    moStep::writeThroughSibling(
+        [&] { moTransformRow<Command>::set(static_cast<const Command&>(*this), node, value, flag(), variantIndex()); });
 }
 
 template<class Command, class... Flag>
@@ -166,10 +167,11 @@ void moTransformCallbackUndoCommand<Command, Flag...>::set(osg::NodePtr node, os
     const unsigned int id = containerId(node);
     const bool wasIdentity = m_callback && moNodeUtils::isTransformNodeIdentity(node);
     this->write(node, value);
-    // Found again: a listener to the edit may have let the node go.
-    if (m_callback)
-        m_callback(id, value, this->variantIndex(),
-                   wasIdentity != moNodeUtils::isTransformNodeIdentity(findContainer<osg::NodePtr>(id)));
+    // Found again: a listener to the edit may have destroyed the node.
+    if (m_callback) {
+        const bool isIdentity = moNodeUtils::isTransformNodeIdentity(findContainer<osg::NodePtr>(id));
+        moStep::afterwards([&] { m_callback(id, value, this->variantIndex(), wasIdentity != isIdentity); });
+    }
     this->synchronise(id, value);
 }
 

@@ -5,17 +5,48 @@
 #include <QtCore/QCoreApplication>
 
 #include <functional>
+#include <type_traits>
 
 /// What Command reads and writes, and when it is mirrored: the rows of the table in the source file.
 template<class Command>
 struct moTransformRow;
 
-/// A transform command over three floats. `Flag` is bool for a command that takes the flag (world space), and left out
+class moTranslationUndoCommand;
+class moRotationUndoCommand;
+class moScaleUndoCommand;
+class moScalePivotUndoCommand;
+class moRotationPivotUndoCommand;
+class moScalePivotTranslationUndoCommand;
+class moRotationPivotTranslationUndoCommand;
+class moRotationPivotOrientationUndoCommand;
+class moRotationPivotDirectionUndoCommand;
+class moShearUndoCommand;
+
+namespace moUndoDetail {
+
+template<class T, class... Others>
+inline constexpr bool isOneOf = (std::is_same_v<T, Others> || ...);
+
+/// The commands that have a row.
+template<class Command>
+inline constexpr bool isTransformValueCommand =
+    isOneOf<Command, moTranslationUndoCommand, moRotationUndoCommand, moScaleUndoCommand, moScalePivotUndoCommand,
+            moRotationPivotUndoCommand, moScalePivotTranslationUndoCommand, moRotationPivotTranslationUndoCommand,
+            moRotationPivotOrientationUndoCommand, moRotationPivotDirectionUndoCommand, moShearUndoCommand>;
+
+} // namespace moUndoDetail
+
+/// A transform command over three floats, one of those below: a class outside of the library derives from
+/// moTransformUndoCommand<osg::Vec3f>. `Flag` is bool for a command that takes the flag (world space), and left out
 /// for one that does not. The synchronisation function gets what was written, so that the application can mirror it
 /// elsewhere.
 template<class Command, class... Flag>
 class MO_UNDO_STACK_EXPORT moTransformValueUndoCommand : public moTransformUndoCommand<osg::Vec3f>
 {
+    static_assert(moUndoDetail::isTransformValueCommand<Command>,
+                  "moTransformValueUndoCommand is for the library's own commands: derive from "
+                  "moTransformUndoCommand<osg::Vec3f>");
+
 public:
     using SyncFunction = std::function<void(const osg::NodePtr& node, const osg::Vec3f& value, Flag... flag)>;
 

@@ -1,8 +1,9 @@
 #include <moUndoStack/transform/moTransformVariantMoveCommand.h>
 
-#include <moUndoStack/core/moContainer_p.h>
 #include <moUndoStack/transform/moTransformText_p.h>
+#include <moUndoStack/transform/moVariantList_p.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -12,6 +13,17 @@ MO_UNDO_COMMAND_ID_IMPL(moTransformVariantMoveCommand)
 static std::uint64_t listPosition(int position)
 {
     return static_cast<std::uint64_t>(position);
+}
+
+/// Where the variant stands: at the expected position if it stands there, else at the first; the count if nowhere.
+static std::uint64_t find(const VariantList& list, unsigned int variantId, std::uint64_t expected)
+{
+    const std::uint64_t count = list.count();
+    if (expected < count && containerId(list.at(expected)) == variantId) return expected;
+    std::uint64_t position = 0;
+    while (position < count && containerId(list.at(position)) != variantId)
+        ++position;
+    return position;
 }
 
 moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, const std::vector<int>& from, int to,
@@ -46,29 +58,47 @@ bool moTransformVariantMoveCommand::record(const osg::NodePtr& node, int from, i
 
 bool moTransformVariantMoveCommand::move(const Variants& source, const Variants& target) const
 {
-    const auto node = findContainer<osg::NodePtr>(m_nodeId);
-    if (node == osg::NullFC) return false;
+    if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC) return false;
 
-    // The list holds the only reference on most variants: without one of ours they would not survive the way.
-    std::vector<ContainerReference> references;
-    for (const auto& [position, variantId] : source)
-        references.emplace_back(findContainer<osg::FieldContainerPtr>(variantId));
-
-    // From the highest position down, so that those still to be removed stay valid.
-    for (auto it = source.rbegin(); it != source.rend(); ++it)
-        moNodeUtils::removeTransformVariant(node, listPosition(it->first));
-    for (const auto& [position, variantId] : target)
-        if (const auto variant = findContainer<osg::TransformVariantPtr>(variantId))
-            moNodeUtils::insertTransformVariant(node, listPosition(position), variant);
+    const VariantList list(m_nodeId);
+    // Holds the variants on the way: the list has the only reference on most of them.
+    list.edit([&] {
+        // From the highest position down, so that those still to be removed stay where they are.
+        std::vector<unsigned int> taken;
+        for (auto it = source.rbegin(); it != source.rend(); ++it) {
+            const std::uint64_t position = find(list, it->second, listPosition(it->first));
+            if (position == list.count()) continue;
+            list.remove(position);
+            taken.push_back(it->second);
+        }
+        for (const auto& [position, variantId] : target) {
+            const auto variant = findContainer<osg::TransformVariantPtr>(variantId);
+            if (variant == osg::NullFC) continue;
+            const auto own = std::find(taken.begin(), taken.end(), variantId);
+            if (own != taken.end())
+                taken.erase(own);
+            else if (find(list, variantId, 0) < list.count())
+                continue;
+            list.insert(std::min(listPosition(position), list.count()), variant);
+        }
+    });
     return true;
+}
+
+void moTransformVariantMoveCommand::step(const Variants& source, const Variants& target, const QList<int>& before,
+                                         const QList<int>& after) const
+{
+    moStep::run([&] {
+        if (move(source, target)) moStep::afterwards([&] { m_callback(m_nodeId, before, after); });
+    });
 }
 
 void moTransformVariantMoveCommand::redo()
 {
-    if (move(m_sourceVariants, m_targetVariants)) m_callback(m_nodeId, m_positions.keys(), m_positions.values());
+    step(m_sourceVariants, m_targetVariants, m_positions.keys(), m_positions.values());
 }
 
 void moTransformVariantMoveCommand::undo()
 {
-    if (move(m_targetVariants, m_sourceVariants)) m_callback(m_nodeId, m_positions.values(), m_positions.keys());
+    step(m_targetVariants, m_sourceVariants, m_positions.values(), m_positions.keys());
 }

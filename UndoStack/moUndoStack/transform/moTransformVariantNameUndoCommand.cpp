@@ -32,8 +32,15 @@ void moTransformVariantNameUndoCommand::undo()
 
 void moTransformVariantNameUndoCommand::rename(const std::string& from, const std::string& to) const
 {
-    const auto variant = findContainer<osg::TransformVariantPtr>(m_variantId);
-    if (variant == osg::NullFC) return;
-    moTransformVariantUtils::setName(variant, to);
-    m_callback(from, to);
+    moStep::run([&] {
+        const auto variant = findContainer<osg::TransformVariantPtr>(m_variantId);
+        if (variant == osg::NullFC) return;
+        const auto write = [this](const std::string& name) {
+            moStep::writeThroughSibling(
+                [&] { moTransformVariantUtils::setName(findContainer<osg::TransformVariantPtr>(m_variantId), name); });
+        };
+        const std::string before = moTransformVariantUtils::getName(variant);
+        moStep::writeOrTakeBack([&] { write(to); }, [&] { write(before); });
+        moStep::afterwards([&] { m_callback(from, to); });
+    });
 }

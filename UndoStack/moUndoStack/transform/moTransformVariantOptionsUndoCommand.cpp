@@ -33,8 +33,16 @@ void moTransformVariantOptionsUndoCommand::undo()
 
 void moTransformVariantOptionsUndoCommand::apply(std::uint64_t flags) const
 {
-    const auto variant = findContainer<osg::TransformVariantPtr>(m_variantId);
-    if (variant == osg::NullFC) return;
-    moTransformVariantUtils::setApplyFlags(variant, flags);
-    m_callback();
+    moStep::run([this, flags] {
+        const auto variant = findContainer<osg::TransformVariantPtr>(m_variantId);
+        if (variant == osg::NullFC) return;
+        const auto write = [this](std::uint64_t value) {
+            moStep::writeThroughSibling([&] {
+                moTransformVariantUtils::setApplyFlags(findContainer<osg::TransformVariantPtr>(m_variantId), value);
+            });
+        };
+        const std::uint64_t before = moTransformVariantUtils::getApplyFlags(variant);
+        moStep::writeOrTakeBack([&] { write(flags); }, [&] { write(before); });
+        moStep::afterwards([this] { m_callback(); });
+    });
 }

@@ -13,11 +13,15 @@
 /// Sets the apply flags of a transform variant.
 ///
 /// \param applyFlags  osg::TransformVariant::ApplyFlags; all 64 bits are kept.
-/// \param callback    called after every step. Required: an empty one throws std::bad_function_call after the edit was
-///                    made.
+/// \param parent      before the callback here; null means the composite being composed, if any.
+/// \param callback    called after every step. Required: with an empty one the step stands and its caller gets
+///                    std::bad_function_call.
 ///
-/// Old value: read at construction. Never merges. Message: "id" (int).
-/// A variant that has gone makes a step do and tell nothing; a null one makes a command that never does anything.
+/// Old value: read at construction. On the stack it never merges. Message: "id" (int).
+/// Inside a composite that merges it must not stand beside a newer one made within its merge interval: the composite
+/// asks canMergeWith() only, which says yes, and the newer edit is lost on redo or survives undo. Compose it with
+/// merging disabled (beginMultiCommand(text, description, false)) or call setMergeEnabled(false).
+/// A destroyed variant makes a step do and tell nothing; a null one makes a command that never does anything.
 class MO_UNDO_STACK_EXPORT moTransformVariantOptionsUndoCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moTransformVariantOptionsUndoCommand)
