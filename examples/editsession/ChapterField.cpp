@@ -53,11 +53,11 @@ void setByName(Context& context, const osg::NodePtr& node, const osg::PaintPtr& 
                          context.stack.size() == before + 4 && node->getTravMask() == 0xFE &&
                              paint->getTransparency() == 0.25F && paint->getPrice() == 19.5 && paint->getCoats() == 2);
 
-    const QByteArray scene = sceneDigest(context.model);
+    const QByteArray scene = context.scene.state().digest;
     moUndoUtil::makeCommand(text("No Such Field"), paint, "colour", 1);
     moUndoUtil::makeCommand(text("Text is no Number"), paint, "label", 1);
     context.report.check("field: what cannot be set is left undone in silence",
-                         context.stack.size() == before + 4 && sceneDigest(context.model) == scene);
+                         context.stack.size() == before + 4 && context.scene.state().digest == scene);
 }
 
 /// Three fields in one step: the parent owns the commands.

@@ -1,5 +1,6 @@
 #include <editsession/Chapters.h>
 #include <editsession/ModelLoader.h>
+#include <editsession/Progress.h>
 #include <editsession/Report.h>
 #include <editsession/SceneDigest.h>
 
@@ -105,7 +106,7 @@ void drag(Context& context, const osg::NodePtr& light, T (*value)(const osg::Nod
     // Seconds: the hand may rest in the middle of a drag.
     constexpr double mergeInterval = 10.;
 
-    const QByteArray before = sceneDigest(context.model);
+    const SceneState before = context.scene.state();
     const int steps = context.stack.size();
     for (int move = 1; move <= moves; ++move) {
         const float part = static_cast<float>(move) / static_cast<float>(moves);
@@ -118,8 +119,7 @@ void drag(Context& context, const osg::NodePtr& light, T (*value)(const osg::Nod
     context.report.check(QStringLiteral("light: the moves of a drag are one step (%1)").arg(text),
                          context.stack.size() == steps + 1 && value(light) == last);
     context.stack.undo();
-    context.report.check(QStringLiteral("light: one undo takes the whole drag back (%1)").arg(text),
-                         sceneDigest(context.model) == before);
+    context.checkScene(QStringLiteral("light: one undo takes the whole drag back (%1)").arg(text), before);
     context.stack.redo();
 }
 
@@ -163,7 +163,7 @@ void editLensFlare(Context& context, const osg::NodePtr& light)
     }
     context.stack.addOrExecute(new moAddGhostCommand(ghostLine, ghosts, nullptr));
 
-    const QByteArray whole = sceneDigest(context.model);
+    const SceneState whole = context.scene.state();
     context.stack.addOrExecute(
         new moRemoveGhostCommand(ghostLine, {osg::getContainerId(ghosts[1]), osg::getContainerId(ghosts[2])}, nullptr));
     context.stack.addOrExecute(new moRemoveLensFlareElementCommand(light, {osg::getContainerId(ring)}, nullptr));
@@ -171,7 +171,7 @@ void editLensFlare(Context& context, const osg::NodePtr& light)
                          flare->getElements().size() == 2 && ghostLine->getGhosts().size() == 2);
     context.stack.undo();
     context.stack.undo();
-    context.report.check("light: undo puts them back where they were", sceneDigest(context.model) == whole);
+    context.checkScene("light: undo puts them back where they were", whole);
     context.stack.redo();
     context.stack.redo();
 
@@ -187,12 +187,12 @@ void editLensFlare(Context& context, const osg::NodePtr& light)
 
 void editProfile(Context& context, const osg::NodePtr& light)
 {
-    const QByteArray before = sceneDigest(context.model);
+    const SceneState before = context.scene.state();
     context.stack.addOrExecute(new moSetLightProfileShapeCommand(light, nullptr));
     context.report.check("light: a light has the shape and the value of its profile",
                          moLights::getLightTypeName(light) == "Profile" && moLights::getLightValue(light) == 850.f);
     context.stack.undo();
-    context.report.check("light: undo gives type, scale and value back", sceneDigest(context.model) == before);
+    context.checkScene("light: undo gives type, scale and value back", before);
     context.stack.redo();
 }
 
@@ -223,10 +223,10 @@ void editLinks(Context& context, const osg::NodePtr& areaLight)
     std::vector<osg::NodePtr> moved;
     for (std::size_t i = 0; i < nodes.size(); i += 2)
         moved.push_back(nodes[i]);
-    const QByteArray before = sceneDigest(context.model);
+    const SceneState before = context.scene.state();
     context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, moved, sceneNodeList, removing, nullptr));
     context.stack.undo();
-    context.report.check("light: removed nodes return to their places", sceneDigest(context.model) == before);
+    context.checkScene("light: removed nodes return to their places", before);
     context.stack.redo();
     context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, moved, sceneNodeList, adding, nullptr));
 
@@ -264,8 +264,11 @@ void prepareLights(Model& model)
 void lightChapter(Context& context)
 {
     const osg::NodePtr areaLight = context.model.lights.back().node;
-    for (const LoadedLight& loaded : context.model.lights)
-        editProperties(context, loaded.node);
+    const std::vector<LoadedLight>& lights = context.model.lights;
+    for (std::size_t i = 0; i < lights.size(); ++i) {
+        context.progress.step("editing", i, lights.size());
+        editProperties(context, lights[i].node);
+    }
     editLensFlare(context, areaLight);
     editProfile(context, areaLight);
     editLinks(context, areaLight);

@@ -77,6 +77,24 @@ void align(Context& context, const osg::NodePtr& node)
                          moNodeUtils::getTransform3D(node, -1)->getRotation() == rotation);
 }
 
+/// A second view that follows the variants that are applied, as long as this lives.
+class Mirror
+{
+public:
+    Mirror()
+    {
+        moApplyTransformationVariantUndoCommand::setSyncFunction([this](const osg::NodePtr&) { ++m_steps; });
+    }
+    ~Mirror() { moApplyTransformationVariantUndoCommand::setSyncFunction({}); }
+    Mirror(const Mirror&) = delete;
+    Mirror& operator=(const Mirror&) = delete;
+
+    int steps() const { return m_steps; }
+
+private:
+    int m_steps = 0;
+};
+
 std::string variantNames(const osg::NodePtr& node)
 {
     std::string names;
@@ -127,19 +145,16 @@ void variants(Context& context, const osg::NodePtr& node)
     context.report.check("transform: a variant is edited without the node",
                          live->getScale() == size && moNodeUtils::getTransformNodeScale(node, 2) == size * 2.f);
 
-    int mirrored = 0;
-    moApplyTransformationVariantUndoCommand::setSyncFunction([&mirrored](const osg::NodePtr&) { ++mirrored; });
-    const QByteArray before = sceneDigest(context.model);
+    const Mirror mirror;
+    const SceneState before = context.scene.state();
     context.stack.addOrExecute(new moApplyTransformationVariantUndoCommand(node, 2, true, nullptr, {}));
     context.report.check("transform: a variant is applied, without the scale that its options leave out",
                          live->getEulerRotation() == moNodeUtils::getTransformNodeRotation(node, 2) &&
                              live->getScale() == size && live->getSupposedState() == 2);
     context.stack.undo();
-    context.report.check("transform: undo of an applied variant gives the pose back",
-                         sceneDigest(context.model) == before);
+    context.checkScene("transform: undo of an applied variant gives the pose back", before);
     context.stack.redo();
-    context.report.check("transform: the second view is told of each step", mirrored == 3);
-    moApplyTransformationVariantUndoCommand::setSyncFunction({});
+    context.report.check("transform: the second view is told of each step", mirror.steps() == 3);
 
     context.stack.addOrExecute(new moRemoveTransformSwitchVariantUndoCommand(node, 1, nullptr, listChanged));
     context.report.check("transform: a variant is removed", variantNames(node) == "Closed, Wide Open");
@@ -150,20 +165,19 @@ void variants(Context& context, const osg::NodePtr& node)
 void transformChapter(Context& context)
 {
     const std::vector<osg::NodePtr>& nodes = context.model.nodes;
-    const QByteArray before = sceneDigest(context.model);
+    const SceneState before = context.scene.state();
     const int steps = context.stack.size();
 
     pose(context, nodes[nodes.size() / 3]);
     align(context, nodes.front());
     variants(context, nodes.back());
 
-    const QByteArray after = sceneDigest(context.model);
+    const SceneState after = context.scene.state();
     const int edits = context.stack.size() - steps;
     for (int i = 0; i < edits; ++i)
         context.stack.undo();
-    context.report.check("transform: undone, the scene is as it was before the chapter",
-                         sceneDigest(context.model) == before);
+    context.checkScene("transform: undone, the scene is as it was before the chapter", before);
     for (int i = 0; i < edits; ++i)
         context.stack.redo();
-    context.report.check("transform: done again, it is as it was after the edits", sceneDigest(context.model) == after);
+    context.checkScene("transform: done again, it is as it was after the edits", after);
 }

@@ -1,5 +1,15 @@
 #include <editsession/Chapters.h>
 
+#include <editsession/Report.h>
+#include <editsession/SceneDigest.h>
+
+void Context::checkScene(const QString& what, const SceneState& then)
+{
+    scene.state();
+    const SceneComparison comparison = scene.compareWith(then);
+    report.check(what, comparison.same, comparison.rounded);
+}
+
 const std::vector<Chapter>& chapters()
 {
     // A new family: a file Chapter<Family>.cpp with its function, declared in Chapters.h, and a row here. What it needs

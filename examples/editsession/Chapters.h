@@ -1,10 +1,15 @@
 #pragma once
 
+#include <QtCore/QString>
+
 #include <vector>
 
+class Progress;
+class SceneWatch;
 class moUndoStack;
 struct Model;
 struct Report;
+struct SceneState;
 
 /// What a chapter works with.
 struct Context
@@ -12,6 +17,11 @@ struct Context
     Model& model;
     moUndoStack& stack;
     Report& report;
+    SceneWatch& scene;
+    Progress& progress;
+
+    /// Adds a check to the report: the scene is what it was then, but for rounding.
+    void checkScene(const QString& what, const SceneState& then);
 };
 
 /// What one family of commands shows in a session.

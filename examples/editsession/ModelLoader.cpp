@@ -1,4 +1,5 @@
 #include <editsession/ModelLoader.h>
+#include <editsession/Progress.h>
 #include <editsession/Trial.h>
 
 #include <moOpenSGUtils/moOpenSGUtils.h>
@@ -122,7 +123,8 @@ osg::Transform3DPtr makeTransform(const aiMatrix4x4& matrix)
 class Builder
 {
 public:
-    Builder(const aiScene& scene, Model& model) : m_scene(scene), m_model(model)
+    Builder(const aiScene& scene, Model& model, Progress& progress)
+        : m_scene(scene), m_model(model), m_progress(progress)
     {
         for (unsigned int i = 0; i < scene.mNumMaterials; ++i)
             m_model.materials.push_back(material(*scene.mMaterials[i]));
@@ -134,6 +136,7 @@ public:
 private:
     void addNode(const aiNode& source, const osg::NodePtr& parent)
     {
+        if (m_model.nodes.size() % s_progressInterval == 0) m_progress.step("building the scene");
         const osg::NodePtr node = osg::Node::create();
         if (parent == osg::NullFC) {
             m_model.root = node;
@@ -207,8 +210,11 @@ private:
         }
     }
 
+    static constexpr std::size_t s_progressInterval = 1 << 14;
+
     const aiScene& m_scene;
     Model& m_model;
+    Progress& m_progress;
 };
 
 [[noreturn]] void fail(const QString& fileName, const QString& reason)
@@ -220,6 +226,13 @@ private:
 
 Model loadModel(const QString& fileName)
 {
+    Progress silent;
+    return loadModel(fileName, silent);
+}
+
+Model loadModel(const QString& fileName, Progress& progress)
+{
+    progress.begin(QStringLiteral("load"));
     const QFileInfo info(fileName);
     if (!info.exists()) fail(fileName, QStringLiteral("no such file"));
     if (!info.isFile()) fail(fileName, QStringLiteral("not a file"));
@@ -232,7 +245,10 @@ Model loadModel(const QString& fileName)
         return importer.ReadFile(QFile::encodeName(fileName).constData(), aiProcess_ValidateDataStructure);
     };
     constexpr qint64 bytesPerSecond = 1'000'000; // far below what any format takes
-    switch (tryOut(import, static_cast<unsigned int>(5 + info.size() / bytesPerSecond))) {
+    progress.step("trying the file out");
+    const Trial trial = tryOut(import, static_cast<unsigned int>(5 + info.size() / bytesPerSecond));
+    progress.step("reading the file");
+    switch (trial) {
     case Trial::Crashed:
         fail(fileName, QStringLiteral("damaged, or not what its name says (the importer crashes on it)"));
     case Trial::DidNotEnd:
@@ -246,7 +262,7 @@ Model loadModel(const QString& fileName)
         fail(fileName, QStringLiteral("there is no scene in it"));
 
     Model model;
-    Builder(*scene, model);
+    Builder(*scene, model, progress);
     moOpenSGUtils::setRoot(model.root);
     return model;
 }

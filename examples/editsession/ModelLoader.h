@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+class Progress;
+
 /// A light as the file describes it. The node that it shines from is an ordinary transform node.
 struct LoadedLight
 {
@@ -65,5 +67,9 @@ public:
 
 /// Reads a model in any format that Assimp reads, and names its root as the scene's root.
 ///
-/// \throws ModelError  when the file is missing, cannot be read, is damaged or holds nothing that could be edited.
+/// \throws ModelError   when the file is missing, cannot be read, is damaged or holds nothing that could be edited.
+/// \throws Interrupted  when \a progress breaks it off, or a remembered SIGINT does while the file is tried out.
+Model loadModel(const QString& fileName, Progress& progress);
+
+/// The same without a word on the way.
 Model loadModel(const QString& fileName);

@@ -84,11 +84,23 @@ Report::Entry entry(const moMessage::Entry& source)
     return result;
 }
 
-/// The value as JSON writes it: text quoted, lists in brackets.
+/// As many elements of a list does a reader get to see.
+constexpr int shownElements = 20;
+
+/// The value as JSON writes it: text quoted, lists in brackets. A long list is cut off.
 QString written(const QJsonValue& value)
 {
-    const QByteArray list = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return QString::fromUtf8(list.mid(1, list.size() - 2));
+    QJsonArray list = value.toArray();
+    const int hidden = list.size() - shownElements;
+    if (hidden > 0) {
+        QJsonArray begin;
+        for (int i = 0; i < shownElements; ++i)
+            begin.append(list[i]);
+        const QString shown = written(begin);
+        return QStringLiteral("%1,… %2 more]").arg(shown.left(shown.size() - 1)).arg(hidden);
+    }
+    const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(text.mid(1, text.size() - 2));
 }
 
 QString written(const Report::Message& message)
@@ -97,6 +109,15 @@ QString written(const Report::Message& message)
     for (const Report::Entry& e : message.entries)
         line += ' ' + e.key + '=' + written(e.value);
     return line;
+}
+
+bool isSame(const Report::Message& a, const Report::Message& b)
+{
+    return a.phase == b.phase && a.name == b.name &&
+           std::equal(a.entries.begin(), a.entries.end(), b.entries.begin(), b.entries.end(),
+                      [](const Report::Entry& x, const Report::Entry& y) {
+                          return x.key == y.key && x.type == y.type && x.value == y.value;
+                      });
 }
 
 QJsonObject json(const Report::Step& step)
@@ -120,7 +141,7 @@ QJsonObject json(const Report::Message& message)
 
 QJsonObject json(const Report::Check& check)
 {
-    return {{"what", check.what}, {"passed", check.passed}};
+    return {{"what", check.what}, {"passed", check.passed}, {"rounded", static_cast<qint64>(check.rounded)}};
 }
 
 template<class T>
@@ -137,8 +158,15 @@ void printStep(QTextStream& stream, const Report::Step& step, const QString& lea
     stream << lead << step.text;
     if (!step.description.isEmpty() && step.description != step.text) stream << "  (" << step.description << ')';
     stream << '\n';
-    for (const Report::Step& child : step.children)
-        printStep(stream, child, QString(lead.size() + 2, ' '));
+    const QString indent(lead.size() + 2, ' ');
+    int shown = 0;
+    for (const Report::Step& child : step.children) {
+        if (shown++ == shownElements) {
+            stream << indent << "… " << step.children.size() - shownElements << " more\n";
+            return;
+        }
+        printStep(stream, child, indent);
+    }
 }
 
 } // namespace
@@ -174,11 +202,9 @@ void Report::print(QTextStream& stream) const
     QString phase;
     for (auto message = messages.begin(); message != messages.end();) {
         if (message->phase != phase) stream << "  " << (phase = message->phase) << '\n';
-        const QString line = written(*message);
-        const auto next = std::find_if(message, messages.end(), [&](const Message& other) {
-            return other.phase != phase || written(other) != line;
-        });
-        stream << "    " << line;
+        const auto next = std::find_if_not(message + 1, messages.end(),
+                                           [&](const Message& other) { return isSame(*message, other); });
+        stream << "    " << written(*message);
         // A drag sends the same message at each move.
         if (next - message > 1) stream << "  (" << static_cast<int>(next - message) << " times)";
         stream << '\n';
@@ -186,14 +212,18 @@ void Report::print(QTextStream& stream) const
     }
 
     stream << "\nChecks\n";
-    for (const Check& c : checks)
-        stream << (c.passed ? "  ok      " : "  FAILED  ") << c.what << '\n';
+    for (const Check& c : checks) {
+        stream << (c.passed ? "  ok      " : "  FAILED  ") << c.what;
+        if (c.rounded > 0) stream << "  (" << c.rounded << " values differ by rounding)";
+        stream << '\n';
+    }
 
     stream << "\nDigests of the scene\n"
            << "  after load      " << digestAfterLoad << '\n'
            << "  after edits     " << digestAfterEdits << '\n'
            << "  after undo-all  " << digestAfterUndoAll << '\n'
            << "  after redo-all  " << digestAfterRedoAll << '\n';
+    if (!interruptedIn.isNull()) stream << "\nInterrupted in: " << interruptedIn << '\n';
 }
 
 QByteArray Report::toJson() const
@@ -206,10 +236,11 @@ QByteArray Report::toJson() const
                               {"afterEdits", QString::fromLatin1(digestAfterEdits)},
                               {"afterUndoAll", QString::fromLatin1(digestAfterUndoAll)},
                               {"afterRedoAll", QString::fromLatin1(digestAfterRedoAll)}};
-    const QJsonObject all{{"model", model},
-                          {"history", jsonArray(history)},
-                          {"messages", jsonArray(messages)},
-                          {"checks", jsonArray(checks)},
-                          {"digests", digests}};
+    QJsonObject all{{"model", model},
+                    {"history", jsonArray(history)},
+                    {"messages", jsonArray(messages)},
+                    {"checks", jsonArray(checks)},
+                    {"digests", digests}};
+    if (!interruptedIn.isNull()) all.insert("interruptedIn", interruptedIn);
     return QJsonDocument(all).toJson();
 }

@@ -42,6 +42,7 @@ struct Report
     {
         QString what;
         bool passed;
+        std::size_t rounded = 0; ///< values that are the same but for rounding, where scenes were compared
     };
 
     QString modelFile;
@@ -58,12 +59,16 @@ struct Report
     QByteArray digestAfterUndoAll;
     QByteArray digestAfterRedoAll;
 
+    QString interruptedIn; ///< the phase in which the session broke off; null if it came to its end
+
     void addMessage(const QString& phase, const char* name, const moMessage& message);
-    void check(const QString& what, bool passed) { checks.push_back({what, passed}); }
+    void check(const QString& what, bool passed, std::size_t rounded = 0) { checks.push_back({what, passed, rounded}); }
 
     /// Whether every check passed.
     bool passed() const;
 
+    /// For a reader: long lists are shortened, what differs by rounding is counted.
     void print(QTextStream& stream) const;
+    /// Everything.
     QByteArray toJson() const;
 };

@@ -1,5 +1,6 @@
 #include <editsession/Session.h>
 
+#include <editsession/Interrupt.h>
 #include <editsession/ModelLoader.h>
 #include <editsession/SceneDigest.h>
 
@@ -51,57 +52,141 @@ struct Start
 {
     const char* chapter;
     int step;
-    QByteArray digest;
+    SceneState scene;
+};
+
+class Session
+{
+public:
+    Session(Model& model, const std::vector<Chapter>& chapters, Progress& progress, Report& report)
+        : m_model(model), m_chapters(chapters), m_progress(progress), m_report(report)
+    {
+    }
+
+    void run()
+    {
+        try {
+            edit();
+            goBack();
+            goForward();
+        } catch (const Interrupted&) {
+            m_report.interruptedIn = m_progress.phase();
+            moUndoStack::get().setMessageCallback(nullptr);
+            while (m_stack.canUndo())
+                undo();
+        }
+        // It was written down on the way back.
+        std::reverse(m_report.history.begin(), m_report.history.end());
+    }
+
+private:
+    void begin(const QString& phase, const QString& title)
+    {
+        m_recording.setPhase(phase);
+        m_progress.begin(title);
+    }
+    void begin(const QString& phase) { begin(phase, phase); }
+
+    void edit()
+    {
+        begin(QStringLiteral("prepare"));
+        for (const Chapter& chapter : m_chapters) {
+            m_progress.step(chapter.name);
+            if (chapter.prepare) chapter.prepare(m_model);
+        }
+        m_loaded = m_scene.readAll();
+        m_report.digestAfterLoad = m_loaded.digest;
+
+        Context context{m_model, m_stack, m_report, m_scene, m_progress};
+        int number = 0;
+        for (const Chapter& chapter : m_chapters) {
+            const QString name = QString::fromLatin1(chapter.name);
+            begin(name, QStringLiteral("%1 (%2 of %3)").arg(name).arg(++number).arg(m_chapters.size()));
+            m_starts.push_back({chapter.name, m_stack.size(), m_scene.state()});
+            m_progress.step("editing");
+            chapter.run(context);
+            m_report.check(QStringLiteral("%1: recorded all of its edits").arg(chapter.name), !m_stack.canRedo());
+        }
+        m_edited = m_scene.readAll();
+        m_report.digestAfterEdits = m_edited.digest;
+    }
+
+    void goBack()
+    {
+        begin(QStringLiteral("undo to the start"));
+        const int steps = m_stack.size();
+        int step = steps;
+        std::for_each(m_starts.rbegin(), m_starts.rend(), [&](const Start& start) {
+            for (; step > start.step && m_stack.canUndo(); --step) {
+                m_progress.step("undoing", static_cast<std::size_t>(steps - step), static_cast<std::size_t>(steps));
+                undo();
+            }
+            m_scene.state();
+            check(QStringLiteral("%1: undo gives back the scene from before it").arg(start.chapter), start.scene);
+        });
+        m_wentBack = true;
+        m_report.digestAfterUndoAll = m_scene.readAll().digest;
+        m_undone = m_scene.compareWith(m_loaded);
+    }
+
+    void goForward()
+    {
+        begin(QStringLiteral("redo to the end"));
+        const int steps = m_stack.size();
+        for (int step = 0; m_stack.canRedo(); ++step) {
+            m_progress.step("redoing", static_cast<std::size_t>(step), static_cast<std::size_t>(steps));
+            m_stack.redo();
+        }
+        m_report.digestAfterRedoAll = m_scene.readAll().digest;
+
+        m_report.check(QStringLiteral("the edits changed the scene"),
+                       m_report.digestAfterEdits != m_report.digestAfterLoad);
+        m_report.check(QStringLiteral("undo-all gives back the scene after load"), m_undone.same, m_undone.rounded);
+        check(QStringLiteral("redo-all gives back the scene after the edits"), m_edited);
+    }
+
+    void undo()
+    {
+        if (!m_wentBack) m_report.history.emplace_back(*m_stack.currentCommand());
+        m_stack.undo();
+    }
+
+    /// Whether the scene is what it was then.
+    void check(const QString& what, const SceneState& then)
+    {
+        const SceneComparison comparison = m_scene.compareWith(then);
+        m_report.check(what, comparison.same, comparison.rounded);
+    }
+
+    Model& m_model;
+    const std::vector<Chapter>& m_chapters;
+    Progress& m_progress;
+    Report& m_report;
+    moUndoStack& m_stack = moUndoStack::get();
+    Recording m_recording{m_report};
+    SceneWatch m_scene{m_model,
+                       [this](std::size_t seen, std::size_t all) { m_progress.step("reading the scene", seen, all); }};
+    std::vector<Start> m_starts;
+    SceneState m_loaded;
+    SceneState m_edited;
+    SceneComparison m_undone;
+    bool m_wentBack = false; ///< the whole history was written down
 };
 
 } // namespace
 
-Report runSession(Model& model, const std::vector<Chapter>& chapters)
+Report runSession(Model& model, const std::vector<Chapter>& chapters, Progress& progress)
 {
     Report report;
     report.nodeCount = model.nodes.size();
     report.lightCount = model.lights.size();
     report.materialCount = model.materials.size();
-
-    moUndoStack& stack = moUndoStack::get();
-    Recording recording(report);
-    for (const Chapter& chapter : chapters) {
-        if (chapter.prepare) chapter.prepare(model);
-    }
-    report.digestAfterLoad = sceneDigest(model);
-
-    std::vector<Start> starts;
-    Context context{model, stack, report};
-    for (const Chapter& chapter : chapters) {
-        recording.setPhase(QString::fromLatin1(chapter.name));
-        starts.push_back({chapter.name, stack.size(), sceneDigest(model)});
-        chapter.run(context);
-        report.check(QStringLiteral("%1: recorded all of its edits").arg(chapter.name), !stack.canRedo());
-    }
-    report.digestAfterEdits = sceneDigest(model);
-
-    recording.setPhase(QStringLiteral("undo to the start"));
-    int step = stack.size();
-    std::for_each(starts.rbegin(), starts.rend(), [&](const Start& start) {
-        for (; step > start.step && stack.canUndo(); --step) {
-            report.history.emplace_back(*stack.currentCommand());
-            stack.undo();
-        }
-        report.check(QStringLiteral("%1: undo gives back the scene from before it").arg(start.chapter),
-                     sceneDigest(model) == start.digest);
-    });
-    std::reverse(report.history.begin(), report.history.end());
-    report.digestAfterUndoAll = sceneDigest(model);
-
-    recording.setPhase(QStringLiteral("redo to the end"));
-    while (stack.canRedo())
-        stack.redo();
-    report.digestAfterRedoAll = sceneDigest(model);
-
-    report.check(QStringLiteral("the edits changed the scene"), report.digestAfterEdits != report.digestAfterLoad);
-    report.check(QStringLiteral("undo-all gives back the scene after load"),
-                 report.digestAfterUndoAll == report.digestAfterLoad);
-    report.check(QStringLiteral("redo-all gives back the scene after the edits"),
-                 report.digestAfterRedoAll == report.digestAfterEdits);
+    Session(model, chapters, progress, report).run();
     return report;
+}
+
+Report runSession(Model& model, const std::vector<Chapter>& chapters)
+{
+    Progress silent;
+    return runSession(model, chapters, silent);
 }

@@ -1,5 +1,7 @@
 #include <editsession/Trial.h>
 
+#include <editsession/Interrupt.h>
+
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -12,6 +14,7 @@ namespace {
 
 [[noreturn]] void runAsChild(const std::function<void()>& action, unsigned int cpuSeconds)
 {
+    std::signal(SIGINT, SIG_DFL);
     const rlimit noCore{0, 0};
     setrlimit(RLIMIT_CORE, &noCore);
     const rlimit cpu{cpuSeconds, cpuSeconds + 1};
@@ -31,6 +34,7 @@ Trial tryOut(const std::function<void()>& action, unsigned int cpuSeconds)
 
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+        if (wasInterrupted()) kill(child, SIGKILL);
     }
     if (WIFSIGNALED(status) && (WTERMSIG(status) == SIGXCPU || WTERMSIG(status) == SIGKILL)) return Trial::DidNotEnd;
     return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Trial::Returned : Trial::Crashed;

@@ -15,5 +15,6 @@ enum class Trial
 /// that it does.
 ///
 /// \param cpuSeconds  processor time that the action may take, at least 1.
-/// Without a child process (none can be had any more) the answer is Returned.
+/// Without a child process (none can be had any more) the answer is Returned. A SIGINT that is remembered (Interrupt.h)
+/// ends the child process.
 Trial tryOut(const std::function<void()>& action, unsigned int cpuSeconds);

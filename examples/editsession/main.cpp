@@ -1,3 +1,4 @@
+#include <editsession/Interrupt.h>
 #include <editsession/ModelLoader.h>
 #include <editsession/Session.h>
 
@@ -11,13 +12,16 @@
 #include <cstdio>
 #include <exception>
 
+#include <unistd.h>
+
 namespace {
 
 enum ExitStatus
 {
     Passed = 0,
-    Failed = 1,  ///< undo or redo did not give back what it had to
-    Unusable = 2 ///< the arguments, the model or the JSON file
+    Failed = 1,     ///< undo or redo did not give back what it had to
+    Unusable = 2,   ///< the arguments, the model or the JSON file
+    BrokenOff = 130 ///< by Ctrl-C; the number by which shells know that
 };
 
 ExitStatus unusable(const QString& reason)
@@ -26,22 +30,35 @@ ExitStatus unusable(const QString& reason)
     return Unusable;
 }
 
+/// A terminal sees how far the work is; a file or a pipe gets none of it.
+Progress::Write terminal()
+{
+    if (!isatty(STDERR_FILENO)) return {};
+    return [](const QByteArray& text) {
+        std::fputs(text.constData(), stderr);
+        std::fflush(stderr);
+    };
+}
+
 ExitStatus run(const QString& modelFile, const QString& jsonFile)
 {
-    Model model = loadModel(modelFile);
+    Progress progress(terminal(), wasInterrupted);
+    Model model = loadModel(modelFile, progress);
     QFile json(jsonFile);
     const auto jsonFailed = [&json] {
         return unusable(QStringLiteral("cannot write '%1': %2").arg(json.fileName(), json.errorString()));
     };
     if (!jsonFile.isEmpty() && !json.open(QIODevice::WriteOnly)) return jsonFailed();
 
-    Report report = runSession(model, chapters());
+    Report report = runSession(model, chapters(), progress);
     report.modelFile = modelFile;
+    progress.end();
 
     QTextStream out(stdout);
     out.setCodec("UTF-8");
     report.print(out);
     if (json.isOpen() && (json.write(report.toJson()) < 0 || !json.flush())) return jsonFailed();
+    if (!report.interruptedIn.isNull()) return BrokenOff;
     return report.passed() ? Passed : Failed;
 }
 
@@ -55,7 +72,9 @@ int main(int argc, char** argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Loads a 3D model into a scene graph, edits it, undoes everything and does it again.\n"
-        "Exit status: 0 all checks passed, 1 one failed, 2 the model cannot be loaded or the file not be written.");
+        "Ctrl-C ends it with a report of what was done so far; a second one ends it at once.\n"
+        "Exit status: 0 all checks passed, 1 one failed, 2 the model cannot be loaded or the file not be written,\n"
+        "130 ended by Ctrl-C.");
     const QCommandLineOption helpOption({"h", "help"}, "Show this text.");
     const QCommandLineOption jsonOption("json", "Write history, messages, checks and digests to this file.", "FILE");
     parser.addOptions({helpOption, jsonOption});
@@ -69,11 +88,15 @@ int main(int argc, char** argv)
     const QStringList models = parser.positionalArguments();
     if (models.size() > 1) return unusable(QStringLiteral("one model at a time, please"));
 
+    rememberInterrupt();
     try {
         return run(models.isEmpty() ? QCoreApplication::applicationDirPath() + "/scene.gltf" : models.first(),
                    parser.value(jsonOption));
     } catch (const ModelError& error) {
         return unusable(QString::fromStdString(error.what()));
+    } catch (const Interrupted&) {
+        std::fprintf(stderr, "editsession: interrupted while the model was loaded\n");
+        return BrokenOff;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "editsession: the session broke off: %s\n", error.what());
         return Failed;

@@ -20,10 +20,18 @@ Vec vec(const Vec3f& v)
 {
     return {v[0], v[1], v[2]};
 }
+Vec vec(const Vec3d& v)
+{
+    return {v[0], v[1], v[2]};
+}
 
 Vec3f vec3f(const Vec& v)
 {
     return Vec3f(Real32(v[0]), Real32(v[1]), Real32(v[2]));
+}
+Vec3d vec3d(const Vec& v)
+{
+    return Vec3d(v[0], v[1], v[2]);
 }
 
 Vec operator+(const Vec& a, const Vec& b)
@@ -246,23 +254,23 @@ Vec3f Transform3D::getOrientationAxis(Int32 axis) const
     return vec3f(transposed(orientation(*this))[std::size_t(axis)]);
 }
 
-Vec3f Transform3D::getRotatePivotInParent() const
+Vec3d Transform3D::getRotatePivotInParent() const
 {
-    return vec3f(rotatePivotInParent(*this));
+    return vec3d(rotatePivotInParent(*this));
 }
 
-void Transform3D::setRotatePivotInParent(const Vec3f& point)
+void Transform3D::setRotatePivotInParent(const Vec3d& point)
 {
     setRotatePivot(vec3f(vec(point) - vec(getTranslation()) - vec(getRotatePivotTranslation())));
 }
 
-Vec3f Transform3D::getScalePivotInParent() const
+Vec3d Transform3D::getScalePivotInParent() const
 {
     const Vec fromRotatePivot = vec(getScalePivot()) + vec(getScalePivotTranslation()) - vec(getRotatePivot());
-    return vec3f(rotatePivotInParent(*this) + turn(*this) * fromRotatePivot);
+    return vec3d(rotatePivotInParent(*this) + turn(*this) * fromRotatePivot);
 }
 
-void Transform3D::setScalePivotInParent(const Vec3f& point)
+void Transform3D::setScalePivotInParent(const Vec3d& point)
 {
     const Vec fromRotatePivot = transposed(turn(*this)) * (vec(point) - rotatePivotInParent(*this));
     setScalePivot(vec3f(fromRotatePivot + vec(getRotatePivot()) - vec(getScalePivotTranslation())));

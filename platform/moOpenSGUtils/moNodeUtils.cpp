@@ -53,84 +53,120 @@ void set(const osg::NodePtr& node, int variantIndex, const moTransformComponent&
     component.set(transform, value);
 }
 
-/// The matrix from a node's parent to the world and back, for points.
+using Column = std::array<double, 3>;
+
+/// From a node's parent to the world and back, for points. In double precision from field to result: a point taken to the
+/// world and back is rounded there and here, and nowhere between.
 class ParentSpace
 {
 public:
     explicit ParentSpace(const osg::NodePtr& node)
     {
-        if (const osg::NodePtr parent = node->getParent()) m_toWorld = parent->getToWorld();
+        // From the parent up to the root, as each one's matrix acts on what those below have made.
+        for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
+            actBefore(parent->getCore());
     }
 
-    osg::Vec3f toWorld(const osg::Vec3f& point) const
+    osg::Vec3d toWorld(const osg::Vec3d& point) const
     {
-        osg::Vec3f world;
-        for (osg::UInt32 row = 0; row < 3; ++row)
-            world[row] = float(at(row, 0) * point[0] + at(row, 1) * point[1] + at(row, 2) * point[2] + at(row, 3));
-        return world;
+        const Column world = image(m_columns, {point[0], point[1], point[2]});
+        return osg::Vec3d(world[0] + m_origin[0], world[1] + m_origin[1], world[2] + m_origin[2]);
     }
 
-    /// False when the matrix has no inverse. By Cramer's rule in double: a point taken to the world and back is the
-    /// same float wherever the numbers allow it.
-    bool fromWorld(osg::Vec3f& point) const
+    /// False when the matrix has no inverse. By Cramer's rule.
+    bool fromWorld(osg::Vec3d& point) const
     {
-        const std::array<double, 3> offset{point[0] - at(0, 3), point[1] - at(1, 3), point[2] - at(2, 3)};
-        const double whole = determinant({{column(0), column(1), column(2)}});
+        const Column offset{point[0] - m_origin[0], point[1] - m_origin[1], point[2] - m_origin[2]};
+        const double whole = determinant(m_columns);
         if (!std::isfinite(whole) || whole == 0.) return false;
         for (osg::UInt32 axis = 0; axis < 3; ++axis) {
-            std::array<std::array<double, 3>, 3> columns{{column(0), column(1), column(2)}};
+            std::array<Column, 3> columns = m_columns;
             columns[axis] = offset;
-            point[axis] = float(determinant(columns) / whole);
+            point[axis] = determinant(columns) / whole;
         }
         return true;
     }
 
 private:
-    double at(osg::UInt32 row, osg::UInt32 column) const { return double(m_toWorld[column][row]); }
+    void actBefore(const osg::NodeCorePtr& core)
+    {
+        if (core == osg::NullFC) return;
+        osg::Matrix matrix;
+        core->accumulateMatrix(matrix);
+        const auto column = [&matrix](osg::UInt32 index) {
+            return Column{matrix[index][0], matrix[index][1], matrix[index][2]};
+        };
+        const std::array<Column, 3> columns{column(0), column(1), column(2)};
+        for (Column& each : m_columns)
+            each = image(columns, each);
+        m_origin = image(columns, m_origin);
+        for (std::size_t row = 0; row < 3; ++row)
+            m_origin[row] += column(3)[row];
+    }
 
-    std::array<double, 3> column(osg::UInt32 index) const { return {at(0, index), at(1, index), at(2, index)}; }
+    static Column image(const std::array<Column, 3>& columns, const Column& v)
+    {
+        Column result{};
+        for (std::size_t row = 0; row < 3; ++row)
+            result[row] = columns[0][row] * v[0] + columns[1][row] * v[1] + columns[2][row] * v[2];
+        return result;
+    }
 
-    static double determinant(const std::array<std::array<double, 3>, 3>& c)
+    static double determinant(const std::array<Column, 3>& c)
     {
         return c[0][0] * (c[1][1] * c[2][2] - c[1][2] * c[2][1]) - c[1][0] * (c[0][1] * c[2][2] - c[0][2] * c[2][1]) +
                c[2][0] * (c[0][1] * c[1][2] - c[0][2] * c[1][1]);
     }
 
-    osg::Matrix m_toWorld;
+    std::array<Column, 3> m_columns{{{1., 0., 0.}, {0., 1., 0.}, {0., 0., 1.}}};
+    Column m_origin{};
 };
+
+osg::Vec3d inDouble(const osg::Vec3f& v)
+{
+    return osg::Vec3d(v[0], v[1], v[2]);
+}
+
+osg::Vec3f rounded(const osg::Vec3d& v)
+{
+    return osg::Vec3f(float(v[0]), float(v[1]), float(v[2]));
+}
 
 /// A component that is a point: its value as it stands, and the place in the parent's space that it leads to.
 struct PointComponent
 {
     const moTransformComponent& component;
-    osg::Vec3f (*getInParent)(const osg::Transform3D& transform);
-    void (*setInParent)(osg::Transform3D& transform, const osg::Vec3f& point);
+    osg::Vec3d (*getInParent)(const osg::Transform3D& transform);
+    void (*setInParent)(osg::Transform3D& transform, const osg::Vec3d& point);
 };
 
 const PointComponent translationPoint{
-    component::translation, [](const osg::Transform3D& transform) { return transform.getTranslation(); },
-    [](osg::Transform3D& transform, const osg::Vec3f& point) { transform.setTranslation(point); }};
+    component::translation, [](const osg::Transform3D& transform) { return inDouble(transform.getTranslation()); },
+    [](osg::Transform3D& transform, const osg::Vec3d& point) { transform.setTranslation(rounded(point)); }};
 const PointComponent rotatePivotPoint{
     component::rotatePivot, [](const osg::Transform3D& transform) { return transform.getRotatePivotInParent(); },
-    [](osg::Transform3D& transform, const osg::Vec3f& point) { transform.setRotatePivotInParent(point); }};
+    [](osg::Transform3D& transform, const osg::Vec3d& point) { transform.setRotatePivotInParent(point); }};
 const PointComponent scalePivotPoint{
     component::scalePivot, [](const osg::Transform3D& transform) { return transform.getScalePivotInParent(); },
-    [](osg::Transform3D& transform, const osg::Vec3f& point) { transform.setScalePivotInParent(point); }};
+    [](osg::Transform3D& transform, const osg::Vec3d& point) { transform.setScalePivotInParent(point); }};
 
 osg::Vec3f get(const osg::NodePtr& node, bool worldSpace, int variantIndex, const PointComponent& point)
 {
     const osg::Transform3DPtr transform = moNodeUtils::getTransform3D(node, variantIndex);
     if (!worldSpace || transform == osg::NullFC) return point.component.get(transform);
-    return ParentSpace(node).toWorld(point.getInParent(*transform));
+    return rounded(ParentSpace(node).toWorld(point.getInParent(*transform)));
 }
 
-void set(const osg::NodePtr& node, bool worldSpace, int variantIndex, const PointComponent& point, osg::Vec3f value)
+void set(const osg::NodePtr& node, bool worldSpace, int variantIndex, const PointComponent& point,
+         const osg::Vec3f& value)
 {
     const osg::Transform3DPtr transform = moNodeUtils::getTransform3D(node, variantIndex);
-    if (transform == osg::NullFC || (worldSpace && !ParentSpace(node).fromWorld(value))) return;
+    if (transform == osg::NullFC) return;
+    osg::Vec3d place = inDouble(value);
+    if (worldSpace && !ParentSpace(node).fromWorld(place)) return;
     const Edit edit(transform, point.component.mask);
     if (worldSpace)
-        point.setInParent(*transform, value);
+        point.setInParent(*transform, place);
     else
         point.component.set(transform, value);
 }

@@ -20,7 +20,9 @@
 /// \a worldSpace: false takes the value as it stands in the transform. True means the world: the translation is the
 /// point of the world that the translation leads to, a pivot the point of the world that it lies on. A variant is seen
 /// below the same parents as the node. Parents that flatten space (their matrix has no inverse) make a setter with
-/// worldSpace do nothing.
+/// worldSpace do nothing. Both ways are computed in double precision; what goes through the world is rounded to three
+/// floats there and to the component's three floats here. So a place that is read and set again is the same but for
+/// rounding, however often.
 namespace moNodeUtils {
 /// The name, owned by the node and valid until it changes; null for a null node and for one without a name.
 const char* getName(const osg::NodePtr& node);

@@ -9,6 +9,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
+
+#include <unistd.h>
+
 namespace {
 
 using testing::ContainsRegex;
@@ -117,6 +121,7 @@ TEST_F(EditSession, ExplainsItselfWhenAskedForHelp)
         EXPECT_EQ(outcome.errors, "");
         EXPECT_THAT(outcome.output, HasSubstr("[MODEL]"));
         EXPECT_THAT(outcome.output, HasSubstr("--json <FILE>"));
+        EXPECT_THAT(outcome.output, HasSubstr("130 ended by Ctrl-C"));
     }
 }
 
@@ -151,6 +156,58 @@ TEST_F(EditSession, LeavesAnExistingJsonFileAloneWhenTheModelCannotBeLoaded)
     QFile file(existing);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), "old");
+}
+
+/// The program with a SIGINT waiting for it.
+class InterruptedProgram : public QProcess
+{
+protected:
+    void setupChildProcess() override
+    {
+        sigset_t blocked;
+        sigemptyset(&blocked);
+        sigaddset(&blocked, SIGINT);
+        sigprocmask(SIG_BLOCK, &blocked, nullptr);
+        std::raise(SIGINT);
+    }
+};
+
+TEST_F(EditSession, EndsWith130AndOneLineWhenItIsInterruptedWhileLoading)
+{
+    InterruptedProgram process;
+    process.start(QStringLiteral(EDITSESSION_PROGRAM), QStringList());
+    ASSERT_TRUE(process.waitForFinished(120000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 130);
+    EXPECT_EQ(process.readAllStandardOutput(), "");
+    EXPECT_EQ(process.readAllStandardError(), "editsession: interrupted while the model was loaded\n");
+}
+
+TEST_F(EditSession, EndsWith130AndAReportWhenItIsInterruptedLater)
+{
+    QByteArray nodes = R"({"children": [1)";
+    for (int i = 2; i < 20000; ++i)
+        nodes += ',' + QByteArray::number(i);
+    nodes += "]}";
+    for (int i = 1; i < 20000; ++i)
+        nodes += R"(, {"translation": [1, 2, 3]})";
+    const QString report = files.path("report.json");
+
+    QProcess process;
+    process.start(QStringLiteral(EDITSESSION_PROGRAM), {files.write("many.gltf", gltf(nodes)), "--json", report});
+    // The model is loaded when the file is opened.
+    while (!QFile::exists(report) && !process.waitForFinished(1)) {
+    }
+    ASSERT_EQ(process.state(), QProcess::Running);
+    kill(static_cast<pid_t>(process.processId()), SIGINT);
+    ASSERT_TRUE(process.waitForFinished(120000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 130);
+    EXPECT_EQ(process.readAllStandardError(), "");
+    const std::string output = process.readAllStandardOutput().toStdString();
+    EXPECT_THAT(output, HasSubstr("20000 nodes"));
+    EXPECT_THAT(output, ContainsRegex("\nInterrupted in: [a-z0-9() ]+\n$"));
+    EXPECT_FALSE(json(report)["interruptedIn"].toString().isEmpty());
 }
 
 TEST_F(EditSession, EndsWithTwoAndOneLineForArgumentsThatItDoesNotKnow)

@@ -9,6 +9,8 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QTextStream>
 
+#include <numeric>
+
 namespace {
 
 using testing::HasSubstr;
@@ -104,6 +106,46 @@ TEST_F(ReportTest, ListsTheStepsWithTheirChildren)
     new QUndoCommand("Move B", &composite);
     report.history.emplace_back(composite);
     EXPECT_THAT(printed(), HasSubstr("History  1 steps\n   1  Move Both\n        Move A\n        Move B\n"));
+}
+
+TEST_F(ReportTest, ShortensLongListsOfValuesAndOfChildrenForTheReaderOnly)
+{
+    std::vector<unsigned int> ids(23);
+    std::iota(ids.begin(), ids.end(), 1);
+    send("ids", ids);
+    QUndoCommand composite("Move All");
+    for (unsigned int id : ids)
+        new QUndoCommand(QStringLiteral("Move %1").arg(id), &composite);
+    report.history.emplace_back(composite);
+
+    EXPECT_THAT(printed(), HasSubstr("ids=[1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,… 3 more]\n"));
+    EXPECT_THAT(printed(), HasSubstr("        Move 20\n        … 3 more\n"));
+    EXPECT_THAT(report.toJson().toStdString(), HasSubstr("Move 23"));
+}
+
+TEST_F(ReportTest, KeepsMessagesApartThatDifferInWhatIsNotShown)
+{
+    std::vector<unsigned int> ids(23);
+    send("ids", ids);
+    ids.back() = 1;
+    send("ids", ids);
+    EXPECT_THAT(printed(), testing::Not(HasSubstr("times)")));
+}
+
+TEST_F(ReportTest, CountsTheValuesThatDifferByRounding)
+{
+    report.check("exact", true);
+    report.check("close", true, 7);
+    EXPECT_THAT(printed(), HasSubstr("  ok      exact\n  ok      close  (7 values differ by rounding)\n"));
+    EXPECT_THAT(report.toJson().toStdString(), HasSubstr("\"rounded\": 7"));
+}
+
+TEST_F(ReportTest, SaysWhereTheSessionWasInterrupted)
+{
+    EXPECT_THAT(printed(), testing::Not(HasSubstr("Interrupted")));
+    report.interruptedIn = "light (3 of 7)";
+    EXPECT_THAT(printed(), HasSubstr("\nInterrupted in: light (3 of 7)\n"));
+    EXPECT_THAT(report.toJson().toStdString(), HasSubstr("\"interruptedIn\": \"light (3 of 7)\""));
 }
 
 TEST_F(ReportTest, PassesIfAllChecksPass)

@@ -7,6 +7,8 @@
 
 #include <moUndoStack/moUndoCommands.h>
 
+#include <moOpenSGUtils/moNodeUtils.h>
+
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -63,6 +65,24 @@ void counts(Context& context)
     };
     context.stack.addOrExecute(new moGenericFunctionUndoCommand(
         moUndoString("Count", ""), [] {}, count, nullptr));
+}
+/// Undo and redo miss what was there by a little, as the way to the world may.
+void drift(Context& context)
+{
+    const auto move = [node = context.model.nodes[0]](float x) {
+        moNodeUtils::setTransformNodeTranslation(node, x, 0.f, 0.f, false, -1);
+    };
+    context.stack.addOrExecute(new moGenericFunctionUndoCommand(
+        moUndoString("Drift", ""), [move] { move(1.000004f); },
+        [move, x = 2.f]() mutable {
+            move(x);
+            x = 2.000004f;
+        },
+        nullptr));
+}
+void placeFirst(Model& model)
+{
+    moNodeUtils::setTransformNodeTranslation(model.nodes[0], 1.f, 0.f, 0.f, false, -1);
 }
 void addImage(Model& model)
 {
@@ -147,6 +167,83 @@ TEST_F(Session, FailsForAChapterThatLeavesSomethingToRedo)
 {
     EXPECT_THAT(failures(run({{"moves", nullptr, twoMoves}, {"back", nullptr, moveTakenBack}})),
                 testing::Contains("back: recorded all of its edits"));
+}
+
+TEST_F(Session, SaysHowManyValuesDifferByRounding)
+{
+    const Report report = run({{"drift", placeFirst, drift}});
+    EXPECT_THAT(failures(report), IsEmpty());
+    std::vector<std::size_t> rounded;
+    for (const Report::Check& check : report.checks)
+        rounded.push_back(check.rounded);
+    EXPECT_THAT(rounded, ElementsAre(0U, 2U, 0U, 2U, 2U));
+    EXPECT_NE(report.digestAfterUndoAll, report.digestAfterLoad);
+}
+
+/// Interrupts a session at its n-th step.
+class InterruptedSession : public Session
+{
+protected:
+    /// The phase it was interrupted in, null if it came to its end.
+    QString interruptAt(int step, Report& report)
+    {
+        Progress progress({}, [&step] { return step-- == 0; });
+        report = runSession(model, {{"moves", nullptr, twoMoves}, {"names", nullptr, twoMoves}}, progress);
+        return report.interruptedIn;
+    }
+};
+
+TEST_F(InterruptedSession, EndsCleanlyWhereverItIsInterrupted)
+{
+    const QByteArray loaded = sceneDigest(model);
+    std::vector<std::string> phases;
+    for (int step = 0;; ++step) {
+        Report report;
+        const QString phase = interruptAt(step, report);
+        EXPECT_EQ(describe(stack), "0 steps, at start, no undo, no redo");
+        EXPECT_FALSE(moUndoStack::undoEnabled());
+        if (phase.isNull()) break;
+        EXPECT_EQ(sceneDigest(model), loaded);
+        EXPECT_TRUE(failures(report).empty());
+        if (phases.empty() || phases.back() != phase.toStdString()) phases.push_back(phase.toStdString());
+    }
+    EXPECT_THAT(phases,
+                ElementsAre("prepare", "moves (1 of 2)", "names (2 of 2)", "undo to the start", "redo to the end"));
+}
+
+TEST_F(InterruptedSession, TellsWhatWasDoneSoFar)
+{
+    std::size_t steps = 0;
+    for (int step = 0;; ++step) {
+        Report report;
+        const QString phase = interruptAt(step, report);
+        if (phase.isNull()) break;
+        EXPECT_GE(report.history.size(), steps);
+        steps = report.history.size();
+        if (phase == QStringLiteral("prepare")) {
+            EXPECT_EQ(steps, 0U);
+        }
+        if (phase == QStringLiteral("names (2 of 2)")) {
+            EXPECT_GE(steps, 2U);
+            EXPECT_FALSE(report.digestAfterLoad.isEmpty());
+            EXPECT_GE(report.checks.size(), 1U);
+        }
+        if (phase == QStringLiteral("redo to the end")) {
+            EXPECT_EQ(steps, 4U);
+        }
+    }
+    EXPECT_EQ(steps, 4U);
+}
+
+TEST_F(Session, SaysWhichChapterItIsInAndHowFar)
+{
+    std::string written;
+    Progress progress([&written](const QByteArray& text) { written += text.toStdString(); });
+    runSession(model, {{"moves", nullptr, twoMoves}, {"again", nullptr, twoMoves}}, progress);
+    EXPECT_THAT(written, testing::HasSubstr("moves (1 of 2): reading the scene"));
+    EXPECT_THAT(written, testing::HasSubstr("again (2 of 2): editing"));
+    EXPECT_THAT(written, testing::HasSubstr("undo to the start: undoing, 75 %"));
+    EXPECT_THAT(written, testing::HasSubstr("redo to the end: redoing, 50 %"));
 }
 
 TEST_F(Session, FailsIfNothingWasEdited)

@@ -39,7 +39,8 @@ inline constexpr bool isTransformValueCommand =
 /// A transform command over three floats, one of those below: a class outside of the library derives from
 /// moTransformUndoCommand<osg::Vec3f>. `Flag` is bool for a command that takes the flag (world space), and left out
 /// for one that does not. The synchronisation function gets what was written, so that the application can mirror it
-/// elsewhere.
+/// elsewhere. A value placed in the world is kept as the three floats of that place: undo and redo give the components
+/// back but for rounding, and do not drift.
 template<class Command, class... Flag>
 class MO_UNDO_STACK_EXPORT moTransformValueUndoCommand : public moTransformUndoCommand<osg::Vec3f>
 {

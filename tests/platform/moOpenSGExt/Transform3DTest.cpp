@@ -41,7 +41,8 @@ MATCHER_P2(IsNear, expected, tolerance, "")
     return true;
 }
 
-void expectVector(const osg::Vec3f& actual, double x, double y, double z, double tolerance = 1e-5)
+template<class Vector>
+void expectVector(const Vector& actual, double x, double y, double z, double tolerance = 1e-5)
 {
     EXPECT_THAT((std::vector<double>{actual[0], actual[1], actual[2]}),
                 testing::Pointwise(testing::DoubleNear(tolerance), std::vector<double>{x, y, z}));
@@ -494,9 +495,9 @@ TEST_F(Transform3D, APivotThatIsPutAtAPlaceInTheParentIsFoundThere)
         transform->setScale(osg::Vec3f(2, 3, 4));
         transform->setScalePivotTranslation(osg::Vec3f(-2, 5, 0));
     });
-    edit(Base::ScalePivotFieldMask, [&] { transform->setScalePivotInParent(osg::Vec3f(11, -12, 13)); });
+    edit(Base::ScalePivotFieldMask, [&] { transform->setScalePivotInParent(osg::Vec3d(11, -12, 13)); });
     expectVector(transform->getScalePivotInParent(), 11, -12, 13);
-    edit(Base::RotatePivotFieldMask, [&] { transform->setRotatePivotInParent(osg::Vec3f(-7, 8, 9)); });
+    edit(Base::RotatePivotFieldMask, [&] { transform->setRotatePivotInParent(osg::Vec3d(-7, 8, 9)); });
     expectVector(transform->getRotatePivotInParent(), -7, 8, 9);
 }
 

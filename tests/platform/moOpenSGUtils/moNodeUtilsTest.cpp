@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <limits>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -345,6 +346,96 @@ TEST_F(moNodeUtilsTest, WithoutParentsTheWorldIsTheNodesOwnParentSpace)
     setTransformNodeTranslation(node, 0.1f, 1e-20f, -1e20f, true, -1);
     expectVector(getTransformNodeTranslation(node, false, -1), double(0.1f), double(1e-20f), double(-1e20f));
     expectVector(getTransformNodeTranslation(node, true, -1), double(0.1f), double(1e-20f), double(-1e20f));
+}
+
+/// The components that can be placed in the world.
+struct Placeable
+{
+    const char* name;
+    std::function<osg::Vec3f(const osg::NodePtr&, bool, int)> get;
+    std::function<void(const osg::NodePtr&, float, float, float, bool, int)> set;
+};
+
+const std::vector<Placeable> placeables{
+    {"translation", getTransformNodeTranslation, setTransformNodeTranslation},
+    {"scalePivot", getTransformNodeScalePivot, setTransformNodeScalePivot},
+    {"rotatePivot", getTransformNodeRotatePivot, setTransformNodeRotatePivot},
+};
+
+void pose(const osg::NodePtr& node, std::mt19937& random)
+{
+    const auto number = [&random](float lowest, float highest) {
+        return std::uniform_real_distribution<float>(lowest, highest)(random);
+    };
+    const auto set = [&](auto setter, float lowest, float highest) {
+        setter(node, number(lowest, highest), number(lowest, highest), number(lowest, highest));
+    };
+    set([](auto& n, float x, float y, float z) { setTransformNodeTranslation(n, x, y, z, false, -1); }, -100, 100);
+    set([](auto& n, float x, float y, float z) { setTransformNodeRotation(n, x, y, z, -1); }, -180, 180);
+    set([](auto& n, float x, float y, float z) { setTransformNodeScale(n, x, y, z, -1); }, 0.3f, 3);
+    set([](auto& n, float x, float y, float z) { setTransformNodeShear(n, x, y, z); }, -0.5f, 0.5f);
+    set([](auto& n, float x, float y, float z) { setTransformNodeRotatePivot(n, x, y, z, false, -1); }, -10, 10);
+    set([](auto& n, float x, float y, float z) { setTransformNodeScalePivot(n, x, y, z, false, -1); }, -10, 10);
+    set([](auto& n, float x, float y, float z) { setTransformNodeRotatePivotTranslation(n, x, y, z, -1); }, -10, 10);
+    set([](auto& n, float x, float y, float z) { setTransformNodeScalePivotTranslation(n, x, y, z, -1); }, -10, 10);
+}
+
+// What undo and redo do a hundred times: read the place, write the other one.
+TEST_F(moNodeUtilsTest, AHundredExchangesOfTwoPlacesInTheWorldDoNotDrift)
+{
+    std::mt19937 random(11);
+    std::uniform_real_distribution<float> place(-100, 100);
+    for (int i = 0; i < 60; ++i) {
+        const osg::NodePtr root = keep(transformNode());
+        osg::NodePtr node = root;
+        pose(node, random);
+        for (int depth = 0; depth < 3; ++depth) {
+            const osg::NodePtr child = transformNode();
+            node->addChild(child);
+            node = child;
+            pose(node, random);
+        }
+        addVariant(node, "A");
+        for (const Placeable& placeable : placeables) {
+            for (const int variantIndex : {-1, 0}) {
+                SCOPED_TRACE(placeable.name);
+                const osg::Vec3f first = placeable.get(node, false, variantIndex);
+                const osg::Vec3f firstPlace = placeable.get(node, true, variantIndex);
+                osg::Vec3f kept(place(random), place(random), place(random));
+                for (int round = 0; round < 200; ++round) {
+                    const osg::Vec3f before = placeable.get(node, true, variantIndex);
+                    placeable.set(node, kept[0], kept[1], kept[2], true, variantIndex);
+                    kept = before;
+                }
+                const auto tolerance = [](const osg::Vec3f& value) { return 1e-5f * value.length(); };
+                EXPECT_LT((placeable.get(node, true, variantIndex) - firstPlace).length(), tolerance(firstPlace));
+                EXPECT_LT((placeable.get(node, false, variantIndex) - first).length(),
+                          tolerance(first) + tolerance(firstPlace));
+            }
+        }
+    }
+}
+
+TEST_F(moNodeUtilsTest, AFarWayOutAndBackCostsAPlaceInTheWorldNoDigits)
+{
+    const osg::NodePtr root = keep(transformNode());
+    const osg::NodePtr parent = transformNode();
+    const osg::NodePtr node = transformNode();
+    root->addChild(parent);
+    parent->addChild(node);
+    setTransformNodeTranslation(root, -1e7f, 3e7f, 0, false, -1);
+    setTransformNodeTranslation(parent, 0.7f, 0.3f, -5e7f, false, -1);
+    setTransformNodeTranslation(node, 1e7f, -3e7f, 5e7f, false, -1);
+    expectVector(getTransformNodeTranslation(node, true, -1), 0.7, 0.3, 0, 1e-7);
+
+    for (const Placeable& pivot : {placeables[1], placeables[2]}) {
+        SCOPED_TRACE(pivot.name);
+        pivot.set(node, 0.1f, 0.2f, 0.4f, false, -1);
+        expectVector(pivot.get(node, true, -1), 0.8, 0.5, 0.4, 1e-7);
+        pivot.set(node, 8, 9, 10, true, -1);
+        expectVector(pivot.get(node, false, -1), 7.3, 8.7, 10, 1e-6);
+        pivot.set(node, 0, 0, 0, false, -1);
+    }
 }
 
 TEST_F(moNodeUtilsTest, ADirectionIsStoredAsGivenOrWithLengthOneAndAskedForByAxis)

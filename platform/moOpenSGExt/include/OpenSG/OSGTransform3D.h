@@ -81,10 +81,11 @@ public:
     /// The pivots as points of the parent's space, where they are found after the whole transform has acted: the point
     /// that turning, or scaling, leaves where it is. The setters move the pivot there. Edit masks:
     /// RotatePivotFieldMask, ScalePivotFieldMask.
-    Vec3f getRotatePivotInParent() const;
-    void setRotatePivotInParent(const Vec3f& point);
-    Vec3f getScalePivotInParent() const;
-    void setScalePivotInParent(const Vec3f& point);
+    /// In double precision: only what a setter stores is rounded.
+    Vec3d getRotatePivotInParent() const;
+    void setRotatePivotInParent(const Vec3d& point);
+    Vec3d getScalePivotInParent() const;
+    void setScalePivotInParent(const Vec3d& point);
 
     void changed(BitVector whichField, UInt32 origin) override;
 
