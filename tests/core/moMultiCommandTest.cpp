@@ -386,6 +386,25 @@ TEST_F(MultiCommand, TakesBackWhatWasDoneWhenItsAfterFunctionFails)
     EXPECT_THAT(steps, ElementsAre("redo a", "undo a"));
 }
 
+TEST_F(MultiCommand, DoesNotCallItsAfterFunctionWhenAChildFailedAndTheOthersWereTakenBack)
+{
+    moMultiCommand command(moUndoString("a", ""), [this] { steps.emplace_back("after"); });
+    bool broken = true;
+    const auto fail = [&broken] {
+        if (broken) throw std::runtime_error("child");
+    };
+    childOf(&command, "a")->onUndo(fail);
+    childOf(&command, "b")->onRedo(fail);
+    EXPECT_THROW(command.redo(), std::runtime_error);
+    EXPECT_THAT(std::exchange(steps, {}), ElementsAre("redo a", "redo b", "undo a"));
+    broken = false;
+    command.redo();
+    EXPECT_THAT(std::exchange(steps, {}), ElementsAre("redo a", "redo b", "after"));
+    broken = true;
+    EXPECT_THROW(command.undo(), std::runtime_error);
+    EXPECT_THAT(steps, ElementsAre("undo b", "undo a", "redo b"));
+}
+
 TEST_F(MultiCommand, DoesAgainWhatWasUndoneWhenAChildFailsToUndo)
 {
     moMultiCommand command(moUndoString("a", ""));
