@@ -153,6 +153,35 @@ TEST_F(DeleteConstraintReference, TargetSetInBetweenIsReplacedAtUndo)
     EXPECT_TRUE(aim->hasTarget(lamp));
 }
 
+TEST_F(DeleteConstraintReference, TargetSetAfterUndoGoesAtRedoAndTheRecordedOneComesBack)
+{
+    Command command(aim, {lamp}, nullptr);
+    command.redo();
+    command.undo();
+    for (int round = 0; round < 2; ++round) {
+        aim->createTarget(door);
+        command.redo();
+        EXPECT_EQ(aim->getTarget(), osg::NullFC);
+        command.undo();
+        EXPECT_TRUE(aim->hasTarget(lamp));
+    }
+}
+
+TEST_F(DeleteConstraintReference, EachRoleIsToldOfAlsoWhenSomebodyElseWasThereBefore)
+{
+    Command command(aim, {lamp}, nullptr);
+    const auto target = aim->getTarget();
+    osg::addRefCP(target);
+    aim->setTarget(osg::NullFC);
+    command.redo();
+    EXPECT_THAT(edits.take(), ElementsAre("aim sources 1", "aim upVectorSources 1", "aim target 1"));
+    aim->setTarget(target);
+    command.undo();
+    EXPECT_THAT(edits.take(), ElementsAre("aim sources 1", "aim upVectorSources 1", "aim target 1"));
+    EXPECT_EQ(aim->getTarget(), target);
+    osg::subRefCP(target);
+}
+
 TEST_F(DeleteConstraintReference, SceneObjectThatHasGoneComesBackAsARoleWithoutObject)
 {
     Command command(aim, {lamp}, nullptr);

@@ -32,6 +32,22 @@ TEST_F(SetConstraintTarget, UndoDoesNotBringBackTheTargetBefore)
     EXPECT_EQ(describe(aim), "sources up target -");
 }
 
+TEST_F(SetConstraintTarget, TargetThatItIsAlreadyIsMadeAnewWithItsWeightAndToldOf)
+{
+    aim->createTarget(lamp);
+    aim->getTarget()->setWeight(0.25f);
+    const osg::UInt32 before = aim->getTarget().getFieldContainerId();
+    moSetConstraintTargetUndoCommand command(aim, lamp, nullptr);
+    command.redo();
+    EXPECT_EQ(describe(aim), "sources up target lamp*1");
+    EXPECT_NE(aim->getTarget().getFieldContainerId(), before);
+    command.redo();
+    command.undo();
+    command.undo();
+    EXPECT_EQ(describe(aim), "sources up target -");
+    EXPECT_THAT(edits.take(), ElementsAre("aim target 1", "aim target 1", "aim target 1", "aim target 1"));
+}
+
 TEST_F(SetConstraintTarget, NullTargetTakesTheTargetAway)
 {
     aim->createTarget(door);

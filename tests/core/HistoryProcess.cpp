@@ -1,6 +1,7 @@
 // How a process ends: one that has shown the histories, in every combination of when, what became of them, how the
-// process ends and what becomes of the application object; one whose commands call the stacks while they are deleted, and
-// one that is still composing. Exit status 0: all as it should be, and nothing crashed on the way out.
+// process ends and what becomes of the application object; one whose commands call the stacks while they are deleted,
+// one with listeners, and one that is still composing. Exit status 0: all as it should be, and nothing crashed on the
+// way out.
 
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/core/moUndoStack.h>
@@ -238,6 +239,34 @@ void leaveACompositionOpen()
     makeChild();
 }
 
+/// Listeners of every kind on both stacks, with steps to undo and to redo: nobody is told how the stacks end.
+void leaveListeners()
+{
+    static bool s_ending = false;
+    const auto fail = [] {
+        if (s_ending) std::_Exit(1);
+    };
+    moUndoStack::beginUndo();
+    for (const unsigned int type : {0U, 1U}) {
+        moUndoStack& stack = moUndoStack::get(type);
+        record(stack);
+        auto* const watched = new moGenericFunctionUndoCommand(
+            moUndoString("step", ""), [] {}, [] {}, nullptr);
+        watched->setChangedCB([fail](bool) { fail(); });
+        stack.addOrExecute(watched);
+        stack.undo();
+        QObject::connect(&stack, &moUndoStack::undoPerformed, &stack, fail);
+        QObject::connect(&stack, &moUndoStack::redoPerformed, &stack, fail);
+        QObject::connect(&stack, &moUndoStack::cleared, &stack, fail);
+        stack.setMessageCallback([](const char*, moMessage&, int) {
+            if (s_ending) std::_Exit(1);
+            return false;
+        });
+    }
+    moUndoStack::endUndo();
+    s_ending = true;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -252,6 +281,8 @@ int main(int argc, char** argv)
         showNothing();
     } else if (how == "late-calls") {
         leaveLateCallers();
+    } else if (how == "late-listeners") {
+        leaveListeners();
     } else if (how == "open-composition") {
         leaveACompositionOpen();
     } else if (how == "no-application") {

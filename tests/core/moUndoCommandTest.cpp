@@ -166,6 +166,20 @@ TEST_F(MergeInterval, ThatIsNegativeHasNoLimit)
     EXPECT_TRUE(older->canMergeWith(newer.get()));
 }
 
+TEST_F(MergeInterval, IsInSecondsHoweverLong)
+{
+    double between = 0.0;
+    for (const double seconds : {61.0, 90.0, 1000.0, 86400.0, 1e7}) {
+        SCOPED_TRACE(seconds);
+        const double wait = seconds - between;
+        between = seconds;
+        later(wait).setMergeResponseDelta(std::nextafter(seconds, 0.0));
+        EXPECT_FALSE(older->canMergeWith(newer.get()));
+        newer->setMergeResponseDelta(std::nextafter(seconds, 1e9));
+        EXPECT_TRUE(older->canMergeWith(newer.get()));
+    }
+}
+
 TEST_F(MergeInterval, ThatIsNotANumberHasNoLimit)
 {
     later(1e6).setMergeResponseDelta(std::numeric_limits<double>::quiet_NaN());
@@ -199,6 +213,27 @@ TEST_F(MergeInterval, DoesNotHelpANewerCommandWithMergingDisabled)
     EXPECT_FALSE(older->canMergeWith(newer.get()));
     newer->setMergeResponseDelta(-1.0);
     EXPECT_FALSE(older->canMergeWith(newer.get()));
+}
+
+TEST_F(MergeInterval, IsKeptWhileMergingIsDisabledAndEnabledAgain)
+{
+    for (const bool first : {false, true}) {
+        SCOPED_TRACE(first);
+        older->adoptCreationTime(later(0.0));
+        later(0.75).setMergeResponseDelta(1.0);
+        newer->setMergeEnabled(first);
+        newer->setMergeEnabled(true);
+        EXPECT_TRUE(older->canMergeWith(newer.get())) << "longer than the default";
+        newer->setMergeResponseDelta(0.25);
+        newer->setMergeEnabled(first);
+        newer->setMergeEnabled(true);
+        older->adoptCreationTime(*newer);
+        EXPECT_TRUE(older->canMergeWith(newer.get()));
+        later(0.375).setMergeResponseDelta(0.25);
+        newer->setMergeEnabled(first);
+        newer->setMergeEnabled(true);
+        EXPECT_FALSE(older->canMergeWith(newer.get())) << "shorter than the default";
+    }
 }
 
 TEST_F(MergeInterval, AsksTheNewerCommandOnlyWhetherMergingIsEnabled)

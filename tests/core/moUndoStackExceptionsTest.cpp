@@ -80,6 +80,68 @@ TEST_F(Exceptions, OutOfRedoWhilePushedReachTheCallerAndTheCommandIsDeletedOnce)
     expectTheStackToWork();
 }
 
+/// Brings one undone step, then does what is to be tested, and expects the step's redo to be told as a redo.
+class ExceptionsBeforeARedo : public Exceptions
+{
+protected:
+    template<class Call>
+    void expectTheNextRedoToBeNoPush(Call call)
+    {
+        stack.add(new ProbeCommand("redone later"));
+        stack.undo();
+        call();
+        Trace trace(stack);
+        stack.redo();
+        EXPECT_THAT(trace.take(),
+                    ElementsAre("signal redo \"redone later\"", testing::HasSubstr("index=int:1 added=bool:false")));
+    }
+};
+
+TEST_F(ExceptionsBeforeARedo, OutOfAPushDoNotMakeItAPush)
+{
+    expectTheNextRedoToBeNoPush(
+        [this] { EXPECT_EQ(faultOf([this] { stack.add((new ProbeCommand("a"))->onRedo(fails("redo"))); }), "redo"); });
+}
+
+TEST_F(ExceptionsBeforeARedo, OutOfAPushThatWaitedDoNotMakeItAPush)
+{
+    expectTheNextRedoToBeNoPush([this] {
+        bool broken = true;
+        auto* waits = (new ProbeCommand("a"))->onRedo(fails("redo"));
+        stack.undo();
+        QObject context;
+        QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [&] {
+            if (std::exchange(broken, false)) stack.add(waits);
+        });
+        EXPECT_EQ(faultOf([this] { stack.redo(); }), "redo");
+        QObject::disconnect(&stack, nullptr, &context, nullptr);
+    });
+}
+
+TEST_F(ExceptionsBeforeARedo, OutOfACompositeDoNotMakeItAPush)
+{
+    expectTheNextRedoToBeNoPush([this] {
+        stack.beginMultiCommand("composite", "", true);
+        (new ProbeCommand("a"))->onRedo(fails("redo"));
+        EXPECT_EQ(faultOf([this] { stack.endMultiCommand(); }), "redo");
+    });
+}
+
+TEST_F(ExceptionsBeforeARedo, OutOfARedoDoNotMakeItAPush)
+{
+    bool broken = false;
+    stack.add((new ProbeCommand("a"))->onRedo([&broken] {
+        if (broken) throw Fault("redo");
+    }));
+    stack.undo();
+    broken = true;
+    EXPECT_EQ(faultOf([this] { stack.redo(); }), "redo");
+    broken = false;
+    Trace trace(stack);
+    stack.redo();
+    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"a\"", testing::HasSubstr("added=bool:false")));
+}
+
 TEST_F(Exceptions, OutOfRedoWhilePushedLeaveACommandToItsParent)
 {
     QUndoCommand parent;

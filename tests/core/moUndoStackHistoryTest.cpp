@@ -76,6 +76,18 @@ TEST_F(History, ThatWasClosedComesBackWithTheSameView)
     EXPECT_TRUE(view->isVisible());
 }
 
+TEST_F(History, KeepsTheSizeAndThePlaceThatTheUserGaveItWhenItIsShownAgain)
+{
+    QUndoView* view = shown();
+    view->resize(640, 480);
+    view->move(30, 40);
+    EXPECT_EQ(shown()->size(), QSize(640, 480)) << "while it is shown";
+    EXPECT_EQ(view->pos(), QPoint(30, 40));
+    view->close();
+    EXPECT_EQ(shown()->size(), QSize(640, 480)) << "after it was closed";
+    EXPECT_EQ(view->pos(), QPoint(30, 40));
+}
+
 TEST_F(History, ThatSomebodyDeletedIsMadeAnew)
 {
     delete shown();

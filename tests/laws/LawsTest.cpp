@@ -90,6 +90,21 @@ protected:
         return entry == GetParam().exceptions.end() ? std::string() : entry->second;
     }
 
+    /// Expects the steps of the stack to lead back to the scene that was before the first, and from there forth again.
+    void expectToGoBackTo(const Lines& before)
+    {
+        if (!isUndoable()) return;
+        const Lines after = scene->digest();
+        for (int round = 0; round < 2; ++round) {
+            while (stack.canUndo())
+                stack.undo();
+            EXPECT_EQ(scene->digest(), before);
+            while (stack.canRedo())
+                stack.redo();
+            EXPECT_EQ(scene->digest(), after);
+        }
+    }
+
     std::unique_ptr<SampleScene> scene;
 };
 
@@ -120,7 +135,7 @@ std::vector<Sample> samplesThat(Predicate predicate)
 
 std::string nameOf(const testing::TestParamInfo<Sample>& info)
 {
-    std::string name = info.param.className;
+    std::string name = info.param.className + info.param.form;
     std::replace_if(
         name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
     return name;
@@ -141,7 +156,7 @@ TEST(EveryExportedClass, HasOneRowAndEveryRowIsAnExportedClass)
 {
     std::multiset<std::string> rows;
     for (const Sample& sample : samples())
-        if (sample.commandId) rows.insert(sample.className);
+        if (sample.commandId && sample.form.empty()) rows.insert(sample.className);
     const std::set<std::string> exported = exportedCommandClasses();
     EXPECT_THAT(exported, Not(IsEmpty())) << "the library's symbols could not be read";
     EXPECT_THAT(rows, ElementsAreArray(exported));
@@ -151,7 +166,7 @@ TEST(EveryExportedClass, HasAPositiveIdThatNoOtherClassHas)
 {
     std::set<int> ids;
     for (const Sample& sample : samples()) {
-        if (!sample.commandId) continue;
+        if (!sample.commandId || !sample.form.empty()) continue;
         EXPECT_GT(sample.commandId(), 0) << sample;
         EXPECT_TRUE(ids.insert(sample.commandId()).second) << sample << " has the id of another class";
     }
@@ -265,18 +280,22 @@ TEST_P(MergingClass, LeavesTheSceneAsWithoutMerging)
 
 TEST_P(NeverMergingClass, KeepsTheStepsOfAFastSeriesApart)
 {
+    const Lines before = scene->digest();
     for (int k = 0; k < 3; ++k)
         push(k);
     EXPECT_EQ(stack.size(), 3);
+    expectToGoBackTo(before);
 }
 
 TEST_P(EveryClass, DoesNotMergeWithACommandOnAnotherTarget)
 {
-    execute(scene->other, 0); // both targets are in the same state then
+    execute(scene->other, 0); // both targets have been given the same then
+    const Lines before = scene->digest();
     push(0);
     stack.addOrExecute(GetParam().make(scene->other, 1));
     const bool merged = GetParam().has(Exception::TargetsAreNotCompared);
     EXPECT_EQ(stack.size(), merged ? 1 : 2) << reason(Exception::TargetsAreNotCompared);
+    if (!merged) expectToGoBackTo(before);
 }
 
 TEST_P(MergingClass, DoesNotMergeWithACommandOfAnotherKindThatHasItsId)
@@ -289,6 +308,7 @@ TEST_P(MergingClass, DoesNotMergeWithACommandOfAnotherKindThatHasItsId)
 
 TEST_P(MergingClass, MergesLessThanTheIntervalAfterTheStepBefore)
 {
+    const Lines before = scene->digest();
     push(0);
     clock.advance(interval);
     push(1);
@@ -302,15 +322,32 @@ TEST_P(MergingClass, MergesLessThanTheIntervalAfterTheStepBefore)
     clock.advance(interval);
     push(3);
     EXPECT_EQ(stack.size(), 3);
+    expectToGoBackTo(before);
 }
 
 TEST_P(MergingClass, MergesHoweverLateWithANegativeInterval)
 {
+    const Lines before = scene->digest();
     push(0);
     clock.advance(1e6);
     scene->target.mergeInterval = -1;
     push(1);
     EXPECT_EQ(stack.size(), 1);
+    expectToGoBackTo(before);
+}
+
+TEST_P(MergingClass, TakesItsIntervalInSecondsHoweverLong)
+{
+    const Lines before = scene->digest();
+    scene->target.mergeInterval = 100;
+    push(0);
+    clock.advance(100 - tick);
+    push(1);
+    EXPECT_EQ(stack.size(), 1);
+    clock.advance(100);
+    push(2);
+    EXPECT_EQ(stack.size(), 2);
+    expectToGoBackTo(before);
 }
 
 TEST_P(MergingClass, AsksTheNewerCommandWhetherMergingIsEnabled)
@@ -318,6 +355,7 @@ TEST_P(MergingClass, AsksTheNewerCommandWhetherMergingIsEnabled)
     const bool olderDecides = GetParam().has(Exception::OlderDecidesMerging);
     for (const bool disableOlder : {false, true}) {
         startAnew();
+        const Lines before = scene->digest();
         moUndoCommandBase* const older = make(0);
         setMergingEnabled(*older, !disableOlder);
         stack.addOrExecute(older);
@@ -327,6 +365,7 @@ TEST_P(MergingClass, AsksTheNewerCommandWhetherMergingIsEnabled)
         EXPECT_EQ(stack.size(), disableOlder == olderDecides ? 2 : 1)
             << (disableOlder ? "disabled in the older" : "disabled in the newer") << ' '
             << reason(Exception::OlderDecidesMerging);
+        expectToGoBackTo(before);
     }
 }
 
@@ -517,6 +556,23 @@ TEST_P(EveryClass, AnnouncesItsEditsWithTheDocumentedFieldsAndOrigin)
     EXPECT_THAT(edits.take(), ElementsAreArray(GetParam().edits));
 }
 
+TEST_P(EveryClass, WritesAnewAndAnnouncesWhatIsSoAlready)
+{
+    // Two alike that were made on the same scene: the first leaves the second nothing to change.
+    moUndoCommandBase* const before = make(0);
+    moUndoCommandBase* const alike = make(0);
+    setMergingEnabled(*before, false);
+    setMergingEnabled(*alike, false);
+    stack.addOrExecute(before);
+    EditTrace edits;
+    scene->nameIn(edits);
+    Trace trace(stack);
+    stack.addOrExecute(alike);
+    EXPECT_EQ(stack.size(), 2);
+    EXPECT_THAT(edits.take(), ElementsAreArray(GetParam().againEdits));
+    EXPECT_EQ(trace.take().size(), 2U) << "the signal and the message";
+}
+
 TEST_P(EveryClass, AnnouncesEveryFieldThatItWrites)
 {
     // From both sides: "container.field" of each line that differs, and of each field in a notification.
@@ -704,9 +760,26 @@ TEST_P(EveryPlace, InAMacro)
 
 TEST_P(EveryPlace, OnTheSecondStack)
 {
+    stack.addOrExecute(new ProbeCommand("of the first stack"));
+    const std::string first = describe(stack);
+    Trace trace(stack);
     second.addOrExecute(make(0));
-    EXPECT_TRUE(stack.isEmpty());
     expectOneStep(second);
+    EXPECT_EQ(describe(stack), first);
+    EXPECT_THAT(trace.take(), IsEmpty()) << "what happens on the other one is not told";
+}
+
+TEST_P(EveryPlace, OnTheFirstStackWhileTheSecondHasStepsOfItsOwn)
+{
+    second.addOrExecute(new ProbeCommand("of the second stack"));
+    second.addOrExecute(new ProbeCommand("undone"));
+    second.undo();
+    const std::string other = describe(second);
+    Trace trace(second);
+    push(0);
+    expectOneStep(stack);
+    EXPECT_EQ(describe(second), other);
+    EXPECT_THAT(trace.take(), IsEmpty());
 }
 
 TEST_P(EveryPlace, OnNoStackWhileRecordingIsOff)

@@ -47,20 +47,47 @@ void placeSomewhere(const osg::Transform3DPtr& transform, float first)
     transform->setTranslation(osg::Vec3f(first, first + 1, first + 2));
     transform->setEulerRotation(osg::Vec3f(10 * first, 20, 30));
     transform->setRotatePivot(osg::Vec3f(first, 0.5f, 0.25f));
+    transform->setRotatePivotTranslation(osg::Vec3f(first, 0.75f, 0.125f));
     transform->setScale(osg::Vec3f(1, 2, first + 1));
+    transform->setScalePivot(osg::Vec3f(first, 1.5f, 1.25f));
+    transform->setScalePivotTranslation(osg::Vec3f(first, 1.75f, 1.125f));
+    transform->setShear(osg::Vec3f(first / 8, 0.25f, 0.5f));
     osg::changedCP(transform, osg::Transform3D::EulerRotationFieldMask);
 }
 
-void addVariants(const osg::NodePtr& node)
+/// What a transform has in common with most others: where its rotation comes from.
+void turnInItsOwnWay(const osg::Transform3DPtr& transform, int number)
+{
+    static constexpr const char* orders[] = {"YZX", "ZXY", "XZY"};
+    const auto first = static_cast<float>(number + 1);
+    transform->setEulerRotationOrientation(osg::Vec3f(first, 2 * first, 3 * first));
+    transform->setEulerRotationOrder(orders[number]);
+    transform->setRotationDirection(osg::Vec3f(first, 1, 2));
+    transform->setRotationMode(number + 1);
+    transform->setSupposedState(number + 10);
+    osg::changedCP(transform, osg::Transform3D::EulerRotationOrderFieldMask);
+}
+
+void addVariants(const osg::NodePtr& node, float shift)
 {
     moNodeUtils::createTransformVariantsAttachment(node);
     for (int i = 0; i < 3; ++i) {
         const osg::TransformVariantPtr variant = osg::TracedTransformVariant::create();
         variant->setName("variant " + std::to_string(i));
-        variant->setTransform(osg::Transform3D::create());
-        placeSomewhere(variant->getTransform(), static_cast<float>(i + 4));
+        variant->setTransform(osg::TracedTransform3D::create());
+        placeSomewhere(variant->getTransform(), static_cast<float>(i + 4) + shift);
+        turnInItsOwnWay(variant->getTransform(), i);
         moNodeUtils::insertTransformVariant(node, static_cast<osg::UInt64>(i), variant);
     }
+}
+
+void shine(const osg::UberLightPtr& light, float first)
+{
+    light->setDiffuse(osg::Color3f(first / 64, first / 32, 0.5f));
+    light->setGlossy(osg::Color3f(0.5f, first / 64, first / 32));
+    light->setAttenuationDistance(first + 2);
+    light->setConeAngle(first + 40);
+    light->setPenumbraAngle(first + 4);
 }
 
 template<class Container>
@@ -73,56 +100,97 @@ void traceEdits(const Container& container)
 
 } // namespace
 
-SampleTarget::SampleTarget(std::string prefix) : m_prefix(std::move(prefix))
+SampleTarget::SampleTarget(std::string prefix, int shift) : m_prefix(std::move(prefix))
 {
     action.setCheckable(true);
+    const auto by = static_cast<float>(shift);
 
-    const osg::NodePtr box = hold("node", makeNode("box", osg::TracedTransform3D::create()));
-    placeSomewhere(osg::Transform3DPtr::dcast(box->getCore()), 1);
-    addVariants(box);
+    const osg::NodePtr box = hold("node", makeNode(m_prefix + "box", osg::TracedTransform3D::create()));
+    placeSomewhere(osg::Transform3DPtr::dcast(box->getCore()), by + 1);
+    addVariants(box, by);
     hold("variant", moNodeUtils::getTransformVariant(box, 0));
+    hold("sibling", moNodeUtils::getTransformVariant(box, 1));
 
     const auto tagList = hold("tags", osg::TracedTagAttachment::create());
-    tagList->getMFUserTags()->push_back("old");
-    tagList->getMFSystemTags()->push_back("locked");
-    tagList->getMFTagStamps()->push_back(1);
+    tagList->getMFUserTags()->push_back(m_prefix + "old");
+    tagList->getMFSystemTags()->push_back(m_prefix + "locked");
+    tagList->getMFTagStamps()->push_back(static_cast<osg::UInt64>(shift) + 1);
     box->addAttachment(tagList);
 
-    const osg::NodePtr plain = hold("bare", makeNode("plain", osg::TracedTransform3D::create()));
+    const osg::NodePtr plain = hold("bare", makeNode(m_prefix + "plain", osg::TracedTransform3D::create()));
 
-    const osg::NodePtr lamp = hold("light", makeNode("lamp", osg::TracedUberLight::create()));
+    const osg::NodePtr lamp = hold("light", makeNode(m_prefix + "lamp", osg::TracedUberLight::create()));
     const auto flare = hold("effect", osg::TracedLensFlareEffect::create());
     const auto ghosts = hold("line", osg::TracedLensFlareGhostLine::create());
+    shine(lightCore(), by + 1);
     moLights::changeLightType(lamp, "Area");
-    lightCore()->setScale(osg::Vec3f(2, 3, 1));
+    lightCore()->setScale(osg::Vec3f(by + 2, 3, 1));
     osg::changedCP(lightCore(), osg::Transform3D::ScaleFieldMask);
-    moLights::setLightValue(lamp, 40);
-    moLights::setLightProfile(lamp, "lamp.ies", 250);
+    moLights::setLightValue(lamp, by + 40);
+    moLights::setLightProfile(lamp, (m_prefix + "lamp.ies").c_str(), by + 250);
     moLights::setLensFlareEffect(lamp, flare);
+    flare->setSize(by + 2);
+    flare->setIntensity(by + 3);
     for (int i = 0; i < 3; ++i) {
         flare->addElement(osg::LensFlareElement::create());
+        flare->getElements().back()->setSize(by + static_cast<float>(i));
         ghosts->addGhost(osg::LensFlareGhost::create());
+        ghosts->getGhosts().back()->setPosition(by + static_cast<float>(i));
     }
-    hold("set", osg::TracedLightLinkSet::create())->addSceneNode(box);
+
+    const osg::NodePtr torch = hold("spot", makeNode(m_prefix + "torch", osg::TracedUberLight::create()));
+    shine(spotCore(), by + 5);
+    moLights::changeLightType(torch, "Spot");
+    moLights::setLightValue(torch, by + 60);
+    spotCore()->UberLightBase::setAttenuation(osg::UberLight::QuadraticAttenuation);
+    spotCore()->setOn(false);
+    spotCore()->setLightVisualizationVisible(false);
+    spotCore()->setVisibilityReference(box);
+    box->setExternalFlags(0x10);
+
+    const auto links = hold("set", osg::TracedLightLinkSet::create());
+    links->addSceneNode(box);
+    links->addLight(lamp);
+    links->addLight(plain);
 
     const auto paint = hold("material", osg::TracedUberMaterial::create());
-    paint->addColorComponent(hold("settings", osg::TracedColorComponentSettings::create()));
+    const auto colour = hold("settings", osg::TracedColorComponentSettings::create());
+    colour->setRed(by + 2);
+    colour->setGreen(by + 3);
+    paint->addColorComponent(colour);
     osg::changedCP(paint, osg::UberMaterial::ColorComponentsFieldMask);
-    hold("component", osg::TracedColorComponentSettings::create());
+    hold("component", osg::TracedColorComponentSettings::create())->setRed(by + 4);
     hold("glass", osg::TracedUBRDFMaterial::create());
-    hold("sky", osg::TracedUberMaterial::create());
+    const auto day = hold("sky", osg::TracedUberMaterial::create());
+    hold("mirror", osg::TracedUBRDFMaterial::create())->setEnvironment(day);
 
     const auto constraint = hold("aim", osg::TracedAimConstraint::create());
-    constraint->addSource(box, 0.25f);
-    constraint->addSource(plain, 0.75f);
-    constraint->addUpVectorSource(plain, 0.5f);
+    constraint->addSource(box, by + 0.25f);
+    constraint->addSource(plain, by + 0.75f);
+    constraint->addUpVectorSource(plain, by + 0.5f);
+    const auto second = hold("gaze", osg::TracedAimConstraint::create());
+    second->addSource(plain, by + 2);
+    second->addUpVectorSource(plain, by + 3);
+    second->createTarget(plain);
 
     const auto singles = hold("values", osg::AllSingleFields::create());
+    singles->setSingleInt8(static_cast<osg::Int8>(shift + 70));
+    singles->setSingleUInt8(static_cast<osg::UInt8>(shift + 71));
+    singles->setSingleInt16(static_cast<osg::Int16>(shift + 72));
+    singles->setSingleUInt16(static_cast<osg::UInt16>(shift + 73));
+    singles->setSingleInt32(shift + 74);
+    singles->setSingleUInt32(static_cast<osg::UInt32>(shift) + 75);
+    singles->setSingleInt64((osg::Int64(1) << 40) + shift);
+    singles->setSingleUInt64((osg::UInt64(1) << 41) + static_cast<osg::UInt64>(shift));
+    singles->setSingleReal32(by + 0.5f);
+    singles->setSingleReal64(by + 0.25f);
+    singles->setSingleString(m_prefix + "text");
+    singles->setSecondInt32(shift == 0 ? 0 : 1);
     singles->setSingleImagePtr(makeImage({0}));
     osg::addRefCP(singles->getSingleImagePtr()); // the field's own
     traceEdits(singles);
     const auto multis = hold("lists", osg::AllMultiFields::create());
-    multis->getMFMultiString()->push_back("one");
+    multis->getMFMultiString()->push_back(m_prefix + "one");
     traceEdits(multis);
 }
 
@@ -132,9 +200,9 @@ SampleTarget::~SampleTarget()
         destroy(role);
 }
 
-osg::UberLightPtr SampleTarget::lightCore() const
+osg::UberLightPtr SampleTarget::coreOf(const osg::NodePtr& light)
 {
-    return light() ? osg::UberLightPtr::dcast(light()->getCore()) : osg::UberLightPtr();
+    return light ? osg::UberLightPtr::dcast(light->getCore()) : osg::UberLightPtr();
 }
 
 std::vector<std::string> SampleTarget::roles() const
@@ -157,17 +225,24 @@ void SampleTarget::destroy(const std::string& role)
 /// What the application does before it gives a container up: others must not be left with a handle of it.
 void SampleTarget::detach(const std::string& role)
 {
-    if (const auto asNode = osg::NodePtr::dcast(container(role)); asNode && set()) set()->subSceneNode(asNode);
-    if (role == "variant" && node()) {
+    if (const auto asNode = osg::NodePtr::dcast(container(role)); asNode && set()) {
+        set()->subSceneNode(asNode);
+        set()->subLight(asNode);
+    }
+    if (const auto asVariant = osg::TransformVariantPtr::dcast(container(role)); asVariant && node()) {
         for (osg::UInt64 i = 0; i < moNodeUtils::getTransformVariantCount(node()); ++i)
-            if (moNodeUtils::getTransformVariant(node(), i) == variant())
+            if (moNodeUtils::getTransformVariant(node(), i) == asVariant)
                 moNodeUtils::removeTransformVariant(node(), i);
     }
+    if (role == "node" && spotCore()) spotCore()->setVisibilityReference(osg::NullFC);
     if (role == "tags" && node()) node()->subAttachment(tags());
     if (role == "bare" && lightCore()) lightCore()->setVisibilityReference(osg::NullFC);
     if (role == "effect" && lightCore()) lightCore()->setLensFlareEffect(osg::NullFC);
     if (role == "settings" && material()) material()->subColorComponent(settings());
-    if (role == "sky" && glass()) glass()->setEnvironment(osg::NullFC);
+    if (role == "sky") {
+        for (const osg::UBRDFMaterialPtr& shining : {glass(), mirror()})
+            if (shining) shining->setEnvironment(osg::NullFC);
+    }
     if (role == "values") {
         // The field's own; the image's handle goes with the field.
         osg::ImagePtr image = values()->getSingleImagePtr();
@@ -184,6 +259,8 @@ std::vector<std::pair<std::string, osg::FieldContainerPtr>> SampleTarget::named(
         names.emplace_back(m_prefix + role, container);
         if (const auto asNode = osg::NodePtr::dcast(container))
             names.emplace_back(m_prefix + role + " core", asNode->getCore());
+        if (const auto asVariant = osg::TransformVariantPtr::dcast(container))
+            names.emplace_back(m_prefix + role + " core", asVariant->getTransform());
     }
     return names;
 }

@@ -31,25 +31,33 @@ class EditTrace;
 ///     role        what it is
 ///     node        a node with a transform, three transform variants and tags
 ///     variant     the first of these variants
+///     sibling     the second of them
 ///     tags        the tags of the node
 ///     bare        a node with a transform and nothing else
 ///     light       a node with an area light, in lumen, with a profile and a lens flare effect
-///     effect      that effect, with three elements
+///     spot        a node with another light, whose visibility reference the node is
+///     effect      the effect of the light, with three elements
 ///     line        a ghost line with three ghosts
-///     set         a light link set with one scene node
+///     set         a light link set with one scene node (node) and two lights (light, bare)
 ///     material    a material with one colour
 ///     settings    that colour
 ///     component   a colour that belongs to no material
 ///     glass       a material that can have an environment
 ///     sky         a material to be that environment
+///     mirror      a material that has it
 ///     aim         an aim constraint with two sources (node, bare) and an up-vector source (bare)
+///     gaze        an aim constraint whose only source, up-vector source and target is bare
 ///     values      a container with a single field of each type
 ///     lists       a container with a multi field of each type
+///
+/// No two places that one command could take for one another hold the same value: the node's transform and its variants
+/// differ in every component that a variant has, and so do the two lights, the colours, and the two targets of a scene.
 class SampleTarget
 {
 public:
     /// \param prefix  stands before each role in digests and traces.
-    explicit SampleTarget(std::string prefix);
+    /// \param shift   by how much its numbers differ from those of a target with shift 0.
+    SampleTarget(std::string prefix, int shift);
     ~SampleTarget();
     SampleTarget(const SampleTarget&) = delete;
     SampleTarget& operator=(const SampleTarget&) = delete;
@@ -57,9 +65,11 @@ public:
     // Null once destroyed.
     osg::NodePtr node() const { return get<osg::NodePtr>("node"); }
     osg::TransformVariantPtr variant() const { return get<osg::TransformVariantPtr>("variant"); }
+    osg::TransformVariantPtr sibling() const { return get<osg::TransformVariantPtr>("sibling"); }
     osg::TagAttachmentPtr tags() const { return get<osg::TagAttachmentPtr>("tags"); }
     osg::NodePtr bare() const { return get<osg::NodePtr>("bare"); }
     osg::NodePtr light() const { return get<osg::NodePtr>("light"); }
+    osg::NodePtr spot() const { return get<osg::NodePtr>("spot"); }
     osg::LensFlareEffectPtr effect() const { return get<osg::LensFlareEffectPtr>("effect"); }
     osg::LensFlareGhostLinePtr line() const { return get<osg::LensFlareGhostLinePtr>("line"); }
     osg::LightLinkSetPtr set() const { return get<osg::LightLinkSetPtr>("set"); }
@@ -68,10 +78,13 @@ public:
     osg::ColorComponentSettingsPtr component() const { return get<osg::ColorComponentSettingsPtr>("component"); }
     osg::UBRDFMaterialPtr glass() const { return get<osg::UBRDFMaterialPtr>("glass"); }
     osg::MaterialPtr sky() const { return get<osg::MaterialPtr>("sky"); }
+    osg::UBRDFMaterialPtr mirror() const { return get<osg::UBRDFMaterialPtr>("mirror"); }
     osg::AimConstraintPtr aim() const { return get<osg::AimConstraintPtr>("aim"); }
+    osg::AimConstraintPtr gaze() const { return get<osg::AimConstraintPtr>("gaze"); }
     osg::AllSingleFieldsPtr values() const { return get<osg::AllSingleFieldsPtr>("values"); }
     osg::AllMultiFieldsPtr lists() const { return get<osg::AllMultiFieldsPtr>("lists"); }
-    osg::UberLightPtr lightCore() const;
+    osg::UberLightPtr lightCore() const { return coreOf(light()); }
+    osg::UberLightPtr spotCore() const { return coreOf(spot()); }
 
     /// What is no container: a number for commands that are made of functions, and a receiver of method calls.
     int counter = 0;
@@ -87,7 +100,7 @@ public:
     std::vector<std::string> roles() const;
     osg::FieldContainerPtr container(const std::string& role) const { return get<osg::FieldContainerPtr>(role); }
 
-    /// The name of each container that has one: the roles, and the cores of the nodes.
+    /// The name of each container that has one: the roles, and the cores of the nodes and variants.
     std::vector<std::pair<std::string, osg::FieldContainerPtr>> named() const;
 
 private:
@@ -104,20 +117,21 @@ private:
         m_held.emplace_back(role, container);
         return container;
     }
+    static osg::UberLightPtr coreOf(const osg::NodePtr& light);
     void detach(const std::string& role);
 
     std::string m_prefix;
     std::vector<std::pair<std::string, osg::FieldContainerRefPtr>> m_held;
 };
 
-/// A fresh private scene: a target for the commands under test, and a second, equal one beside it.
+/// A fresh private scene: a target for the commands under test, and beside it a second one, of other values.
 ///
 /// It must outlive the commands that were made on it: those made of functions write to it.
 class SampleScene
 {
 public:
-    SampleTarget target{""};
-    SampleTarget other{"other "};
+    SampleTarget target{"", 0};
+    SampleTarget other{"other ", 20};
 
     /// Every value of every field that can be reached, one line each: `node core.translation = 0 0 0`. Exact: a
     /// number's text is the shortest that gives the very same number again. Containers appear under their role or

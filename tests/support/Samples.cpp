@@ -178,6 +178,17 @@ moUndoCommandBase* setSet(Target& t, int k)
     return new moAddNodeToLightLinkSetUndoCommand(t.set(), node, 0, remove, nullptr);
 }
 
+/// Takes a light out, or puts one in where there is none.
+moUndoCommandBase* takeLightOut(Target& t, int k)
+{
+    if (!t.set()) return new moAddNodeToLightLinkSetUndoCommand(osg::NullFC, t.node(), 3, true, nullptr);
+    const auto& lights = t.set()->getLights();
+    const bool remove = k % 3 != 2 && !lights.empty();
+    const osg::NodePtr node =
+        remove ? lights.front() : nodeNotIn(t, [&](const auto& candidate) { return contains(lights, candidate); });
+    return new moAddNodeToLightLinkSetUndoCommand(t.set(), node, 3, remove, nullptr);
+}
+
 /// Undo forgets a target that was there before, so there is a new one only where there is none.
 moUndoCommandBase* setTarget(Target& t, int)
 {
@@ -192,15 +203,30 @@ moUndoCommandBase* setVisibilityReference(Target& t, int)
     return new moAddNodeAsVisibilityReferenceUndoCommand(t.lightCore(), t.bare(), remove, nullptr);
 }
 
+/// On a light that has one.
+moUndoCommandBase* takeVisibilityReference(Target& t, int)
+{
+    const bool remove = t.spotCore() && t.spotCore()->getVisibilityReference() != osg::NullFC;
+    return new moAddNodeAsVisibilityReferenceUndoCommand(t.spotCore(), t.node(), remove, nullptr);
+}
+
 template<class Command>
-moUndoCommandBase* tag(Target& t, const std::string& name, osg::MFString list)
+moUndoCommandBase* tag(Target& t, const std::string& name, osg::MFString list,
+                       osg::UInt32 field = osg::TagAttachment::UserTagsFieldId)
 {
     osg::MFUInt64 before;
     if (t.tags()) before = t.tags()->getTagStamps();
     osg::MFUInt64 after = before;
     after.push_back(after.size() + 1);
-    return new Command(text, t.node(), osg::TagAttachment::UserTagsFieldMask, osg::TagAttachment::UserTagsFieldId, name,
-                       &list, before, after);
+    return new Command(text, t.node(), osg::BitVector(1) << field, field, name, &list, before, after);
+}
+
+moUndoCommandBase* addSystemTag(Target& t, int k)
+{
+    osg::MFString list;
+    if (t.tags()) list = t.tags()->getSystemTags();
+    list.push_back(word(k));
+    return tag<moAddTagUndoCommand>(t, word(k), list, osg::TagAttachment::SystemTagsFieldId);
 }
 
 moUndoCommandBase* addTag(Target& t, int k)
@@ -269,7 +295,32 @@ Sample row(Merging merging, const char* target, const char* others, const char* 
 {
     int (*commandId)() = nullptr;
     if constexpr (!std::is_same_v<Command, moGenericFunctionUndoCommand>) commandId = &Command::commandId;
-    return {demangled(typeid(Command).name()), commandId, merging, target, others, messageKeys, edits, edits, make, {}};
+    return {demangled(typeid(Command).name()),
+            "",
+            commandId,
+            merging,
+            target,
+            others,
+            messageKeys,
+            edits,
+            edits,
+            edits,
+            make,
+            {}};
+}
+
+/// A further row of a class.
+Sample in(const char* form, Sample sample)
+{
+    sample.form = form;
+    return sample;
+}
+
+/// What is announced where nothing is left to change, if that is not what is announced otherwise.
+Sample again(Sample sample, Lines edits)
+{
+    sample.againEdits = std::move(edits);
+    return sample;
 }
 
 Sample undoing(Sample sample, Lines edits)
@@ -306,6 +357,12 @@ Sample transformRow(const char* edit, Sample::Make make)
 }
 
 template<class Command>
+Sample variantRow(const char* edit, Sample::Make make)
+{
+    return in("of a variant", row<Command>(merges, "node", "sibling", transformKeys, {edit}, make));
+}
+
+template<class Command>
 Sample lightRow(const char* edit, Sample::Make make)
 {
     return row<Command>(merges, "light", "", lightKeys, {edit}, make);
@@ -339,6 +396,10 @@ std::vector<Sample> makeSamples()
     fieldRow<double>        ("values singleReal64 1", MAKE { return setField(t.values(), "singleReal64", double(number(k)), t); }),
     row<moBoolFieldUndoCommand>(never, "values", "", fieldKeys, {"values singleBool 1"},
         MAKE { return new moBoolFieldUndoCommand(text, t.values(), "singleBool", onOff(k)); }),
+    in("by id", row<moBoolFieldUndoCommand>(never, "values", "", fieldKeys, {"values singleBool 1"},
+        MAKE { return new moBoolFieldUndoCommand(text, t.values(), osg::AllSingleFields::SingleBoolFieldId, onOff(k)); })),
+    in("of an integer", row<moBoolFieldUndoCommand>(never, "values", "", fieldKeys, {"values secondInt32 1"},
+        MAKE { return new moBoolFieldUndoCommand(t.values(), "secondInt32", onOff(k)); })),
     except(undoing(row<moInvokeBoolFieldUndoCommand>(never, "values", "", fieldKeys, {"values singleBool 1"},
         MAKE { return new moInvokeBoolFieldUndoCommand(text, t.values(), "singleBool", onOff(k), &t.action, "setChecked(bool)"); }),
         {}),
@@ -346,11 +407,16 @@ std::vector<Sample> makeSamples()
     except(row<moStringFieldUndoCommand>(merges, "values", "", fieldKeys, {"values singleString 1"},
         MAKE { return new moStringFieldUndoCommand(text, t.values(), "singleString", word(k)); }),
         Exception::TargetsAreNotCompared, "what merges is a text that starts where the last one ended"),
+    except(in("by id", row<moStringFieldUndoCommand>(merges, "values", "", fieldKeys, {"values singleString 1"},
+        MAKE { return new moStringFieldUndoCommand(t.values(), osg::AllSingleFields::SingleStringFieldId, word(k)); })),
+        Exception::TargetsAreNotCompared, "what merges is a text that starts where the last one ended"),
     except(row<moStringsFieldUndoCommand>(merges, "lists", "", fieldKeys, {"lists multiString 1"},
         MAKE { osg::MFString list; list.push_back(word(k)); list.push_back("last"); return new moStringsFieldUndoCommand(text, t.lists(), "multiString", list); }),
         Exception::TargetsAreNotCompared, "what merges is a list that starts where the last one ended"),
     row<moImageFieldUndoCommand>(never, "values", "", fieldKeys, {"values singleImagePtr 1"},
         MAKE { return new moImageFieldUndoCommand(t.values(), "singleImagePtr", makeImage({static_cast<osg::UInt8>(k % 250 + 1)})); }),
+    in("by id", row<moImageFieldUndoCommand>(never, "values", "", fieldKeys, {"values singleImagePtr 1"},
+        MAKE { return new moImageFieldUndoCommand(t.values(), osg::AllSingleFields::SingleImagePtrFieldId, makeImage({static_cast<osg::UInt8>(k % 250 + 1)})); })),
 
     // --- transform
     transformRow<moTranslationUndoCommand>             ("node core translation 1",              MAKE { return new moTranslationUndoCommand(t.node(), vec(k), false, nullptr, {}, -1); }),
@@ -364,10 +430,21 @@ std::vector<Sample> makeSamples()
     transformRow<moRotationPivotDirectionUndoCommand>  ("node core rotationDirection|rotationDirectionMode 1",       MAKE { return new moRotationPivotDirectionUndoCommand(t.node(), vec(k), 0, false, nullptr, -1); }),
     transformRow<moShearUndoCommand>                   ("node core shear 1",                    MAKE { return new moShearUndoCommand(t.node(), vec(k), nullptr); }),
     transformRow<moEulerRotationOrderUndoCommand>      ("node core eulerRotationOrder 1",       MAKE { return new moEulerRotationOrderUndoCommand(t.node(), order(k), nullptr, {}, -1); }),
+    variantRow<moTranslationUndoCommand>             ("sibling core translation 1",              MAKE { return new moTranslationUndoCommand(t.node(), vec(k), false, nullptr, {}, 1); }),
+    variantRow<moRotationUndoCommand>                ("sibling core eulerRotation 1",            MAKE { return new moRotationUndoCommand(t.node(), vec(k), nullptr, {}, 1); }),
+    variantRow<moScaleUndoCommand>                   ("sibling core scale 1",                    MAKE { return new moScaleUndoCommand(t.node(), vec(k), nullptr, {}, 1); }),
+    variantRow<moScalePivotUndoCommand>              ("sibling core scalePivot 1",               MAKE { return new moScalePivotUndoCommand(t.node(), vec(k), false, nullptr, 1); }),
+    variantRow<moRotationPivotUndoCommand>           ("sibling core rotatePivot 1",              MAKE { return new moRotationPivotUndoCommand(t.node(), vec(k), false, nullptr, 1); }),
+    variantRow<moScalePivotTranslationUndoCommand>   ("sibling core scalePivotTranslation 1",    MAKE { return new moScalePivotTranslationUndoCommand(t.node(), vec(k), nullptr, 1); }),
+    variantRow<moRotationPivotTranslationUndoCommand>("sibling core rotatePivotTranslation 1",   MAKE { return new moRotationPivotTranslationUndoCommand(t.node(), vec(k), nullptr, 1); }),
+    variantRow<moRotationPivotOrientationUndoCommand>("sibling core eulerRotationOrientation 1", MAKE { return new moRotationPivotOrientationUndoCommand(t.node(), vec(k), nullptr, 1); }),
+    variantRow<moRotationPivotDirectionUndoCommand>  ("sibling core rotationDirection|rotationDirectionMode 1",       MAKE { return new moRotationPivotDirectionUndoCommand(t.node(), vec(k), 0, false, nullptr, 1); }),
+    variantRow<moEulerRotationOrderUndoCommand>      ("sibling core eulerRotationOrder 1",       MAKE { return new moEulerRotationOrderUndoCommand(t.node(), order(k), nullptr, {}, 1); }),
     row<moRotationAsQuaternionUndoCommand>(merges, "node", "", "transformCommand=bool", {"node core rotation 1"},
         MAKE { return new moRotationAsQuaternionUndoCommand(text, t.node(), quaternion(k), nullptr); }),
-    row<moAddTransformVariantUndoCommand>(never, "bare", "", "", {"bare attachments 1"},
+    again(row<moAddTransformVariantUndoCommand>(never, "bare", "", "", {"bare attachments 1"},
         MAKE { return new moAddTransformVariantUndoCommand(t.bare(), newVariant(k), static_cast<std::uint64_t>(variantCount(t.bare())), nullptr, [](auto&&...) {}); }),
+        {}), // the list is there by then
     row<moRemoveTransformSwitchVariantUndoCommand>(never, "node", "variant", "", {},
         MAKE { return new moRemoveTransformSwitchVariantUndoCommand(t.node(), variantIndex(t.node(), k), nullptr, [](auto&&...) {}); }),
     row<moTransformVariantMoveCommand>(never, "node", "variant", "", {}, moveVariant),
@@ -380,6 +457,11 @@ std::vector<Sample> makeSamples()
          "node core translation|eulerRotation|eulerRotationOrder|eulerRotationOrientation|rotationDirection|rotationDirectionMode|"
          "rotatePivot|rotatePivotTranslation|scale|scalePivot|scalePivotTranslation|rotationMode 1"},
         MAKE { return new moApplyTransformationVariantUndoCommand(t.node(), static_cast<int>(variantIndex(t.node(), k)), false, nullptr, {}); }),
+    in("from the second on", row<moApplyTransformationVariantUndoCommand>(never, "node", "sibling", "",
+        {"node core supposedState 1",
+         "node core translation|eulerRotation|eulerRotationOrder|eulerRotationOrientation|rotationDirection|rotationDirectionMode|"
+         "rotatePivot|rotatePivotTranslation|scale|scalePivot|scalePivotTranslation|rotationMode 1"},
+        MAKE { return new moApplyTransformationVariantUndoCommand(t.node(), static_cast<int>(variantIndex(t.node(), k + 1)), false, nullptr, {}); })),
 
     // --- light
     lightRow<moLightDiffuseUndoCommand>        ("light core diffuse 1",                   MAKE { return new moLightDiffuseUndoCommand(t.light(), vec(k), nullptr); }),
@@ -407,8 +489,10 @@ std::vector<Sample> makeSamples()
     except(row<moSetLensFlareEffectCommand>(never, "effect", "light", lightKeys, {"effect everything 1"},
         MAKE { return new moSetLensFlareEffectCommand(newEffect(t, k), t.effect(), nullptr); }),
         Exception::HoldsTarget, "source, target and backup belong together"),
-    row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set sceneNodes 1"}, setSet),
+    again(row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set sceneNodes 1"}, setSet), {}),
+    again(in("taking lights out", row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set lights 1"}, takeLightOut)), {}),
     row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "light", "bare", "lightCommand=uint", {"light core visibilityReference 1", "bare externalFlags 1"}, setVisibilityReference),
+    in("taken away", row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "spot", "node", "lightCommand=uint", {"spot core visibilityReference 1", "node externalFlags 1"}, takeVisibilityReference)),
 
     // --- material
     row<moMaterialUndoCommand>(merges, "settings", "material", "container=uint material=uint componentSettings=uint",
@@ -422,9 +506,14 @@ std::vector<Sample> makeSamples()
         Exception::OlderDecidesMerging, "a composite is asked whether others may be merged into it"),
     row<moSetEnvironmentUndoCommand>(never, "glass", "sky", "material=uint", {"glass environment 1"},
         MAKE { return new moSetEnvironmentUndoCommand(t.glass(), onOff(k) ? t.sky() : osg::MaterialPtr(), nullptr); }),
+    in("taken away", row<moSetEnvironmentUndoCommand>(never, "mirror", "sky", "material=uint", {"mirror environment 1"},
+        MAKE { return new moSetEnvironmentUndoCommand(t.mirror(), onOff(k) ? osg::MaterialPtr() : t.sky(), nullptr); })),
 
     // --- tag
     except(except(row<moAddTagUndoCommand>(never, "node", "tags", "", {"tags userTags 1", "tags userTags 1"}, addTag),
+        Exception::AnnouncesOtherFields, "the stamps are edited under the mask of the tags"),
+        Exception::HoldsTarget, "tags are given back even to a node that is in the scene no more"),
+    except(except(in("of the system", row<moAddTagUndoCommand>(never, "node", "tags", "", {"tags systemTags 1", "tags systemTags 1"}, addSystemTag)),
         Exception::AnnouncesOtherFields, "the stamps are edited under the mask of the tags"),
         Exception::HoldsTarget, "tags are given back even to a node that is in the scene no more"),
     except(except(row<moSubTagUndoCommand>(never, "node", "tags", "", {"tags userTags 1", "tags userTags 1"}, subTag),
@@ -444,6 +533,8 @@ std::vector<Sample> makeSamples()
     row<moSetConstraintTargetUndoCommand>(never, "aim", "bare", "", {"aim target 1"}, setTarget),
     row<moDeleteConstraintReferenceUndoCommand>(never, "aim", "light bare node", "", {"aim sources 1", "aim upVectorSources 1"},
         MAKE { return new moDeleteConstraintReferenceUndoCommand((void(k), t.aim()), lastSource(t), nullptr); }),
+    in("of every role", row<moDeleteConstraintReferenceUndoCommand>(never, "gaze", "bare", "", {"gaze sources 1", "gaze upVectorSources 1", "gaze target 1"},
+        MAKE { return new moDeleteConstraintReferenceUndoCommand((void(k), t.gaze()), {t.bare()}, nullptr); })),
     };
 }
 // clang-format on
@@ -461,7 +552,7 @@ moUndoCommandBase* Sample::make(SampleTarget& of, int k) const
 
 std::ostream& operator<<(std::ostream& stream, const Sample& sample)
 {
-    return stream << sample.className;
+    return stream << sample.className << (sample.form.empty() ? "" : " ") << sample.form;
 }
 
 const std::vector<Sample>& samples()

@@ -27,7 +27,8 @@ enum class Exception
     HoldsTarget            ///< the target lives as long as the command
 };
 
-/// One concrete command class and all that its laws need to know of it.
+/// One concrete command class and all that its laws need to know of it. A class that is used in several forms (of a
+/// variant, of another list, in the other direction) has a row without a form and one for each other form.
 ///
 /// `make(target, k)` gives the k-th command of a series on the target, in the state that the target is in: it can be
 /// called at any time and with any k from 0 on, and each command really changes something if it is the first on a fresh
@@ -38,6 +39,7 @@ struct Sample
     using Make = moUndoCommandBase* (*)(SampleTarget& target, int k);
 
     std::string className; ///< as the library exports it
+    std::string form;      ///< what tells its row from the class's others; empty for the first
     int (*commandId)();    ///< null for a class without an id of its own
     Merging merging;
     std::string target;                 ///< the role without which the command can do nothing; empty if there is none
@@ -45,6 +47,8 @@ struct Sample
     std::string messageKeys;            ///< with their types, what follows "id": `node=uint transformCommand=bool`
     std::vector<std::string> edits;     ///< of the first redo on a fresh target: what EditTrace tells
     std::vector<std::string> undoEdits; ///< of its undo
+    std::vector<std::string>
+        againEdits; ///< of a second one alike, after the first: the scene is as it wants it already
     Make makeCommand;
     std::map<Exception, std::string> exceptions; ///< with the reason
 

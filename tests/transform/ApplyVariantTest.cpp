@@ -110,6 +110,21 @@ TEST_F(ApplyVariant, GoesBackToTheSupposedStateThatWasThere)
     EXPECT_EQ(core()->getSupposedState(), 17);
 }
 
+TEST_F(ApplyVariant, ThatIsAppliedAlreadyIsWrittenAndToldOfAllTheSame)
+{
+    apply(0);
+    const std::vector<std::string> applied = values(core());
+    apply(0);
+    EXPECT_EQ(take().size(), 4U);
+    stack.undo();
+    EXPECT_EQ(values(core()), applied);
+    EXPECT_EQ(core()->getSupposedState(), 0);
+    EXPECT_THAT(take(), ElementsAre("callback", synced()));
+    moNodeUtils::setTransformNodeTranslation(node, 7, 7, 7, false, -1);
+    stack.redo();
+    EXPECT_EQ(values(core()), applied) << "the supposed state does not say what the transform is";
+}
+
 TEST_F(ApplyVariant, WritesBothStatesAsTheyWereWhenItWasMade)
 {
     const std::vector<std::string> before = values(core());

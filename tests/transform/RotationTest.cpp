@@ -147,13 +147,61 @@ TEST_F(EulerRotationOrder, OfAVariantCallsBackButIsNotMirrored)
     synchronise();
     addVariant(node, "A");
     addVariant(node, "B");
-    stack.add(new moEulerRotationOrderUndoCommand(node, "YXZ", nullptr, tell(), 1));
-    EXPECT_THAT(told, ElementsAre("callback " + std::to_string(idOf(node)) + ", YXZ, 1"));
-    EXPECT_EQ(order(-1), "XYZ");
-    EXPECT_EQ(order(0), "XYZ");
-    EXPECT_EQ(order(1), "YXZ");
+    fill(node, 0, 0);
+    fill(node, 1, 1);
+    const std::string before = state(node);
+    ASSERT_EQ(order(-1) + ' ' + order(0) + ' ' + order(1), "XYZ ZYX YXZ");
+    const auto callback = [this](const std::string& written) {
+        return "callback " + std::to_string(idOf(node)) + ", " + written + ", 1";
+    };
+    stack.add(new moEulerRotationOrderUndoCommand(node, "ZXY", nullptr, tell(), 1));
+    EXPECT_EQ(order(-1) + ' ' + order(0) + ' ' + order(1), "XYZ ZYX ZXY");
     stack.undo();
-    EXPECT_EQ(order(1), "XYZ");
+    EXPECT_EQ(state(node), before);
+    stack.redo();
+    EXPECT_EQ(order(-1) + ' ' + order(0) + ' ' + order(1), "XYZ ZYX ZXY");
+    EXPECT_THAT(told, ElementsAre(callback("ZXY"), callback("YXZ"), callback("ZXY")));
+}
+
+TEST_F(EulerRotationOrder, HasTheDefaultMergeIntervalUnlessItsConstructorIsGivenOne)
+{
+    constexpr double tick = 1.0 / (1 << 20);
+    const auto expectMergesUntil = [this](double interval, auto... merge) {
+        SCOPED_TRACE(testing::Message() << sizeof...(merge) << " merge arguments, interval " << interval);
+        const auto add = [&] {
+            stack.add(new moEulerRotationOrderUndoCommand(node, "ZYX", merge..., nullptr, nullptr, -1));
+        };
+        stack.clear();
+        add();
+        clock.advance(interval - tick);
+        add();
+        EXPECT_EQ(stack.size(), 1);
+        clock.advance(interval + tick);
+        add();
+        EXPECT_EQ(stack.size(), 2);
+    };
+    expectMergesUntil(moUndoCommand::defaultMergeResponseDelta);
+    expectMergesUntil(moUndoCommand::defaultMergeResponseDelta, true);
+    for (const double interval : {0.25, 0.75, 1.0, 90.0})
+        expectMergesUntil(interval, interval);
+
+    stack.clear();
+    stack.add(new moEulerRotationOrderUndoCommand(node, "ZYX", nullptr, nullptr, -1));
+    auto* const apart = new moEulerRotationOrderUndoCommand(node, "ZYX", false, nullptr, nullptr, -1);
+    apart->setMergeResponseDelta(-1);
+    stack.add(apart);
+    EXPECT_EQ(stack.size(), 2) << "told not to merge, whatever the interval";
+}
+
+TEST_F(EulerRotationOrder, ThatWritesWhatIsThereAlreadyIsToldOfAllTheSame)
+{
+    synchronise();
+    const std::string id = std::to_string(idOf(node));
+    const std::vector<std::string> expected = {"callback " + id + ", XYZ, -1", "sync " + id + ", XYZ"};
+    stack.add(new moEulerRotationOrderUndoCommand(node, "XYZ", nullptr, tell(), -1));
+    EXPECT_EQ(std::exchange(told, {}), expected);
+    stack.undo();
+    EXPECT_EQ(told, expected);
 }
 
 TEST_F(EulerRotationOrder, WhoseCallbackLetsTheNodeGoIsNotMirrored)

@@ -48,6 +48,16 @@ osg::TransformVariantPtr TransformTest::addVariant(const osg::NodePtr& owner, co
     return variant;
 }
 
+void TransformTest::fill(const osg::NodePtr& owner, int variantIndex, int number)
+{
+    static constexpr const char* orders[] = {"ZYX", "YXZ", "XZY"};
+    const auto first = static_cast<float>(100 * (number + 1));
+    const auto component = [first](float i) { return osg::Vec3f(first + i, first / 2 + i, first / 4 + i); };
+    moNodeUtils::setTransformNodeValues(owner, component(0), component(1), component(2), component(3), component(4),
+                                        component(5), component(6), component(7), number + 1, orders[number], true,
+                                        component(8), 1, variantIndex);
+}
+
 std::string TransformTest::names(const osg::NodePtr& owner)
 {
     if (moNodeUtils::getTransformVariantsAttachment(owner) == osg::NullFC) return "none";

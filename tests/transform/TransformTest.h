@@ -25,6 +25,10 @@ protected:
     /// Appends a variant whose own core is a copy of the node's transform.
     osg::TransformVariantPtr addVariant(const osg::NodePtr& owner, const std::string& name);
 
+    /// Gives a transform values of its own: every component differs from that of a transform filled with another number
+    /// below 3, and from that of one that was not filled.
+    static void fill(const osg::NodePtr& owner, int variantIndex, int number);
+
     /// The names of the node's variants, joined; "none" without a list.
     static std::string names(const osg::NodePtr& owner);
 

@@ -170,6 +170,9 @@ protected:
         TransformTest::SetUp();
         addVariant(node, "A");
         addVariant(node, "B");
+        // Unlike the node's own and each other, so that a look into the wrong one shows.
+        fill(node, 0, 0);
+        fill(node, 1, 1);
     }
 
     void TearDown() override
@@ -273,16 +276,24 @@ TEST_P(TransformValue, EditsTheVariantThatItsIndexNames)
         return;
     }
     const std::string before = state(node);
-    Arguments a = arguments();
-    a.variantIndex = 1;
-    const std::string live = value(-1);
-    const std::string first = value(0);
-    stack.add(row.make(a));
-    EXPECT_EQ(value(-1), live);
-    EXPECT_EQ(value(0), first);
-    EXPECT_EQ(value(1), "1 2 3");
-    stack.undo();
-    EXPECT_EQ(state(node), before);
+    const std::vector<std::string> values = {value(-1), value(0), value(1)};
+    EXPECT_EQ(std::set<std::string>(values.begin(), values.end()).size(), 3U) << "each has a value of its own";
+    for (const int edited : {-1, 0, 1}) {
+        SCOPED_TRACE(edited);
+        Arguments a = arguments();
+        a.variantIndex = edited;
+        stack.add(row.make(a));
+        const std::string after = state(node);
+        for (const int index : {-1, 0, 1})
+            EXPECT_EQ(value(index), index == edited ? "1 2 3" : values[static_cast<std::size_t>(index + 1)]);
+        for (int cycle = 0; cycle < 2; ++cycle) {
+            stack.undo();
+            EXPECT_EQ(state(node), before);
+            stack.redo();
+            EXPECT_EQ(state(node), after);
+        }
+        stack.undo();
+    }
 }
 
 TEST_P(TransformValue, ReadsTheOldValueAtEachStepAndNotWhenItIsMade)
@@ -324,7 +335,8 @@ TEST_P(TransformValue, IsMirroredAsItsRowSays)
         if (index != -1 && !has(Variants)) continue;
         SCOPED_TRACE(index);
         for (const bool worldSpace : {false, true}) {
-            if (worldSpace && !has(Flag)) continue;
+            // A variant that was filled lies elsewhere in the world than in its own space.
+            if (worldSpace && (!has(Flag) || index == 0)) continue;
             Arguments a = arguments();
             a.variantIndex = index;
             a.flag = worldSpace;
@@ -433,6 +445,74 @@ TEST_P(TransformValue, TakesItsMergeSettingsFromItsConstructor)
     a.merge = 0.25;
     stack.add(row.make(a));
     EXPECT_EQ(stack.size(), 3);
+}
+
+TEST_P(TransformValue, HasTheDefaultMergeIntervalUnlessItsConstructorIsGivenOne)
+{
+    constexpr double tick = 1.0 / (1 << 20);
+    // How long after a step one that was made this way still merges into it.
+    const auto expectMergesUntil = [this](const decltype(Arguments::merge)& merge, double interval) {
+        SCOPED_TRACE(testing::Message() << "form " << merge.index() << ", interval " << interval);
+        Arguments a = arguments();
+        a.merge = merge;
+        stack.clear();
+        stack.add(row.make(arguments()));
+        clock.advance(interval - tick);
+        stack.add(row.make(a));
+        EXPECT_EQ(stack.size(), 1);
+        clock.advance(interval + tick);
+        stack.add(row.make(a));
+        EXPECT_EQ(stack.size(), 2);
+    };
+    expectMergesUntil(std::monostate(), moUndoCommand::defaultMergeResponseDelta);
+    if (!has(Merge)) return;
+    expectMergesUntil(true, moUndoCommand::defaultMergeResponseDelta);
+    for (const double interval : {0.25, 0.75, 1.0, 90.0})
+        expectMergesUntil(interval, interval);
+}
+
+TEST_P(TransformValue, ThatItsConstructorWasToldNotToMergeDoesNotWhateverItsInterval)
+{
+    if (!has(Merge)) {
+        EXPECT_STREQ(row.name, "moShearUndoCommand");
+        return;
+    }
+    Arguments a = arguments();
+    stack.add(row.make(a));
+    for (const double interval : {-1.0, 100.0}) {
+        const int size = stack.size();
+        a.merge = false;
+        moUndoCommand* const command = row.make(a);
+        command->setMergeResponseDelta(interval);
+        stack.add(command);
+        EXPECT_EQ(stack.size(), size + 1);
+    }
+}
+
+TEST_P(TransformValue, ThatWritesWhatIsThereAlreadyIsToldOfAllTheSame)
+{
+    for (const int index : {-1, 1}) {
+        if (index != -1 && !has(Variants)) continue;
+        SCOPED_TRACE(index);
+        Arguments a = arguments();
+        a.variantIndex = index;
+        a.merge = false;
+        stack.add(row.make(a));
+        row.synchronise(tellSync());
+        a.callback = tell();
+        const std::string id = std::to_string(idOf(node));
+        Told expected;
+        if (has(Callback)) expected.push_back("callback " + id + ", 1 2 3, " + std::to_string(index) + ", false");
+        if (index == -1 || row.synced == Synced::Always)
+            expected.push_back("sync " + id + ", 1 2 3" + (has(Flag) ? ", false" : ""));
+        moUndoCommand* const again = row.make(a);
+        again->setMergeEnabled(false);
+        stack.add(again);
+        EXPECT_EQ(take(), expected);
+        stack.undo();
+        EXPECT_EQ(take(), expected);
+        row.synchronise(nullptr);
+    }
 }
 
 TEST_P(TransformValue, DoesNotMergeWithThatOfAnotherNode)
@@ -638,7 +718,7 @@ TEST_P(TransformValue, EveryConstructorPassesOnAllThatItIsGiven)
             SCOPED_TRACE(testing::Message() << "form " << merge.index() << ", variant " << index);
             QUndoCommand parent;
             Arguments a = arguments();
-            a.flag = true;
+            a.flag = index == -1; // a variant that was filled lies elsewhere in the world than in its own space
             a.merge = merge;
             a.parent = &parent;
             a.callback = tell();
@@ -653,7 +733,7 @@ TEST_P(TransformValue, EveryConstructorPassesOnAllThatItIsGiven)
                 expected.push_back("callback " + id + ", 1 2 3, " + std::to_string(index) +
                                    (index == -1 ? ", true" : ", false"));
             if (index == -1 || row.synced == Synced::Always)
-                expected.push_back("sync " + id + ", 1 2 3" + (has(Flag) ? ", true" : ""));
+                expected.push_back("sync " + id + ", 1 2 3" + (has(Flag) ? (a.flag ? ", true" : ", false") : ""));
             EXPECT_EQ(take(), expected);
             parent.undo();
             take();

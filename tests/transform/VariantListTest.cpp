@@ -512,6 +512,35 @@ TEST_F(VariantValue, RenamingTellsTheNameBeforeAndTheNameAfter)
     EXPECT_THAT(told, ElementsAre("AB", "BA", "AB"));
 }
 
+TEST_F(VariantValue, ThatItHasAlreadyIsGivenAndToldOfAllTheSame)
+{
+    const osg::TransformVariantPtr v = addVariant(node, "A");
+    const osg::UInt64 flags = v->getApplyFlags();
+    stack.add(new moTransformVariantNameUndoCommand(
+        v, "A", nullptr,
+        [this](const std::string& before, const std::string& after) { told.push_back(before + after); }));
+    stack.undo();
+    stack.add(new moTransformVariantOptionsUndoCommand(v, flags, nullptr, [this] { told.emplace_back("options"); }));
+    stack.undo();
+    EXPECT_THAT(std::exchange(told, {}), ElementsAre("AA", "AA", "options", "options"));
+
+    // Somebody else was there first.
+    auto* const name = new moTransformVariantNameUndoCommand(
+        v, "B", nullptr,
+        [this](const std::string& before, const std::string& after) { told.push_back(before + after); });
+    auto* const options =
+        new moTransformVariantOptionsUndoCommand(v, flags + 1, nullptr, [this] { told.emplace_back("options"); });
+    moTransformVariantUtils::setName(v, "B");
+    moTransformVariantUtils::setApplyFlags(v, flags + 1);
+    stack.add(name);
+    stack.add(options);
+    EXPECT_THAT(told, ElementsAre("AB", "options"));
+    stack.undo();
+    stack.undo();
+    EXPECT_EQ(names(node), "A");
+    EXPECT_EQ(v->getApplyFlags(), flags);
+}
+
 TEST_F(VariantValue, TheOldNameIsTheOneAtConstruction)
 {
     const osg::TransformVariantPtr v = addVariant(node, "A");

@@ -144,6 +144,17 @@ TEST_F(VariantMove, TellsThePositionsBeforeAndAfterInTheOrderOfTheOldOnes)
     EXPECT_THAT(take(), ElementsAre("124->453"));
 }
 
+TEST_F(VariantMove, ToWhereTheyStandAlreadyIsToldOfAllTheSame)
+{
+    fill("abcd");
+    move(1, 1);
+    stack.undo();
+    move({1, 2}, 1);
+    stack.undo();
+    EXPECT_EQ(names(node), "abcd");
+    EXPECT_THAT(take(), ElementsAre("1->1", "1->1", "12->12", "12->12"));
+}
+
 TEST_F(VariantMove, OutOfRangeRecordsNothingAndIsToldWithoutPositions)
 {
     const int huge = std::numeric_limits<int>::max();

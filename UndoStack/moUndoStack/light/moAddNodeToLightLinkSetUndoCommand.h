@@ -17,9 +17,9 @@
 ///
 /// Adding appends in the order given; its undo takes the nodes out. Removing remembers the index of each node; its undo
 /// puts each back there, front to back in the order given, which gives the old list for nodes given in the order of the
-/// list. Nodes given in another order are permuted by undo: of A B C, undo of removing B, A gives A C B.
-/// The -1 of a node that was not in the list is passed on to the set's insert function as it is; this is
-/// intended.
+/// list; a node given twice does not move the others. Nodes given in another order are permuted by undo: of A B C, undo
+/// of removing B, A gives A C B. The -1 of a node that was not in the list is passed on to the set's insert function as
+/// it is; this is intended.
 ///
 /// Set and nodes are kept by id and without a reference: what has gone is skipped.
 /// Message: "id" (int), "lightlinkset" = the set's id (unsigned int).
