@@ -39,17 +39,27 @@ struct moStackCall;
 /// in, not when its turn comes. Commands that are not recorded are run and reported at once. Beginning and ending a
 /// composition does not wait, as commands are made in between; adding the composite does.
 ///
-/// **Exceptions.** What a listener or a command throws reaches the caller of the outermost operation, after the calls
-/// that waited were carried out; if several throw, the first goes on and the others are logged. The stack stays usable:
-///  - redo() of a command being pushed throws: the command is deleted, the stack is as before. A moUndoCommandBase that
-///    has a parent is left to its parent.
+/// The queries (canUndo(), canRedo(), currentCommand(), size(), isEmpty()) answer as if the step at hand and all calls
+/// that wait had been carried out: `while (stack.canUndo()) stack.undo();` does in a listener what it does outside. A
+/// push that waits, or whose redo() is running, counts as a step of its own: whether it is merged, or throws, is seen
+/// only when its turn comes. From the notification of a step on, that step is as Qt's stack has it.
+///
+/// **Exceptions.** A step happens whole or not at all; see moStep. An exception reaches the caller of the outermost
+/// operation, after the calls that waited were carried out; if several are thrown, the first goes on and the others are
+/// logged. The stack stays usable:
+///  - a listener, or other foreign code that a step calls after its write, throws: the step stands, and the rest of it
+///    is done. Only Qt itself leaves out the slots behind one that throws.
+///  - redo() of a command being pushed throws, as it fails to write: the command is deleted, stack and scene are as
+///    before. A moUndoCommandBase that has a parent is left to its parent.
+///  - undo() or redo() of a recorded command throws, as it fails to write: the index stays, the scene is as before.
 ///  - mergeWith() of the top command throws: the newer command is deleted. Its edit stays and counts as part of the top
 ///    command. Steps that could have been redone are gone, as with any push.
-///  - a listener throws: the step stands; the listeners after that one are not told.
-///  - undo() or redo() of a recorded command throws: the index stays.
-///  - a command throws in the middle of a jump over several steps (reset(), or a click into the history): the index
-///    stays where it was, but the commands before the failing one have been run, and QUndoStack offers no way to say
-///    so. clear() is then the only way to a history that is true.
+///  - a command fails to write in the middle of a jump over several steps (reset(), or a click into the history) or of
+///    a macro: the index stays where it was, but the commands before the failing one have been run, and QUndoStack
+///    offers no way to say so. clear() is then the only way to a history that is true.
+///
+/// What nobody can put back: a container that was destroyed meanwhile, and what a function of a
+/// moGenericFunctionUndoCommand, or a command class of somebody else, wrote before it threw.
 class MO_UNDO_STACK_EXPORT moUndoStack : public QObject
 {
     Q_OBJECT
@@ -88,13 +98,14 @@ public:
     static bool isComposing();
 
     /// Records a command that the caller has built: takes it over and runs it, or merges it into the top one and
-    /// deletes it. Null is ignored. While a composite is being composed nothing happens, and the command stays the
-    /// caller's: a command made meanwhile is a child of the composite.
+    /// deletes it. Null is ignored. It records also while recording is off: only addOrExecute() asks.
+    /// While a composite is being composed nothing happens: a command made meanwhile is a child of the composite, and
+    /// one that was made before stays the caller's, neither run nor recorded.
     void add(QUndoCommand* command);
 
     /// Takes the command over and records it as add() does if recording is on; otherwise runs it, reports it (index -1)
     /// and deletes it. Null is ignored; while a composite is being composed, a command that would be recorded is left
-    /// alone. A command with a parent is pushed whatever the counters say, even if nothing is being composed. This is
+    /// alone: one that was made before the composition stays the caller's. A command with a parent is pushed whatever the counters say, even if nothing is being composed. This is
     /// intended; who does that must not let the parent delete it as well.
     void addOrExecute(moUndoCommandBase* command);
 
@@ -119,18 +130,20 @@ public:
     void endMultiCommand();
 
     /// Groups what is added until endMacro() into one step of Qt's own kind. Reported once, when it ends. Each command
-    /// is run as it is added. If one of them throws when the macro is taken back or done again, those before it stay as
-    /// they are: only a composite happens whole or not at all.
+    /// is run as it is added. If one of them fails to write when the macro is taken back or done again, those before it
+    /// stay as they are: only a composite happens whole or not at all. An end without its begin is ignored by Qt.
     void beginMacro(const QString& text);
     void endMacro();
 
+    /// Whether undo() or redo() would move; false while a macro is open. With calls that wait: when they are done.
     bool canUndo() const;
     bool canRedo() const;
 
-    /// The command that undo() would take back; null if there is none.
+    /// The command that undo() would take back; null if there is none. With calls that wait: when they are done; then
+    /// it may be one that has not run yet, and null stands for a macro that has not begun.
     const QUndoCommand* currentCommand() const;
 
-    /// Number of recorded steps, done and undone.
+    /// Number of recorded steps, done and undone. With calls that wait: when they are done.
     int size() const;
     bool isEmpty() const;
 
