@@ -14,6 +14,7 @@
 /// \param constraint  null makes the command inert.
 /// \param references  the scene objects; null, repeated and unconcerned ones are ignored.
 ///
+/// A target among them takes away whichever target the constraint has at redo.
 /// Old value: the constraint's own constraint objects, with their weights, are found at construction and held for the
 /// life of the command; undo puts these very objects back, at the end of the lists and in the order of their ids. A
 /// constraint that has gone makes undo and redo no-ops; a role that none of the objects plays is not edited. Never

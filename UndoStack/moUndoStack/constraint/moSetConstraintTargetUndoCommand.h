@@ -11,6 +11,7 @@
 /// \param constraint  null makes the command inert.
 /// \param target      the scene object; null makes redo take the target away.
 ///
+/// A target that it is already is made anew, with the weight 1.
 /// Old value: none is kept; undo leaves the constraint without a target, also when it had another one before. A
 /// constraint or scene object that has gone or is of another type makes the step a no-op. Never merges. Message: "id"
 /// only.

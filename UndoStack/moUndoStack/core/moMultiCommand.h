@@ -28,7 +28,8 @@ public:
     /// \param mergeEnabled  whether newer composites may be merged into this one.
     moMultiCommand(const moUndoString& text, QUndoCommand* parent, bool mergeEnabled);
 
-    /// \param after  called after the children were done and after they were undone; may be empty.
+    /// \param after  called after the children were done and after they were undone; may be empty. Not called when a
+    ///               child threw and the others were taken back: nothing happened that it could be told of.
     moMultiCommand(const moUndoString& text, std::function<void()> after);
 
     ~moMultiCommand() override;

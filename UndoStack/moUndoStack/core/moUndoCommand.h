@@ -37,10 +37,10 @@ public:
     /// process.
     static int makeId(std::type_index type);
 
-    /// The merge interval in seconds; negative (or not a number): no limit.
+    /// The merge interval, in seconds however long it is; negative (or not a number): no limit.
     void setMergeResponseDelta(const double& seconds);
 
-    /// Whether this command may be merged into an older one. Default true.
+    /// Whether this command may be merged into an older one. Default true. The interval stays as it is set.
     void setMergeEnabled(bool enabled);
 
 protected:

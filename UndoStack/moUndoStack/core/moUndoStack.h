@@ -153,8 +153,8 @@ public Q_SLOTS:
     void mark();
     void reset();
 
-    /// Shows the history in a window of its own. Needs a QApplication: without one, a line is logged and nothing
-    /// happens.
+    /// Shows the history in a window of its own, which keeps the size and the place that the user gives it. Needs a
+    /// QApplication: without one, a line is logged and nothing happens.
     void showHistory();
 
 private Q_SLOTS:

@@ -9,7 +9,7 @@
 /// \param fieldId    counts from 1.
 ///
 /// Undo and redo are one operation: the field's value and the command's change places. So the old value is read at the
-/// first redo. Of an integer only whether it is 0 is remembered: a field that held 5 holds 1 after redo and undo; this
+/// first redo. Undo is the exchange itself and does not call an overridden redo(). Of an integer only whether it is 0 is remembered: a field that held 5 holds 1 after redo and undo; this
 /// is intended. Any other field is left alone. Never merges. Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moBoolFieldUndoCommand : public moFieldBaseUndoCommand<>
 {

@@ -10,7 +10,8 @@
 /// \param fieldName  as moUndoUtil::findField() takes it.
 ///
 /// Undo and redo are one operation: the field's value and the command's change places. So the old value is read at the
-/// first redo. Merges as moFieldBaseUndoCommand<> says; one undo then returns to the value before the first.
+/// first redo. Undo is the exchange itself and does not call an overridden redo(), unlike moFunctionUndoCommand's.
+/// Merges as moFieldBaseUndoCommand<> says; one undo then returns to the value before the first.
 /// A field of another type is left alone. Message: "id", "container", "fieldId".
 template<class T>
 class MO_UNDO_STACK_EXPORT moFieldUndoCommand : public moFieldBaseUndoCommand<>

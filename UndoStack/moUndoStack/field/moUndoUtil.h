@@ -24,8 +24,8 @@ class moUndoString;
 class MO_UNDO_STACK_EXPORT moUndoUtil
 {
 public:
-    /// The description of the container's field of that name, or of the same name with the case of its first character
-    /// flipped; null if there is neither. The rest of the name is taken as it is. An empty name is never found.
+    /// The description of the container's field of that name, or else of the same name with the case of its first
+    /// character flipped; null if there is neither. The rest of the name is taken as it is. An empty name is never found.
     static osg::FieldDescription* findField(osg::FieldContainerPtr container, const std::string& name);
 
     /// Makes the command that sets a field to a value and records it: as a child of `parent`, or on the default stack

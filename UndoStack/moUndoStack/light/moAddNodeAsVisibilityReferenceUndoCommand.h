@@ -8,6 +8,7 @@
 /// Makes a node the visibility reference of a light, or clears the reference, and marks the node with external flag
 /// 0x10 while it is one. Never merges.
 ///
+/// Clearing it clears whichever reference the light has by then, also that of another node.
 /// The reference that the light had before is not remembered: undo of an add leaves the light without any; this is
 /// intended. Light and node are kept by id; when either has gone, or was null, undo and redo do nothing. Message: "id"
 /// (int), "lightCommand" = the light's id (unsigned int). Other light commands send true under this key; the different

@@ -16,7 +16,7 @@
 ///
 /// Adding appends in the order given; its undo takes the nodes out. Removing remembers the index of each node; its undo
 /// puts each back there, front to back in the order given, which gives the old list for nodes given in the order of the
-/// list. The -1 of a node that was not in the list is passed on to the set's insert function as it is; this is
+/// list; a node given twice does not move the others. The -1 of a node that was not in the list is passed on to the set's insert function as it is; this is
 /// intended.
 ///
 /// Set and nodes are kept by id and without a reference: what has gone is skipped.
