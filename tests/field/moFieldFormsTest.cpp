@@ -254,6 +254,26 @@ TEST_P(NamedFieldTest, EachStepIsOneEditOfTheFieldFollowedByTheNotifyFunction)
     expectWritesItsField(form.make(target, form.fieldName, nullptr));
 }
 
+TEST_P(NamedFieldTest, AFieldThatHoldsTheValueAlreadyIsWrittenAndToldOfAllTheSame)
+{
+    stack.add(form.make(target, form.fieldName, nullptr));
+    const auto held = state();
+    auto* const again = form.make(target, form.fieldName, nullptr);
+    again->setMergeEnabled(false);
+    int notified = 0;
+    again->setNotifyFunction([&notified] { ++notified; });
+    takeEdits();
+    stack.add(again);
+    EXPECT_EQ(state(), held);
+    EXPECT_EQ(takeEdits(), oneEdit(mask));
+    EXPECT_EQ(notified, 1);
+    if (!isReallyUndone(form.what)) return;
+    stack.undo();
+    EXPECT_EQ(state(), held);
+    EXPECT_EQ(takeEdits(), oneEdit(mask));
+    EXPECT_EQ(notified, 2);
+}
+
 TEST_P(NamedFieldTest, TextAndParentAreTheOnesThatTheConstructorWasGiven)
 {
     expectTextAndParent(form.fieldName);

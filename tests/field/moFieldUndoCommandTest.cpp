@@ -70,6 +70,21 @@ TYPED_TEST(ScalarFieldTest, AnUndoBringsBackWhatSomebodyElseWroteMeanwhile)
     EXPECT_EQ(this->value(), TypeParam(3));
 }
 
+TYPED_TEST(ScalarFieldTest, UndoIsTheExchangeItselfAndNotTheRedoOfASubclass)
+{
+    struct Subclass : moFieldUndoCommand<TypeParam>
+    {
+        using moFieldUndoCommand<TypeParam>::moFieldUndoCommand;
+        void redo() override { ++redone; }
+        int redone = 0;
+    };
+    this->setValue(1);
+    Subclass command(this->text, this->container, ScalarRow<TypeParam>::name, TypeParam(2));
+    command.undo();
+    EXPECT_EQ(command.redone, 0);
+    EXPECT_EQ(this->value(), TypeParam(2));
+}
+
 TYPED_TEST(ScalarFieldTest, ASeriesWithinTheIntervalIsOneStepBackToTheValueBeforeTheFirst)
 {
     this->setValue(1);

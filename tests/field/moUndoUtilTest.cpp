@@ -134,6 +134,15 @@ TEST_F(UndoUtilTest, AFieldIsFoundByItsNameAndWithTheFirstLettersCaseFlipped)
     EXPECT_EQ(found("upperCase"), "\"UpperCase\"");
 }
 
+TEST_F(UndoUtilTest, ANameThatIsThereExactlyIsPreferredToOneWithTheFirstLettersCaseFlipped)
+{
+    for (const char* name : {"twin", "Twin"}) {
+        const osg::FieldDescription* const description = moUndoUtil::findField(lists, name);
+        ASSERT_NE(description, nullptr);
+        EXPECT_STREQ(description->getCName(), name);
+    }
+}
+
 TEST_F(UndoUtilTest, TheRestOfTheNameIsTakenAsItIs)
 {
     EXPECT_EQ(found("singleint32"), "null");
@@ -250,9 +259,12 @@ TYPED_TEST(MakeIntegerCommandTest, TheFieldDecidesWhichCommandItIs)
     EXPECT_TRUE(this->container->getSingleBool());
 }
 
-TYPED_TEST(MakeIntegerCommandTest, BothEndsOfTheRangeAreCutToTheWidthOfTheField)
+TYPED_TEST(MakeIntegerCommandTest, ValuesOfTheWholeRangeAreCutToTheWidthOfTheFieldAndNoFurther)
 {
-    for (const TypeParam value : {std::numeric_limits<TypeParam>::min(), std::numeric_limits<TypeParam>::max()}) {
+    using Limits = std::numeric_limits<TypeParam>;
+    // Between the ends, values of which every byte is different.
+    for (const TypeParam value : {Limits::min(), Limits::max(), static_cast<TypeParam>(0x0123456789ABCDEFULL),
+                                  static_cast<TypeParam>(0xFEDCBA9876543210ULL)}) {
         for (const char* field : {"singleInt64", "singleUInt64", "singleInt32", "singleUInt32", "singleInt16",
                                   "singleUInt16", "singleInt8", "singleUInt8", "singleBool"})
             moUndoUtil::makeCommand(this->text, this->container, field, value);
@@ -312,6 +324,27 @@ TYPED_TEST(MakeFloatCommandTest, NotANumberAndInfinitiesGoIn)
 TYPED_TEST(MakeFloatCommandTest, AnyOtherFieldGetsNoCommandAsIntended)
 {
     this->expectNoCommandForOtherFields(TypeParam(1), isFieldOfAnyOf<osg::SFReal32, osg::SFReal64>);
+}
+
+TEST_F(UndoUtilTest, WideValuesGoInWhole)
+{
+    constexpr std::int64_t wide = 0x0123456789ABCDEF;
+    for (const std::int64_t value : {wide, -wide, std::int64_t(1) << 32, -(std::int64_t(1) << 32) - 1}) {
+        SCOPED_TRACE(value);
+        moUndoUtil::makeIntTypeCommand(text, container, "singleInt64", value);
+        moUndoUtil::makeIntTypeCommand(text, container, "singleUInt64", value);
+        EXPECT_EQ(container->getSingleInt64(), value);
+        EXPECT_EQ(container->getSingleUInt64(), static_cast<std::uint64_t>(value));
+    }
+    for (const double value : {1.0 / 3.0, 1e300, -1e-300, 16777217.0}) {
+        SCOPED_TRACE(value);
+        moUndoUtil::makeFloatTypeCommand(text, container, "singleReal64", value);
+        EXPECT_EQ(container->getSingleReal64(), value);
+        moUndoUtil::makeCommand(text, container, "singleReal64", -value);
+        EXPECT_EQ(container->getSingleReal64(), -value);
+    }
+    moUndoUtil::makeCommand(text, container, "singleReal64", 0.1F);
+    EXPECT_EQ(container->getSingleReal64(), double(0.1F));
 }
 
 TEST_F(UndoUtilTest, MinusOneGoesIntoUnsignedFieldsAsAllOnes)

@@ -66,6 +66,34 @@ TEST_F(VisibilityReference, TheReferenceThatTheLightHadBeforeIsNotRemembered)
     EXPECT_EQ(state(), "none, unmarked");
 }
 
+TEST_F(VisibilityReference, ClearsTheReferenceWhicheverNodeItIsByThen)
+{
+    const osg::NodePtr other = makeNode<osg::Group>("other");
+    light->setVisibilityReference(other);
+    node->setExternalFlags(0x35);
+    stack.addOrExecute(new Command(light, node, removing, nullptr));
+    EXPECT_EQ(state(), "none, unmarked") << "by a removal";
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    light->setVisibilityReference(other);
+    stack.undo();
+    EXPECT_EQ(state(), "none, unmarked") << "by undo of an addition";
+}
+
+TEST_F(VisibilityReference, IsSetAndClearedAnewAlsoWhereItIsSoAlready)
+{
+    const std::vector<EditLog::Edit> expected{{idOf(light), osg::UberLight::VisibilityReferenceFieldMask},
+                                              {idOf(node), osg::Node::ExternalFlagsFieldMask}};
+    light->setVisibilityReference(node);
+    EditLog edits;
+    stack.addOrExecute(new Command(light, node, adding, nullptr));
+    EXPECT_EQ(state(), "node, marked") << "the mark was missing";
+    EXPECT_EQ(edits.take(), expected);
+    light->setVisibilityReference(osg::NullFC);
+    stack.undo();
+    EXPECT_EQ(state(), "none, unmarked");
+    EXPECT_EQ(edits.take(), expected);
+}
+
 TEST_F(VisibilityReference, ClosesTheLightsEditBeforeTheNodes)
 {
     const std::vector<EditLog::Edit> expected{{idOf(light), osg::UberLight::VisibilityReferenceFieldMask},

@@ -172,6 +172,21 @@ TEST_P(LightLinkList, TheSameNodeTwiceIsListedOnceAndGoesAtUndo)
     EXPECT_EQ(list(), "a b");
 }
 
+TEST_P(LightLinkList, NodesGivenTwiceDoNotMoveThePlacesOfTheOthers)
+{
+    const auto nodes = listed("abcdef");
+    const std::vector<osg::NodePtr> given = {nodes[0], nodes[0], nodes[2], nodes[0], nodes[2], nodes[5], nodes[4]};
+    stack.addOrExecute(new Command(set, {given[0], given[1], given[2], given[5]}, listType(), removing, nullptr));
+    EXPECT_EQ(list(), "b d e");
+    stack.undo();
+    EXPECT_EQ(list(), "a b c d e f");
+    stack.addOrExecute(
+        new Command(set, {given[0], given[2], given[3], given[4], given[6]}, listType(), removing, nullptr));
+    EXPECT_EQ(list(), "b d f");
+    stack.undo();
+    EXPECT_EQ(list(), "a b c d e f");
+}
+
 TEST_P(LightLinkList, NullNodesAndEmptyListsAreSilent)
 {
     const auto a = make("a");

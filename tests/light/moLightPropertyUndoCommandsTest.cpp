@@ -129,6 +129,22 @@ TEST_P(LightProperty, OnlyTheNamedFieldsAreEditedAtEachStep)
     EXPECT_EQ(edits.take(), expected);
 }
 
+TEST_P(LightProperty, AValueThatIsThereAlreadyIsSetAndToldOfAllTheSame)
+{
+    std::unique_ptr<moUndoCommand> before(the.first(light));
+    before->redo();
+    const std::string held = describeLight(light);
+    std::vector<EditLog::Edit> expected;
+    for (const osg::BitVector mask : the.masks)
+        expected.emplace_back(idOf(coreOf(light)), mask);
+    EditLog edits;
+    stack.addOrExecute(the.first(light));
+    EXPECT_EQ(edits.take(), expected);
+    stack.undo();
+    EXPECT_EQ(edits.take(), expected);
+    EXPECT_EQ(describeLight(light), held);
+}
+
 TEST_P(LightProperty, TextAndDescriptionAreTheSameWords)
 {
     std::unique_ptr<moUndoCommand> command(the.first(light));

@@ -92,6 +92,20 @@ TEST_F(SetLensFlareEffect, EachStepIsOneEditOfAllFieldsOfTheTarget)
     EXPECT_EQ(edits.take(), expected);
 }
 
+TEST_F(SetLensFlareEffect, EachStepIsAnEditAlsoWhereTheTargetIsSoAlready)
+{
+    const std::vector<EditLog::Edit> expected{{idOf(target), osg::FieldBits::AllFields}};
+    for (const osg::LensFlareEffectPtr& from : {target, source}) {
+        auto* command = new moSetLensFlareEffectCommand(from, target, nullptr);
+        command->redo();
+        const std::string held = describeEffect(target);
+        EditLog edits;
+        stack.addOrExecute(command);
+        EXPECT_EQ(describeEffect(target), held);
+        EXPECT_EQ(edits.take(), expected);
+    }
+}
+
 TEST_F(SetLensFlareEffect, TextAndMessageAreThoseOfALensFlareCommand)
 {
     Trace trace(stack);

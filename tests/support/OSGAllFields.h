@@ -167,7 +167,9 @@ typedef FCPtr<ObservedCorePtr, AllMultiFields> AllMultiFieldsPtr;
     MULTI(NodePtr,               MultiNodePtr,                  "multiNodePtr") \
     MULTI(NodeCorePtr,           MultiNodeCorePtr,              "multiNodeCorePtr") \
     MULTI(ImagePtr,              MultiImagePtr,                 "multiImagePtr") \
-    MULTI(MaterialPtr,           MultiMaterialPtr,              "multiMaterialPtr")
+    MULTI(MaterialPtr,           MultiMaterialPtr,              "multiMaterialPtr") \
+    MULTI(Int32,                 LowerTwin,                     "twin") \
+    MULTI(Int32,                 UpperTwin,                     "Twin")
 // clang-format on
 
 OSG_CONTAINER_BASE(AllMultiFields, ObservedCore, OSG_ALLMULTIFIELDS_FIELDS)

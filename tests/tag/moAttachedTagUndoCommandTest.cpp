@@ -186,6 +186,18 @@ TYPED_TEST(AttachedTag, EachStepIsTwoEditsUnderTheOneMask)
     EXPECT_THAT(this->edits.take(), ElementsAre("tags userTags 1", "tags userTags 1"));
 }
 
+TYPED_TEST(AttachedTag, EachStepIsTwoEditsAlsoWhenTheListsAreSoAlready)
+{
+    osg::MField<std::string> same = field(Tags{"old"});
+    TypeParam command(moUndoString("Tag", QString()), this->node, osg::BitVector(1) << userTags, userTags, "old", &same,
+                      this->tags->getTagStamps(), this->tags->getTagStamps());
+    command.redo();
+    EXPECT_THAT(this->edits.take(), ElementsAre("tags userTags 1", "tags userTags 1"));
+    command.undo();
+    EXPECT_THAT(this->edits.take(), ElementsAre("tags userTags 1", "tags userTags 1"));
+    EXPECT_EQ(this->state(), this->before);
+}
+
 TYPED_TEST(AttachedTag, MaskIsTheCallersWhateverTheField)
 {
     osg::MField<std::string> list;
