@@ -262,7 +262,7 @@ protected:
 
     static void listen(QUndoCommand& command)
     {
-        if (auto* const field = dynamic_cast<moFieldBaseUndoCommand*>(&command))
+        if (auto* const field = dynamic_cast<moFieldBaseUndoCommand<>*>(&command))
             field->setNotifyFunction([] { pass("notify"); });
     }
 

@@ -14,7 +14,7 @@
 #include <memory>
 
 class ContainerReference;
-class VariantList;
+class moVariantList;
 
 /// Inserts a transform variant into the list of a node.
 ///
@@ -49,7 +49,7 @@ public:
     void redo() override;
 
 private:
-    void putOnList(const VariantList& list);
+    void putOnList(const moVariantList& list);
 
     unsigned int m_nodeId;
     std::unique_ptr<ContainerReference> m_variant;

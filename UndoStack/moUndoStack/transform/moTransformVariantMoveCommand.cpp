@@ -16,7 +16,7 @@ static std::uint64_t listPosition(int position)
 }
 
 /// Where the variant stands: at the expected position if it stands there, else at the first; the count if nowhere.
-static std::uint64_t find(const VariantList& list, unsigned int variantId, std::uint64_t expected)
+static std::uint64_t find(const moVariantList& list, unsigned int variantId, std::uint64_t expected)
 {
     const std::uint64_t count = list.count();
     if (expected < count && containerId(list.at(expected)) == variantId) return expected;
@@ -60,7 +60,7 @@ bool moTransformVariantMoveCommand::move(const Variants& source, const Variants&
 {
     if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC) return false;
 
-    const VariantList list(m_nodeId);
+    const moVariantList list(m_nodeId);
     // Holds the variants on the way: the list has the only reference on most of them.
     list.edit([&] {
         // From the highest position down, so that those still to be removed stay where they are.

@@ -9,10 +9,10 @@
 
 /// The list of transform variants of a node, as the commands edit it. Each call finds the node anew: a listener to the
 /// edit before may have destroyed it.
-class VariantList
+class moVariantList
 {
 public:
-    explicit VariantList(unsigned int nodeId) : m_nodeId(nodeId) {}
+    explicit moVariantList(unsigned int nodeId) : m_nodeId(nodeId) {}
 
     osg::TransformVariantsAttachmentPtr attachment() const
     {
