@@ -360,7 +360,7 @@ private:
 
 std::string nameOf(const testing::TestParamInfo<Sample>& info)
 {
-    std::string name = info.param.className;
+    std::string name = info.param.className + info.param.form;
     std::replace_if(
         name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
     return name;

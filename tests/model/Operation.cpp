@@ -19,7 +19,7 @@ constexpr std::array<KindRow, Operation::kindCount> kinds = {{
     {"Group", 20},      {"Sample", 30},     {"Undo", 150},      {"Redo", 90},      {"Mark", 15},      {"Reset", 25},
     {"Begin", 45},      {"End", 12},        {"BeginMacro", 12}, {"EndMacro", 10},  {"BeginUndo", 14}, {"EndUndo", 14},
     {"BeginBlock", 12}, {"EndBlock", 10},   {"Clear", 10},       {"ClearAll", 5},   {"Wait", 50},      {"Destroy", 8},
-    {"Create", 30},     {"Messages", 14},   {"Respond", 25},
+    {"Create", 30},     {"Messages", 14},   {"Respond", 25},   {"UndoAll", 8},
 }};
 // clang-format on
 
@@ -74,7 +74,7 @@ unsigned Operation::ticks() const
 
 Operation Operation::response() const
 {
-    static const std::array<Kind, 8> s_kinds = {Undo, Redo, Reset, Mark, Clear, Tally, Number, Undo};
+    static const std::array<Kind, 8> s_kinds = {Undo, Redo, Reset, Mark, Clear, Tally, Number, UndoAll};
     return {s_kinds[which % s_kinds.size()], stack, which / 8, how};
 }
 

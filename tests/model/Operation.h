@@ -37,9 +37,10 @@ struct Operation
         Destroy,
         Create,
         Messages, ///< the message callback on or off
-        Respond   ///< the next signal is answered with a call of the stack
+        Respond,  ///< the next signal is answered with a call of the stack
+        UndoAll   ///< a loop: while something can be undone, undo()
     };
-    static constexpr unsigned kindCount = Respond + 1;
+    static constexpr unsigned kindCount = UndoAll + 1;
     static constexpr unsigned slotCount = 3; ///< and one slot more, which is always empty
 
     Kind kind;

@@ -274,6 +274,11 @@ void Player::play(const Operation& operation)
     case Operation::Redo:
         stack.redo();
         break;
+    case Operation::UndoAll:
+        // Not for ever: a loop that does not end is one of the faults to be found.
+        for (int i = 0; i < 10000 && stack.canUndo(); ++i)
+            stack.undo();
+        break;
     case Operation::Mark:
         stack.mark();
         break;

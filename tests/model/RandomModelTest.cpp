@@ -46,6 +46,7 @@ TEST(RandomModelSeeds, TogetherMakeAllHappenThatTheModelKnowsOf)
     for (const char* event : {"sample stepped",
                               "merged",
                               "merged in a macro",
+                              "loop of a listener",
                               "composite merged",
                               "pushed into a macro",
                               "nested macro",
@@ -110,7 +111,7 @@ TEST(RandomModelGenerator, MakesAProgramOfAnyBytes)
     const std::uint8_t bytes[] = {255, 255, 255, 255, 0, 3, 1, 2, 9};
     EXPECT_EQ(asCode(programOfBytes(bytes, sizeof bytes), "Bytes"),
               "TEST(RandomModelCase, Bytes)\n{\n    EXPECT_EQ(differenceOf({\n"
-              "        {Operation::Begin, 1, 63, 735},\n"
+              "        {Operation::Text, 1, 63, 735},\n"
               "        {Operation::Rename, 1, 1, 258},\n"
               "    }), \"\");\n}\n");
 }

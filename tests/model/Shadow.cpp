@@ -133,6 +133,9 @@ void Shadow::play(const Operation& operation)
             moveTo(stack, index, false);
         });
         break;
+    case Operation::UndoAll:
+        undoAll(stack);
+        break;
     case Operation::Redo:
         perform(stack, [this, stack] {
             if (m_stacks[stack].index == m_stacks[stack].steps.size()) return;
@@ -345,6 +348,19 @@ void Shadow::destroy(const Operation& operation)
     happened(m_containers.erase(m_slots[slot].node) > 0 ? "thing destroyed" : "nothing destroyed");
     m_containers.erase(m_slots[slot].core);
     m_slots[slot] = {};
+}
+
+/// From a listener the loop is over before the first of its undos is carried out: there are as many as there are steps.
+void Shadow::undoAll(unsigned stack)
+{
+    if (!m_stacks[stack].busy) {
+        while (canUndo(stack))
+            play({Operation::Undo, stack});
+        return;
+    }
+    for (std::size_t left = inMacro(stack) ? 0 : m_stacks[stack].index; left > 0; --left)
+        play({Operation::Undo, stack});
+    happened("loop of a listener");
 }
 
 // --- steps ----------------------------------------------------------------------------------------------------------

@@ -141,6 +141,7 @@ private:
     void end(unsigned stack);
     void clear(unsigned stack);
     void jump(unsigned stack, std::size_t index);
+    void undoAll(unsigned stack);
     void endMacro(unsigned stack);
     void create(const Operation& operation);
     void destroy(const Operation& operation);

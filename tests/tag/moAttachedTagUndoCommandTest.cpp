@@ -472,24 +472,24 @@ TYPED_TEST(AttachedTag, TwoInARowNeverMerge)
 
 TYPED_TEST(AttachedTag, CompositesOfTagCommandsNeverMerge)
 {
-    const State first{{"old", "new"}, {"locked"}, {1, 2, 3}};
-    const State second{{"third"}, {"locked"}, {4}};
+    const State older{{"old", "new"}, {"locked"}, {1, 2, 3}};
+    const State newer{{"third"}, {"locked"}, {4}};
     for (const int tagsPerComposite : {1, 2}) {
-        for (const Tags& list : {first.user, second.user}) {
+        for (const Tags& list : {older.user, newer.user}) {
             this->stack.beginMultiCommand("Tags", "", true);
             for (int i = 0; i < tagsPerComposite; ++i)
-                this->create(userTags, list, list == first.user ? first.stamps : second.stamps);
+                this->create(userTags, list, list == older.user ? older.stamps : newer.stamps);
             this->stack.endMultiCommand();
         }
         EXPECT_EQ(this->stack.size(), 2);
-        EXPECT_EQ(this->state(), second);
+        EXPECT_EQ(this->state(), newer);
         this->stack.undo();
-        EXPECT_EQ(this->state(), first);
+        EXPECT_EQ(this->state(), older);
         this->stack.undo();
         EXPECT_EQ(this->state(), this->before);
         this->stack.redo();
         this->stack.redo();
-        EXPECT_EQ(this->state(), second);
+        EXPECT_EQ(this->state(), newer);
         this->stack.undo();
         this->stack.undo();
         this->stack.clear();

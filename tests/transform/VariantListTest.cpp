@@ -415,9 +415,9 @@ TEST_F(VariantList, RemovesOfOneCompositeGoFromTheHighestPositionDown)
     addVariant(node, "A");
     addVariant(node, "B");
     addVariant(node, "C");
-    const auto removeBoth = [this](std::uint64_t first, std::uint64_t second) {
+    const auto removeBoth = [this](std::uint64_t atFirst, std::uint64_t then) {
         stack.beginMultiCommand("Remove", "", false);
-        for (const std::uint64_t index : {first, second})
+        for (const std::uint64_t index : {atFirst, then})
             new moRemoveTransformSwitchVariantUndoCommand(node, index, nullptr, tell());
         stack.endMultiCommand();
     };

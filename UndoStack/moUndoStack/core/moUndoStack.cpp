@@ -43,6 +43,21 @@ std::string toUtf8(const QString& text)
     return bytes;
 }
 
+void fill(moMessage& message, const QUndoCommand& command, int index, bool added)
+{
+    message.set("index", index, true);
+    message.set("added", added, true);
+    message.set("text", toUtf8(command.text()), true);
+    // The usual kind is asked for first: each look at what a command is takes a good part of the time of undoing it.
+    const auto* single = dynamic_cast<const moUndoCommand*>(&command);
+    const auto* described = single ? single : dynamic_cast<const moUndoCommandBase*>(&command);
+    if (described) message.set("description", toUtf8(described->getDescription()), true);
+    if (single)
+        single->makeMessage(message);
+    else if (const auto* composite = dynamic_cast<const moMultiCommand*>(described))
+        composite->makeMessage(message);
+}
+
 } // namespace
 
 /// Both stacks; the second one is destroyed first.
@@ -415,6 +430,8 @@ void moUndoStack::setMessageCallback(MessageCallback callback)
 }
 
 /// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear, always from within a call of ours.
+/// Nothing may be thrown into Qt, which could not say any more who owns the command: all that can throw here comes
+/// afterwards, and is kept.
 void moUndoStack::indexChanged(int i)
 {
     m_calls->settle();
@@ -449,19 +466,7 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
     if (!command || !m_messageCallback) return;
 
     moMessage message;
-    message.set("index", index, true);
-    message.set("added", added, true);
-    message.set("text", toUtf8(command->text()), true);
-    // The usual kind is asked for first: each look at what a command is takes a good part of the time of undoing it.
-    const auto* single = dynamic_cast<const moUndoCommand*>(command);
-    const auto* described = single ? single : dynamic_cast<const moUndoCommandBase*>(command);
-    if (described) message.set("description", toUtf8(described->getDescription()), true);
-    moStep::afterwards([&] {
-        if (single)
-            single->makeMessage(message);
-        else if (const auto* composite = dynamic_cast<const moMultiCommand*>(described))
-            composite->makeMessage(message);
-    });
+    moStep::afterwards([&] { fill(message, *command, index, added); });
     moStep::afterwards([&] { m_messageCallback(name, message, 0); });
 }
 
