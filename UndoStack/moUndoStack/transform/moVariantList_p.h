@@ -59,10 +59,7 @@ private:
     void become(const ContainerReference& list, const std::vector<ContainerReference>& variants) const
     {
         const auto former = list.find<osg::TransformVariantsAttachmentPtr>();
-        if (former == osg::NullFC)
-            takeOff();
-        else if (attachment() != former)
-            putOn(former);
+        if (former != osg::NullFC && attachment() != former) putOn(former);
         std::uint64_t same = 0;
         while (same < variants.size() && same < count() && containerId(at(same)) == variants[same].id())
             ++same;
@@ -70,6 +67,8 @@ private:
             remove(last - 1);
         for (; same < variants.size(); ++same)
             insert(same, variants[same].find<osg::TransformVariantPtr>());
+        // Last, so that a list that comes back later comes back empty.
+        if (former == osg::NullFC) takeOff();
     }
 
     unsigned int m_nodeId;
