@@ -23,7 +23,7 @@ OSG_CONTAINER_BASE(Paint, SimpleMaterial, OSG_PAINT_FIELDS)
 
 /// A material of the example's own: undo needs no class of commands to edit its fields.
 ///
-/// The texture carries a reference, which whoever sets the field counts and the paint gives back at its end.
+/// The texture carries a reference, which the setter of the field counts and the paint gives back at its end.
 class Paint : public PaintBase
 {
     OSG_CONTAINER_OWNING(Paint)

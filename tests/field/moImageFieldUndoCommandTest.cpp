@@ -18,7 +18,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// Follows the references of named images. Images are kept by id, so that one that has gone can be told.
+/// Follows the references of named images. Images are kept by id, so that a destroyed one can be told.
 class ImageFieldTest : public FieldTest
 {
 protected:

@@ -12,7 +12,7 @@
 #include <moUndoUtils/moUndoString.h>
 
 /// A material with one colour, which is white, and a second pair to tell the first from. All are traced and held by the
-/// test alone, save for the settings, which their materials hold, too.
+/// test alone, except the settings, which their materials hold, too.
 class MaterialTest : public UndoTest
 {
 protected:

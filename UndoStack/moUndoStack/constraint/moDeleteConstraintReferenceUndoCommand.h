@@ -17,7 +17,7 @@
 /// A target among them takes away whichever target the constraint has at redo.
 /// Old value: the constraint's own constraint objects, with their weights, are found at construction and held for the
 /// life of the command; undo puts these very objects back, at the end of the lists and in the order of their ids. A
-/// constraint that has gone makes undo and redo no-ops; a role that none of the objects plays is not edited. Never
+/// constraint that was destroyed makes undo and redo no-ops; a role that none of the objects plays is not edited. Never
 /// merges. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moDeleteConstraintReferenceUndoCommand : public moUndoCommand
 {

@@ -13,7 +13,7 @@
 ///
 /// A target that it is already is made anew, with the weight 1.
 /// Old value: none is kept; undo leaves the constraint without a target, also when it had another one before. A
-/// constraint or scene object that has gone or is of another type makes the step a no-op. Never merges. Message: "id"
+/// constraint or scene object that was destroyed or is of another type makes the step a no-op. Never merges. Message: "id"
 /// only.
 class MO_UNDO_STACK_EXPORT moSetConstraintTargetUndoCommand : public moUndoCommand
 {

@@ -10,7 +10,7 @@
 ///
 /// Clearing it clears whichever reference the light has by then, also that of another node.
 /// The reference that the light had before is not remembered: undo of an add leaves the light without any; this is
-/// intended. Light and node are kept by id; when either has gone, or was null, undo and redo do nothing. Message: "id"
+/// intended. Light and node are kept by id; when either was destroyed, or is null, undo and redo do nothing. Message: "id"
 /// (int), "lightCommand" = the light's id (unsigned int). Other light commands send true under this key; the different
 /// type is intended, and receivers accept both.
 class MO_UNDO_STACK_EXPORT moAddNodeAsVisibilityReferenceUndoCommand : public moUndoCommand

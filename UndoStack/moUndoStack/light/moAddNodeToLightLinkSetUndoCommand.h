@@ -21,7 +21,7 @@
 /// of removing B, A gives A C B. The -1 of a node that was not in the list is passed on to the set's insert function as
 /// it is; this is intended.
 ///
-/// Set and nodes are kept by id and without a reference: what has gone is skipped.
+/// Set and nodes are kept by id and without a reference: destroyed ones are skipped.
 /// Message: "id" (int), "lightlinkset" = the set's id (unsigned int).
 class MO_UNDO_STACK_EXPORT moAddNodeToLightLinkSetUndoCommand : public moUndoCommand
 {

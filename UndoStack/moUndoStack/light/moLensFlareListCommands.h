@@ -18,7 +18,7 @@ class ContainerReference;
 /// What adding and removing have in common: who owns the list, and which items go in or out.
 ///
 /// The command holds one reference on each item from construction to destruction, done or undone, so that an item that
-/// is taken out lives as long as the command can bring it back. The owner is kept by id; when it has gone, the light
+/// is taken out lives as long as the command can bring it back. The owner is kept by id; when it was destroyed, the light
 /// library is called with null and does nothing. A command whose list of items is empty still calls the light library.
 /// Message: "id" (int), then the owner's id (unsigned int) and the items' ids (std::vector<unsigned int>) under
 /// "lightId" and "elementIds", or "ghostLineId" and "ghostIds". There is no "lightCommand"; this is intended.

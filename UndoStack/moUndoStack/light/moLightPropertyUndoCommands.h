@@ -8,7 +8,7 @@
 // - read the old value at their first redo;
 // - merge with a newer command of the same class and node made within its merge interval (the two switches only if the
 //   texts are equal too); one undo then returns to the value before the first;
-// - do nothing once the node has gone, and leave a node that is no light, and values out of range, to moLights;
+// - do nothing once the node was destroyed, and leave a node that is no light, and values out of range, to moLights;
 // - send "id" (int) and "lightCommand" = true (bool).
 
 #define MO_LIGHT_VALUE(Command, T)                                                                                     \

@@ -16,7 +16,7 @@
 /// light library gives the old type, and this is intended, also where a redo that fails is put back. Never merges.
 /// Meant for lights. For another node the command remembers nothing: redo and undo still call the light library, undo
 /// with an empty type name, and the node's own transform is left alone. The light library ignores a null light or one
-/// that has gone. Message: "id" (int).
+/// that was destroyed. Message: "id" (int).
 class MO_UNDO_STACK_EXPORT moSetLightProfileShapeCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moSetLightProfileShapeCommand)

@@ -47,7 +47,7 @@ protected:
     void redo() override;
 
 private:
-    /// A whole transform, save for shear, which variants do not have.
+    /// A whole transform, except shear, which variants do not have.
     struct TransformValues
     {
         osg::Vec3f translation;

@@ -12,7 +12,7 @@
 ///
 /// Old value: the rotation that the core has at each step; the identity for a core that is no osg::Transform3D, to
 /// which nothing is written. Undo brings back the quaternion; the angles follow from it, so that 400 degrees come back
-/// as 40. Merges as moFunctionUndoCommand does. A node that has gone makes undo and redo no-ops.
+/// as 40. Merges as moFunctionUndoCommand does. A destroyed node makes undo and redo no-ops.
 /// Message: "id" (int), "transformCommand" = true. That "node" is missing, unlike in all other transform commands, is
 /// intended.
 class MO_UNDO_STACK_EXPORT moRotationAsQuaternionUndoCommand : public moFunctionUndoCommand<osg::Quaternion>
