@@ -162,7 +162,7 @@ void printStep(QTextStream& stream, const Report::Step& step, const QString& lea
     int shown = 0;
     for (const Report::Step& child : step.children) {
         if (shown++ == shownElements) {
-            stream << indent << "… " << step.children.size() - shownElements << " more\n";
+            stream << indent << QStringLiteral("… %1 more\n").arg(step.children.size() - shownElements);
             return;
         }
         printStep(stream, child, indent);

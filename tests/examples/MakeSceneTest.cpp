@@ -25,7 +25,7 @@ protected:
 
 TEST_F(MakeScene, WritesASceneOfAsManyNodesWithTenChildrenEach)
 {
-    for (int nodes : {1, 2, 11, 12, 250}) {
+    for (int nodes : {2, 11, 12, 250}) {
         const Model model = loadModel(files.write("made.gltf", make({QString::number(nodes)})));
         EXPECT_EQ(status, 0);
         EXPECT_EQ(model.nodes.size(), std::size_t(nodes));
