@@ -31,7 +31,7 @@ public:
     /// is told of them: one that throws would keep the object from the constraint that it was made for.
     static ConstraintObjectPtr createFor(const AttachmentContainerPtr& object, Real32 weight);
 
-    /// The scene object; null when there is none or it has gone.
+    /// The scene object; null when there is none or it was destroyed.
     AttachmentContainerPtr getObject() const;
     void setObject(const AttachmentContainerPtr& object);
 };

@@ -13,7 +13,7 @@ void addToList(MFConstraintObjectPtr& list, const AttachmentContainerPtr& object
 void addToList(MFConstraintObjectPtr& list, const ConstraintObjectPtr& object);
 void removeFromList(MFConstraintObjectPtr& list, const ConstraintObjectPtr& object);
 
-// For the copy constructor and the destructor of whoever has the list.
+// For the copy constructor and the destructor of the owner of the list.
 void holdList(const MFConstraintObjectPtr& list);
 void releaseList(const MFConstraintObjectPtr& list);
 

@@ -24,7 +24,7 @@ OSG_CONTAINER_BASE(UberMaterial, Material, OSG_UBERMATERIAL_FIELDS)
 /// The renderer reads colorComponentData: for each component red, green and blue (times the intensity, zero when the
 /// component is off) and a fourth number, 1 for planar projection and 0 otherwise. The material packs the data anew
 /// when it is told that colorComponents or colorComponentData changed; an edit of the settings alone does not reach it,
-/// so whoever edits them tells the material.
+/// so their editor tells the material.
 class UberMaterial : public UberMaterialBase
 {
     OSG_CONTAINER_OWNING(UberMaterial)

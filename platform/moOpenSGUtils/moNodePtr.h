@@ -14,7 +14,7 @@ public:
     /// \param node  alive or null.
     moNodePtr(const osg::NodePtr& node);
 
-    /// Null when the node has gone or there was none.
+    /// Null when the node was destroyed or there was none.
     osg::NodePtr getPtr() const;
 
     explicit operator bool() const;

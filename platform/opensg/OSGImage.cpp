@@ -158,7 +158,7 @@ void Image::subParent(const FieldContainerPtr& parent)
 void Image::changed(BitVector whichField, UInt32 origin)
 {
     calcSizes();
-    // A copy: a parent may let go of the image when it is told.
+    // A copy: a parent may release the image when it is told.
     const MFFieldContainerPtr parents = _mfParents;
     for (const FieldContainerPtr& parent : parents) {
         const UInt16 position = parent.getParentFieldPos();
