@@ -1,5 +1,7 @@
 #include "TracedConstraints.h"
 
+#include <support/WholeSteps.h>
+
 #include <moUndoStack/constraint/moAddAimConstraintUpVectorSourcesUndoCommand.h>
 #include <moUndoStack/constraint/moAddConstraintSourcesUndoCommand.h>
 
@@ -77,6 +79,12 @@ TYPED_TEST(AddSourcesTest, SourceComesBackWithWeightOneAfterItsWeightWasChanged)
     EXPECT_EQ(this->describe(this->aim), TypeParam::list(""));
     command->redo();
     EXPECT_EQ(this->describe(this->aim), TypeParam::list(" lamp*1"));
+}
+
+TYPED_TEST(AddSourcesTest, StandsThoughAListenerThrows)
+{
+    expectStepsStandThoughAListenerThrows(this->stack, this->edits, this->create({this->door, this->lamp}),
+                                          [this] { return this->describe(this->aim); });
 }
 
 TYPED_TEST(AddSourcesTest, NullSourcesAreDropped)

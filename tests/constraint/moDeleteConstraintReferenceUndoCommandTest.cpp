@@ -1,5 +1,7 @@
 #include "TracedConstraints.h"
 
+#include <support/WholeSteps.h>
+
 #include <moUndoStack/constraint/moAddConstraintSourcesUndoCommand.h>
 #include <moUndoStack/constraint/moDeleteConstraintReferenceUndoCommand.h>
 
@@ -43,6 +45,12 @@ TEST_F(DeleteConstraintReference, TakesTheObjectOutOfEveryRoleAndPutsItBack)
         EXPECT_EQ(describe(aim), "sources door*0.5 car*0.75 lamp*0.25 up car*3 lamp*2 target lamp*1");
         EXPECT_THAT(edits.take(), ElementsAre("aim sources 1", "aim upVectorSources 1", "aim target 1"));
     }
+}
+
+TEST_F(DeleteConstraintReference, LeavesEveryRoleThoughAListenerToTheFirstThrows)
+{
+    expectStepsStandThoughAListenerThrows(stack, edits, new Command(aim, {lamp, car}, nullptr),
+                                          [this] { return describe(aim); });
 }
 
 TEST_F(DeleteConstraintReference, UndoPutsTheVerySameObjectsBack)

@@ -1,5 +1,7 @@
 #include "TracedConstraints.h"
 
+#include <support/WholeSteps.h>
+
 #include <moUndoStack/constraint/moSetConstraintTargetUndoCommand.h>
 
 namespace {
@@ -127,6 +129,12 @@ TEST_F(SetConstraintTarget, TwoInARowNeverMerge)
     EXPECT_FALSE(first->mergeWith(&newer));
     stack.add(new moSetConstraintTargetUndoCommand(aim, lamp, nullptr));
     EXPECT_EQ(stack.size(), 2);
+}
+
+TEST_F(SetConstraintTarget, StandsThoughAListenerThrows)
+{
+    expectStepsStandThoughAListenerThrows(stack, edits, new moSetConstraintTargetUndoCommand(aim, lamp, nullptr),
+                                          [this] { return describe(aim); });
 }
 
 } // namespace

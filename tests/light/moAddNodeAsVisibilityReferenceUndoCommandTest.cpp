@@ -1,4 +1,5 @@
 #include <light/LightTest.h>
+#include <support/WholeSteps.h>
 
 #include <moUndoStack/light/moAddNodeAsVisibilityReferenceUndoCommand.h>
 
@@ -185,6 +186,14 @@ TEST_F(VisibilityReference, ALightThatGoesWithTheReferenceItLetsGoIsNotEditedAny
     Command(light, fresh, adding, nullptr).redo();
     EXPECT_FALSE(isAlive(lightId));
     EXPECT_FALSE(isAlive(freshId)) << "only the light held it";
+}
+
+TEST_F(VisibilityReference, MarksTheNodeThoughAListenerOfTheLightThrows)
+{
+    light = coreOf(makeTracedLight());
+    EditTrace edits;
+    expectStepsStandThoughAListenerThrows(stack, edits, new Command(light, node, adding, nullptr),
+                                          [this] { return state(); });
 }
 
 TEST_F(VisibilityReference, AParentThatIsGivenIsTheParent)

@@ -1,4 +1,5 @@
 #include <light/LightTest.h>
+#include <support/WholeSteps.h>
 
 #include <moUndoStack/light/moAddNodeToLightLinkSetUndoCommand.h>
 
@@ -298,6 +299,16 @@ TEST_P(LightLinkList, ASetTakenAwayByAListenerIsNotEditedAnyMore)
         << "the second is what the set's node does when it goes";
     EXPECT_EQ(a.getRefCount(), 1);
     EXPECT_EQ(b.getRefCount(), 1);
+}
+
+TEST_P(LightLinkList, TakesAllNodesThoughAListenerToTheFirstThrows)
+{
+    const auto a = make("a"), b = make("b");
+    const osg::NodePtr holder = place(root, "traced set", makeTracedSet());
+    set = osg::LightLinkSetPtr::dcast(holder->getCore());
+    EditTrace edits;
+    expectStepsStandThoughAListenerThrows(stack, edits, new Command(set, {a, b}, listType(), adding, nullptr),
+                                          [this] { return list(); });
 }
 
 TEST_P(LightLinkList, ASetThatGoesWithTheNodeTakenOutIsNotEditedAnyMore)

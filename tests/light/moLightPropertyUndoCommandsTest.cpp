@@ -1,4 +1,5 @@
 #include <light/LightTest.h>
+#include <support/WholeSteps.h>
 
 #include <moUndoStack/light/moLightPropertyUndoCommands.h>
 
@@ -71,9 +72,9 @@ protected:
     }
 
     /// A light whose every property differs from what the rows set.
-    osg::NodePtr start(const std::string& name)
+    osg::NodePtr start(const std::string& name) { return start(makeLight(name)); }
+    static osg::NodePtr start(const osg::NodePtr& node)
     {
-        const osg::NodePtr node = makeLight(name);
         const osg::UberLightPtr core = coreOf(node);
         core->setDiffuse(osg::Color3f(.5f, .5f, .5f));
         core->setGlossy(osg::Color3f(.25f, .25f, .25f));
@@ -143,6 +144,13 @@ TEST_P(LightProperty, AValueThatIsThereAlreadyIsSetAndToldOfAllTheSame)
     stack.undo();
     EXPECT_EQ(edits.take(), expected);
     EXPECT_EQ(describeLight(light), held);
+}
+
+TEST_P(LightProperty, StandsThoughAListenerThrows)
+{
+    light = start(makeTracedLight());
+    EditTrace edits;
+    expectStepsStandThoughAListenerThrows(stack, edits, the.first(light), [this] { return describeLight(light); });
 }
 
 TEST_P(LightProperty, TextAndDescriptionAreTheSameWords)

@@ -1,4 +1,5 @@
 #include <light/LightTest.h>
+#include <support/WholeSteps.h>
 
 #include <moUndoStack/light/moSetLightProfileShapeCommand.h>
 
@@ -205,6 +206,15 @@ TEST_F(SetLightProfileShape, TheCommandHoldsNoReference)
     stack.addOrExecute(command);
     EXPECT_EQ(light.getRefCount(), 1);
     EXPECT_EQ(coreOf(light).getRefCount(), 1);
+}
+
+TEST_F(SetLightProfileShape, StandsThoughAListenerThrows)
+{
+    light = makeTracedLight();
+    moLights::changeLightType(light, "Area");
+    EditTrace edits;
+    expectStepsStandThoughAListenerThrows(stack, edits, new moSetLightProfileShapeCommand(light, nullptr),
+                                          [this] { return describeLight(light); });
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "MaterialTest.h"
 
 #include <support/ContextTranslator.h>
+#include <support/WholeSteps.h>
 
 #include <moUndoStack/material/moSetEnvironmentUndoCommand.h>
 
@@ -191,18 +192,7 @@ TEST_F(SetEnvironment, TranslatesInItsOwnContextButNotItsText)
 
 TEST_F(SetEnvironment, StandsThoughAListenerThrows)
 {
-    auto* const command = create(sky);
-    edits.onChange([] { throw 1; });
-    EXPECT_THROW(stack.add(command), int);
-    EXPECT_EQ(glass->getEnvironment(), sky);
-    EXPECT_EQ(stack.size(), 1);
-    edits.onChange([] { throw 1; });
-    EXPECT_THROW(stack.undo(), int);
-    EXPECT_EQ(glass->getEnvironment(), osg::NullFC);
-    edits.onChange([] { throw 1; });
-    EXPECT_THROW(command->redo(), int) << "by hand";
-    EXPECT_EQ(glass->getEnvironment(), sky);
-    command->undo();
+    expectStepsStandThoughAListenerThrows(stack, edits, create(sky), [this] { return glass->getEnvironment(); });
 }
 
 } // namespace

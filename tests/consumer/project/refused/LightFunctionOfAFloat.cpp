@@ -1,0 +1,6 @@
+// refused: moLightsFunctionUndoCommand is for bool
+#include <moUndoStack/moUndoCommands.h>
+
+class BrightnessCommand : public moLightsFunctionUndoCommand<float>
+{
+};
