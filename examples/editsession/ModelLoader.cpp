@@ -246,9 +246,9 @@ Model loadModel(const QString& fileName, Progress& progress)
     };
     constexpr qint64 bytesPerSecond = 1'000'000; // far below what any format takes
     progress.step("trying the file out");
-    const Trial trial = tryOut(import, static_cast<unsigned int>(5 + info.size() / bytesPerSecond));
-    progress.step("reading the file");
-    switch (trial) {
+    const auto complaint = [&importer, &import] { return std::string(import() ? "" : importer.GetErrorString()); };
+    const Trial trial = tryOut(complaint, static_cast<unsigned int>(5 + info.size() / bytesPerSecond));
+    switch (trial.end) {
     case Trial::Crashed:
         fail(fileName, QStringLiteral("damaged, or not what its name says (the importer crashes on it)"));
     case Trial::DidNotEnd:
@@ -256,6 +256,8 @@ Model loadModel(const QString& fileName, Progress& progress)
     case Trial::Returned:
         break;
     }
+    if (!trial.complaint.empty()) fail(fileName, QString::fromStdString(trial.complaint));
+    progress.step("reading the file");
     const aiScene* scene = import();
     if (!scene) fail(fileName, QString::fromUtf8(importer.GetErrorString()));
     if (!scene->mRootNode || (scene->mRootNode->mNumChildren == 0 && scene->mNumMeshes == 0 && scene->mNumLights == 0))
