@@ -418,6 +418,25 @@ TEST_F(ReentrantSteps, LoopInARedoOfARecordedStepUndoesThatStepToo)
     EXPECT_EQ(describe(stack), "2 steps, at start, no undo, redo");
 }
 
+TEST_F(ReentrantSteps, QueriesAreRightAgainWhenThePushAtHandFailed)
+{
+    std::vector<int> sizes;
+    const auto failAfterAsking = [&] {
+        stack.add((new ProbeCommand("bad"))->onRedo([&] {
+            sizes.push_back(stack.size());
+            stack.add((new ProbeCommand("good"))->onRedo([&] { sizes.push_back(stack.size()); }));
+            throw std::runtime_error("redo");
+        }));
+    };
+    EXPECT_THROW(failAfterAsking(), std::runtime_error);
+    EXPECT_THAT(sizes, ElementsAre(1, 1)) << "each counts itself";
+    // As many steps now as the first round expected in vain.
+    stack.add(new ProbeCommand("between"));
+    sizes.clear();
+    EXPECT_THROW(failAfterAsking(), std::runtime_error);
+    EXPECT_THAT(sizes, ElementsAre(3, 3));
+}
+
 TEST_F(ReentrantSteps, QueriesFromACommandThatIsBeingClearedFindNothing)
 {
     std::vector<std::string> seen;
