@@ -15,7 +15,7 @@ inline unsigned int containerId(const osg::FieldContainerPtr& container)
     return container ? container.getFieldContainerId() : 0;
 }
 
-/// The container with this id as a handle of the given type; null when it is gone, was never there or is of another
+/// The container with this id as a handle of the given type; null if it was destroyed, never existed or is of another
 /// type.
 template<class Ptr>
 Ptr findContainer(unsigned int id)
@@ -55,7 +55,7 @@ private:
     osg::BitVector m_mask;
 };
 
-/// For the few commands that hand a reference over; everybody else holds a ContainerReference. Null handles are
+/// For the few commands that hand a reference over to a field; all others hold a ContainerReference. Null handles are
 /// ignored.
 inline void addReference(const osg::FieldContainerPtr& container)
 {
@@ -68,8 +68,8 @@ inline void releaseReference(const osg::FieldContainerPtr& container)
     osg::subRefCP(container);
 }
 
-/// Keeps a container alive: one reference from construction to destruction. Found again by id, so that nothing happens
-/// at the end when somebody has destroyed the container all the same.
+/// Keeps a container alive: one reference from construction to destruction. The container is found again by id, so that
+/// nothing happens at the end if it was destroyed all the same.
 class ContainerReference
 {
 public:

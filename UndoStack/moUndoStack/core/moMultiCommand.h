@@ -6,50 +6,60 @@
 /// A composite: one undo step made of child commands.
 ///
 /// Usually made between moUndoStack::beginMultiCommand() and endMultiCommand(). Its children are done in order and
-/// undone in reverse order. A step happens whole or not at all: if a child's step does not happen, as it throws while
-/// it writes, the children before it are taken back, the after function is not called and the exception passes. What
-/// throws after a write (a callback, a listener, the after function) changes nothing about the step (see moStep).
+/// undone in reverse order. A step happens whole or not at all: if a child fails to write and throws, the children
+/// before it are taken back, the after function is not called and the exception passes. Code that throws after a write
+/// (a callback, a listener, the after function) does not undo the step (see moStep).
 ///
-/// Merges with a newer composite of the same class and the same number of children if each child can be merged with its
-/// counterpart. Each pair is then merged; what a child answers to that is not looked at, which is intended. Children
-/// that refuse to be merged but do not say so in canMergeWith() (see moUndoCommand) need a composite with merging
-/// disabled: the newer one's edits are lost on redo or survive undo otherwise. The newer composite is deleted with all
-/// that it has: its after function, the receiver of a moInvokeMultiCommand, the changed and other callbacks of its
-/// children. Those of the older one are called from then on, so they must do for both.
-/// Messages: describes itself as its first child.
+/// Merges with a newer composite of the same class and the same number of children if canMergeWith() of each child
+/// accepts its counterpart. Then mergeWith() of each child is called. Intended: its result is ignored, because a half
+/// merged composite could not be taken apart again. Children that refuse in mergeWith() but not in canMergeWith() (see
+/// moUndoCommand) need a composite with merging disabled: otherwise the newer edits are lost on redo, or stay after
+/// undo. The newer composite is deleted with all that it has: its after function, the receiver of a
+/// moInvokeMultiCommand, the changed and other callbacks of its children. From then on those of the older one are
+/// called, also for the newer edits.
+/// Message: that of its first child, if it is a moUndoCommand.
 class MO_UNDO_STACK_EXPORT moMultiCommand : public moUndoCommandBase
 {
     MO_UNDO_COMMAND_ID
 
 public:
-    /// Parent: the composite being composed, if any.
+    /// Merges. The parent is the composite being composed, if any.
     explicit moMultiCommand(const moUndoString& text);
 
-    /// \param parent  null means the composite being composed, if any.
+    /// Merges.
+    /// \param parent  owns the composite; null means the composite being composed, if any.
     moMultiCommand(const moUndoString& text, QUndoCommand* parent);
 
-    /// \param parent        not used, and that is intended: the parent is always the composite being composed, if any.
+    /// \param parent        intended: not used. The parent is always the composite being composed, if any.
     /// \param mergeEnabled  whether newer composites may be merged into this one.
     moMultiCommand(const moUndoString& text, QUndoCommand* parent, bool mergeEnabled);
 
+    /// Merges. The parent is the composite being composed, if any.
     /// \param after  called after the children were done and after they were undone; may be empty. Not called when a
-    ///               child threw and the others were taken back: nothing happened that it could be told of.
+    ///               child failed and the others were taken back, because then the step did not happen.
     moMultiCommand(const moUndoString& text, std::function<void()> after);
 
     ~moMultiCommand() override;
 
+    /// Takes the children back, from the last to the first, and calls the after function.
     void undo() override;
+
+    /// Does the children, from the first to the last, and calls the after function.
     void redo() override;
 
     /// Takes over the newer composite's text; the description stays.
     bool mergeWith(const QUndoCommand* other) override;
 
+    /// Adds what the first child says of itself.
     void makeMessage(moMessage& message) const override;
 
-    /// Here the older composite's own flag decides, unlike in moUndoCommand.
+    /// Whether each child accepts its counterpart. Unlike in moUndoCommand, the switch of the older composite counts.
     bool canMergeWith(const QUndoCommand* other) const override;
 
+    /// Whether newer composites may be merged into this one.
     virtual void setMergeEnabled(bool enabled);
+
+    /// What setMergeEnabled() or the constructor set; true by default.
     virtual bool isMergeEnabled() const;
 
     /// Whether the command is a direct child of this one.

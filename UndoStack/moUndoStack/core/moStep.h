@@ -62,9 +62,9 @@ public:
         }
     }
 
-    /// Runs a write that a sibling library makes: with all it writes it has finished when a listener to the change
-    /// throws, so the step stands. Only std::bad_alloc passes, as the sibling may have failed before it wrote. One call
-    /// for each call of the sibling: the listeners are outside of the step.
+    /// Runs a write that a sibling library makes. The sibling writes first and tells listeners afterwards, so when a
+    /// listener throws, the step stands. Only std::bad_alloc passes, because the sibling may have failed before it
+    /// wrote. Make one call of the sibling in each: the listeners run outside of the step.
     template<class Write>
     static void writeThroughSibling(const Write& write)
     {

@@ -35,18 +35,17 @@ public:
     void makeMessage(moMessage& message) const override;
 
     /// True if `other`, the newer command, has merging enabled, has this command's id and was made strictly less than
-    /// its own merge interval after this one. Whether merging is enabled here is not asked: it is the newer command
-    /// that is merged away, and this asymmetry is intended. Anything that is no moUndoCommand is refused.
+    /// its own merge interval after this one. Intended: switch and interval of this, the older command, do not count,
+    /// because it is the newer one that is merged and deleted. False for anything that is no moUndoCommand.
     bool canMergeWith(const QUndoCommand* other) const override;
 
-    /// A small positive number for a class: 1, 2, 3 ... in the order of first asking, stable for the life of the
-    /// process.
+    /// The id of a class: 1, 2, 3 ... in the order of the first calls, the same until the process ends.
     static int makeId(std::type_index type);
 
-    /// The merge interval, in seconds however long it is; negative (or not a number): no limit.
+    /// Sets the merge interval in seconds. Negative, or not a number: no limit. 0: never merges.
     void setMergeResponseDelta(const double& seconds);
 
-    /// Whether this command may be merged into an older one. Default true. The interval stays as it is set.
+    /// Whether this command may be merged into an older one. Default true. Keeps the interval.
     void setMergeEnabled(bool enabled);
 
 protected:
@@ -56,8 +55,8 @@ protected:
     /// Part of a merge: this command counts as made when the newer one was.
     void adoptCreationTime(const moUndoCommand& newer) { m_creationTime = newer.m_creationTime; }
 
-    /// `other` as a Command, or null if it is none. A command that may be merged is nearly always of the very class of
-    /// `self`, which is much cheaper to see than that it is of some class derived from Command.
+    /// `other` as a Command, or null if it is none. Compares the classes first: nearly always both are of one class, and
+    /// that is much cheaper than a dynamic_cast.
     template<class Command>
     static const Command* castLike(const Command& self, const QUndoCommand* other)
     {

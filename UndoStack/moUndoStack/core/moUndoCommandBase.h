@@ -17,27 +17,31 @@ class moUndoString;
 class MO_UNDO_STACK_EXPORT moUndoCommandBase : public QUndoCommand
 {
 public:
-    /// \param text    text() becomes Qt's command text, description() the description.
-    /// \param parent  becomes the owner, as with QUndoCommand; null stays null.
+    /// \param text    its text() becomes Qt's command text, its description() the description.
+    /// \param parent  owns this command and runs it as its child, as with QUndoCommand; null means none.
     moUndoCommandBase(const moUndoString& text, QUndoCommand* parent);
     ~moUndoCommandBase() override;
     Q_DISABLE_COPY(moUndoCommandBase)
 
-    /// The parent given at construction, not owned.
+    /// The parent given at construction; null if there is none.
     virtual QUndoCommand* parent() const;
 
+    /// Sets the longer text, for tool tips and messages.
     virtual void setDescription(const QString& description);
+
+    /// The longer text.
     virtual QString getDescription() const;
 
-    /// Adds the keys that describe this command to listeners. Overrides call their base class first.
+    /// Adds the keys that describe this command to a message. Overrides call their base class first.
     virtual void makeMessage(moMessage& message) const = 0;
 
-    /// Whether a newer command may be merged into this one. Asked of the older command, by mergeWith().
+    /// Whether `other`, a newer command, may be merged into this one. Called by mergeWith() of this, the older command,
+    /// and by a composite for each child.
     virtual bool canMergeWith(const QUndoCommand* other) const = 0;
 
-    /// The function is called with true after this command was done (also when another was merged into it) and with
-    /// false after it was undone, last of all listeners; that of a composite before those of its children. Replaces the
-    /// one before; an empty function removes it.
+    /// Sets the changed callback: called with true after this command was done (also when another was merged into it)
+    /// and with false after it was undone. It is the last listener of a step; that of a composite comes before those of
+    /// its children. Replaces the one before; an empty function removes it.
     void setChangedCB(std::function<void(bool)> changed);
 
 private:
@@ -45,7 +49,7 @@ private:
 
     void callChangedCB(bool done) const;
 
-    /// How many commands have a changed callback: while none has, nobody need look for one.
+    /// How many commands have a changed callback: with none, a step skips the search for callbacks.
     static int s_changedCount;
 
     QUndoCommand* m_parent;

@@ -19,7 +19,7 @@ class moStackCalls;
 class moUndoCommandBase;
 struct moStackCall;
 
-/// Records commands, runs them, takes them back and tells everybody: the one entry point for edits that can be undone.
+/// Runs commands, records them, takes them back and reports each step: the one entry point for edits that can be undone.
 ///
 /// There are two stacks, get(DefaultStack) and get(SecondStack), made at the first get() and destroyed at process exit.
 /// Recording is off until beginUndo() is called; commands are then only run. Both stacks share the recording counters
@@ -34,10 +34,10 @@ struct moStackCall;
 /// merge may call the stack. While a stack is at work on a recorded step, a call that would change it (add,
 /// addOrExecute of a command to be recorded, undo, redo, reset, mark, clear, beginMacro, endMacro, a click into the
 /// history) waits: it is carried out, in the order of the calls, when the step at hand has been run and reported,
-/// before the outermost call returns. So no command is deleted while somebody is told about it, and every listener
+/// before the outermost call returns. So no command is deleted while a listener is told about it, and every listener
 /// hears of the steps in the order in which they happened. Whether a command is recorded is decided when it is handed
-/// in, not when its turn comes. Commands that are not recorded are run and reported at once. Beginning and ending a
-/// composition does not wait, as commands are made in between; adding the composite does.
+/// in, not when its turn comes. Unrecorded commands are run and reported at once. Beginning and ending a composition
+/// does not wait, because commands are made in between; adding the composite does.
 ///
 /// The queries (canUndo(), canRedo(), currentCommand(), size(), isEmpty()) answer as if the step at hand and all calls
 /// that wait had been carried out: `while (stack.canUndo()) stack.undo();` does in a listener what it does outside. A
@@ -49,131 +49,154 @@ struct moStackCall;
 /// logged. The stack stays usable:
 ///  - a listener, or other foreign code that a step calls after its write, throws: the step stands, and the rest of it
 ///    is done. Only Qt itself leaves out the slots behind one that throws.
-///  - redo() of a command being pushed throws, as it fails to write: the command is deleted, stack and scene are as
-///    before. A moUndoCommandBase that has a parent is left to its parent.
-///  - undo() or redo() of a recorded command throws, as it fails to write: the index stays, the scene is as before.
+///  - redo() of a command being pushed fails to write and throws: the command is deleted, stack and scene are as
+///    before. A moUndoCommandBase that has a parent is not deleted: its parent owns it.
+///  - undo() or redo() of a recorded command fails to write and throws: the index stays, the scene is as before.
 ///  - mergeWith() of the top command throws: the newer command is deleted. Its edit stays and counts as part of the top
-///    command. Steps that could have been redone are gone, as with any push.
+///    command. Steps that could have been redone are deleted, as with any push.
 ///  - a command fails to write in the middle of a jump over several steps (reset(), or a click into the history) or of
 ///    a macro: the index stays where it was, but the commands before the failing one have been run, and QUndoStack
-///    offers no way to say so. clear() is then the only way to a history that is true.
+///    offers no way to move the index. Call clear() then: the history no longer fits the scene.
 ///
-/// What nobody can put back: a container that was destroyed meanwhile, and what a function of a
-/// moGenericFunctionUndoCommand, or a command class of somebody else, wrote before it threw.
+/// The stack cannot put back a destroyed container, nor what a function of a moGenericFunctionUndoCommand or a command
+/// class of your own wrote before it threw.
 class MO_UNDO_STACK_EXPORT moUndoStack : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Which stack. The default one takes what nobody assigned; the second is for an editor with a history of its own.
+    /// Which of the two stacks.
     enum StackType
     {
-        DefaultStack = 0,
-        SecondStack = 1
+        DefaultStack = 0, ///< for all edits that do not name a stack
+        SecondStack = 1   ///< for an editor with a history of its own
     };
 
-    /// Told of every step: name of the message, the message, 0. What it returns is not looked at.
+    /// Gets the message of each step. Arguments: "moURManager::redo" or "moURManager::undo", the message (valid during
+    /// the call), and 0. The result is ignored.
     using MessageCallback = bool (*)(const char*, moMessage&, int);
 
     /// The stack of a type; the default stack for any number that is no type.
     static moUndoStack& get(unsigned int type = DefaultStack);
 
-    /// Whether commands are recorded: beginUndo() is open and beginBlockUndo() is not.
+    /// Whether commands are recorded: at least one beginUndo() is open, and no beginBlockUndo().
     static bool undoEnabled();
+
+    /// Whether a beginBlockUndo() is open.
     static bool undoBlocked();
 
-    /// Nested switches. An end without its begin is logged and ignored.
+    /// Switches recording on, for both stacks. Calls nest: recording stays on until each has its endUndo().
     static void beginUndo();
+
+    /// Ends one beginUndo(). Without one, an error is logged and nothing changes.
     static void endUndo();
+
+    /// Switches recording off, whatever beginUndo() says, for both stacks. Calls nest.
     static void beginBlockUndo();
+
+    /// Ends one beginBlockUndo(). Without one, an error is logged and nothing changes.
     static void endBlockUndo();
 
-    /// Clears both stacks, the default one first.
+    /// Calls clear() on both stacks, on the default one first.
     static void clearAll();
 
-    /// The innermost composite being composed if recording is on, else null: the default parent of new commands.
+    /// The innermost composite being composed if recording is on, else null: the default parent of new commands. Not
+    /// owned by the caller.
     static QUndoCommand* getCurrentCommandParent();
 
     /// Whether a composite is being composed on either stack, whatever the counters say.
     static bool isComposing();
 
-    /// Records a command that the caller has built: takes it over and runs it, or merges it into the top one and
-    /// deletes it. Null is ignored. It records also while recording is off: only addOrExecute() asks.
-    /// While a composite is being composed nothing happens: a command made meanwhile is a child of the composite, and
-    /// one that was made before stays the caller's, neither run nor recorded.
+    /// Takes the command over, runs it and records it, or merges it into the top one and deletes it. Null is ignored.
+    /// Records also while recording is off: only addOrExecute() asks.
+    /// While a composite is being composed nothing happens: a command made meanwhile is a child of the composite
+    /// already, and one that was made before is still the caller's, neither run nor recorded.
     void add(QUndoCommand* command);
 
-    /// Takes the command over and records it as add() does if recording is on; otherwise runs it, reports it (index -1)
-    /// and deletes it. Null is ignored; while a composite is being composed, a command that would be recorded is left
-    /// alone: one that was made before the composition stays the caller's. A command with a parent is pushed whatever the counters say, even if nothing is being composed. This is
-    /// intended; who does that must not let the parent delete it as well.
+    /// Takes the command over. If recording is on, records it as add() does; otherwise runs it, reports it (index -1)
+    /// and deletes it. Null is ignored. While a composite is being composed, a command that would be recorded is left
+    /// alone: one that was made before the composition is still the caller's.
+    /// Intended: a command with a parent is pushed even while recording is off and nothing is being composed. Then both
+    /// the stack and the parent own it, so the caller must not delete the parent.
     void addOrExecute(moUndoCommandBase* command);
 
     /// Starts a composite: commands made from now on become its children, if recording is on. Compositions nest. The
-    /// composite owns its children; as Qt's, they do not sign off, so nobody else may delete one.
+    /// composite owns its children. Do not delete a child: the composite is not told (Qt's own rule).
     ///
     /// The children are built before any of them is run: each sees the scene as it is when it is made. Where commands
     /// edit one list by position, add those that remove from the highest position down, those that insert from the
     /// lowest one up: Remove(0) twice removes two items and keeps one.
     ///
-    /// \param text          may be empty: endMultiCommand() then makes one from the children.
-    /// \param mergeEnabled  whether later composites may be merged into this one. False for children that do not merge
-    ///                      and do not say so in canMergeWith(), see moUndoCommand: generic function commands, those of
-    ///                      the list of transform variants, moApplyTransformationVariantUndoCommand. A composite that
-    ///                      is merged away takes its callbacks with it.
+    /// \param text          Qt's command text. Empty: endMultiCommand() makes one from the texts of the children.
+    /// \param description   the longer text. Empty: endMultiCommand() makes one from that of the first child.
+    /// \param mergeEnabled  whether newer composites may be merged into this one. Pass false if a child cannot merge
+    ///                      and does not say so in canMergeWith(), see moUndoCommand: generic function commands, those
+    ///                      of the list of transform variants, moApplyTransformationVariantUndoCommand. The callbacks
+    ///                      of a composite that is merged into an older one are deleted with it.
     void beginMultiCommand(const QString& text, const QString& description, bool mergeEnabled);
 
-    /// Ends the innermost composition and, if it was the outermost one, hands the composite to addOrExecute(). One
-    /// without children is dropped. Logged and ignored if nothing is being composed, or if that was begun on the other
-    /// stack. A nested composite that was begun while recording was off belongs to nobody: it is neither recorded nor
-    /// run.
+    /// Ends the innermost composition and, if it was the outermost one, hands the composite to addOrExecute(). A
+    /// composite without children is deleted. If nothing is being composed, or the composition was begun on the other
+    /// stack, an error is logged and nothing changes. A nested composite that was begun while recording was off has no
+    /// parent: it is neither run nor recorded, and deleted at process exit.
     void endMultiCommand();
 
-    /// Groups what is added until endMacro() into one step of Qt's own kind. Reported once, when it ends. Each command
-    /// is run as it is added. If one of them fails to write when the macro is taken back or done again, those before it
-    /// stay as they are: only a composite happens whole or not at all. An end without its begin is ignored by Qt.
+    /// Starts a macro of Qt: what is added until endMacro() becomes one step, reported once, when it ends. Each command
+    /// is run as it is added. If one of them fails to write when the macro is undone or redone, the commands before it
+    /// stay undone or redone: only a composite happens whole or not at all.
     void beginMacro(const QString& text);
+
+    /// Ends the innermost macro. Without one, Qt warns and nothing changes.
     void endMacro();
 
-    /// Whether undo() or redo() would move; false while a macro is open. With calls that wait: when they are done.
+    /// Whether undo() would move; false while a macro is open. While calls wait: the answer once they are done.
     bool canUndo() const;
+
+    /// Whether redo() would move; false while a macro is open. While calls wait: the answer once they are done.
     bool canRedo() const;
 
-    /// The command that undo() would take back; null if there is none. With calls that wait: when they are done; then
-    /// it may be one that has not run yet, and null stands for a macro that has not begun.
+    /// The command that undo() would take back; null if there is none. While calls wait: the answer once they are done;
+    /// then it may be a command that has not run yet, and null stands for a macro that has not begun.
     const QUndoCommand* currentCommand() const;
 
-    /// Number of recorded steps, done and undone. With calls that wait: when they are done.
+    /// Number of recorded steps, done and undone. While calls wait: the answer once they are done.
     int size() const;
+
+    /// Whether size() is 0.
     bool isEmpty() const;
 
-    /// One callback per stack; null (the default) switches messages off, and none is built then.
+    /// Sets the one message callback of this stack. Null (the default) switches messages off: then none is built.
     void setMessageCallback(MessageCallback callback);
 
 Q_SIGNALS:
-    /// A command was done. `added` is true the first time and after a merge, false for a redo. `command` is null after
-    /// clear().
+    /// A command was done, with `added` true, or redone, with `added` false. A merge reports the older command, with
+    /// `added` true. `command` is null after clear().
     void redoPerformed(const QUndoCommand* command, bool added);
 
     /// A command was undone. `command` is null after clear().
     void undoPerformed(const QUndoCommand* command);
 
-    /// The stack was emptied; comes last.
+    /// The stack was cleared. Emitted last, also if it was empty before.
     void cleared();
 
 public Q_SLOTS:
+    /// Takes the last step back. Nothing happens if there is none; while a macro is open, Qt warns.
     void undo();
+
+    /// Does the last undone step again. Nothing happens if there is none; while a macro is open, Qt warns.
     void redo();
 
-    /// Deletes all commands and the composition under way (with a warning), resets the mark.
+    /// Deletes all commands and, with a warning, the composition under way; sets the mark to 0.
     void clear();
 
-    /// Remembers the index; reset() goes back or forward to it, reported as one step.
+    /// Remembers the index for reset(). One mark per stack, 0 at first.
     void mark();
+
+    /// Goes back or forward to the mark, reported as one step. If fewer steps are left, Qt goes to the last one.
     void reset();
 
-    /// Shows the history in a window of its own, which keeps the size and the place that the user gives it. Needs a
-    /// QApplication: without one, a line is logged and nothing happens.
+    /// Shows the history of this stack in a window of its own, which keeps the size and the place that the user gives
+    /// it. Without a QApplication an error is logged and nothing happens.
     void showHistory();
 
 private Q_SLOTS:
