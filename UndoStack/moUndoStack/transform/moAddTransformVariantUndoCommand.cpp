@@ -30,7 +30,7 @@ void moAddTransformVariantUndoCommand::redo()
         const auto variant = m_variant->find<osg::TransformVariantPtr>();
         if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC || variant == osg::NullFC) return;
 
-        const moVariantList list(m_nodeId);
+        moVariantList list(m_nodeId);
         list.edit([&] {
             if (list.attachment() == osg::NullFC) putOnList(list);
             list.insert(m_index, variant);
@@ -46,7 +46,7 @@ void moAddTransformVariantUndoCommand::undo()
     moStep::run([this] {
         if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC) return;
 
-        const moVariantList list(m_nodeId);
+        moVariantList list(m_nodeId);
         list.edit([&] {
             if (!m_isDone) return;
             if (m_isInserted) list.remove(m_index);
@@ -58,7 +58,7 @@ void moAddTransformVariantUndoCommand::undo()
 }
 
 /// The list that an earlier redo has made, else a new one.
-void moAddTransformVariantUndoCommand::putOnList(const moVariantList& list)
+void moAddTransformVariantUndoCommand::putOnList(moVariantList& list)
 {
     if (const auto former = m_attachment->find<osg::TransformVariantsAttachmentPtr>()) {
         list.putOn(former);

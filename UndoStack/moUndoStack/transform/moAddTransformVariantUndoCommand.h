@@ -49,7 +49,7 @@ public:
     void redo() override;
 
 private:
-    void putOnList(const moVariantList& list);
+    void putOnList(moVariantList& list);
 
     unsigned int m_nodeId;
     std::unique_ptr<ContainerReference> m_variant;

@@ -29,7 +29,7 @@ void moRemoveTransformSwitchVariantUndoCommand::redo()
     moStep::run([this] {
         if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC) return;
 
-        const moVariantList list(m_nodeId);
+        moVariantList list(m_nodeId);
         list.edit([&] {
             list.remove(m_index);
             if (list.count() == 0) list.takeOff();
@@ -46,7 +46,7 @@ void moRemoveTransformSwitchVariantUndoCommand::undo()
         const auto attachment = m_attachment->find<osg::TransformVariantsAttachmentPtr>();
         if (node == osg::NullFC || variant == osg::NullFC || attachment == osg::NullFC) return;
 
-        const moVariantList list(m_nodeId);
+        moVariantList list(m_nodeId);
         list.edit([&] {
             if (list.attachment() == osg::NullFC) list.putOn(attachment);
             list.insert(m_index, variant);

@@ -60,8 +60,7 @@ bool moTransformVariantMoveCommand::move(const Variants& source, const Variants&
 {
     if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC) return false;
 
-    const moVariantList list(m_nodeId);
-    // Holds the variants on the way: the list has the only reference on most of them.
+    moVariantList list(m_nodeId);
     list.edit([&] {
         // From the highest position down, so that those still to be removed stay where they are.
         std::vector<unsigned int> taken;

@@ -21,55 +21,88 @@ public:
     std::uint64_t count() const { return moNodeUtils::getTransformVariantCount(node()); }
     osg::TransformVariantPtr at(std::uint64_t index) const { return moNodeUtils::getTransformVariant(node(), index); }
 
-    void create() const
+    /// Runs a write that calls the functions below; if a part of it fails, those that were done are taken back.
+    template<class Write>
+    void edit(const Write& write)
     {
+        moStep::writeOrTakeBack(write, [this] { takeBack(); });
+        m_changes.clear();
+    }
+
+    void create()
+    {
+        note(Change::List, 0, attachment());
         moStep::writeThroughSibling([this] { moNodeUtils::createTransformVariantsAttachment(node()); });
     }
-    void putOn(const osg::TransformVariantsAttachmentPtr& list) const
+    void putOn(const osg::TransformVariantsAttachmentPtr& list)
     {
+        note(Change::List, 0, attachment());
         moStep::writeThroughSibling([&] { moNodeUtils::setTransformVariantsAttachment(node(), list); });
     }
-    void takeOff() const
+    void takeOff()
     {
+        note(Change::List, 0, attachment());
         moStep::writeThroughSibling([this] { moNodeUtils::removeTransformVariantsAttachment(node()); });
     }
-    void insert(std::uint64_t index, const osg::TransformVariantPtr& variant) const
+    void insert(std::uint64_t index, const osg::TransformVariantPtr& variant)
     {
+        note(Change::Insertion, index, variant);
         moStep::writeThroughSibling([&] { moNodeUtils::insertTransformVariant(node(), index, variant); });
     }
-    void remove(std::uint64_t index) const
+    /// The variant lives at least until the edit ends.
+    void remove(std::uint64_t index)
     {
+        note(Change::Removal, index, at(index));
         moStep::writeThroughSibling([&] { moNodeUtils::removeTransformVariant(node(), index); });
     }
 
-    /// Runs a write on the list; if a part of it fails, the list becomes what it was.
-    template<class Write>
-    void edit(const Write& write) const
-    {
-        const ContainerReference list(attachment());
-        std::vector<ContainerReference> variants;
-        for (std::uint64_t i = 0; i < count(); ++i)
-            variants.emplace_back(at(i));
-        moStep::writeOrTakeBack(write, [&] { become(list, variants); });
-    }
-
 private:
+    /// A change that was begun, with what its reversal needs.
+    struct Change
+    {
+        enum Kind
+        {
+            List,      ///< another list, or none
+            Insertion, ///< of a variant
+            Removal    ///< of a variant
+        };
+        Kind kind;
+        std::uint64_t index;
+        std::uint64_t countBefore;
+        ContainerReference container; ///< the list before, or the variant
+    };
+
     osg::NodePtr node() const { return findContainer<osg::NodePtr>(m_nodeId); }
 
-    void become(const ContainerReference& list, const std::vector<ContainerReference>& variants) const
+    void note(Change::Kind kind, std::uint64_t index, const osg::FieldContainerPtr& container)
     {
-        const auto former = list.find<osg::TransformVariantsAttachmentPtr>();
-        if (former != osg::NullFC && attachment() != former) putOn(former);
-        std::uint64_t same = 0;
-        while (same < variants.size() && same < count() && containerId(at(same)) == variants[same].id())
-            ++same;
-        for (std::uint64_t last = count(); last > same; --last)
-            remove(last - 1);
-        for (; same < variants.size(); ++same)
-            insert(same, variants[same].find<osg::TransformVariantPtr>());
-        // Last, so that a list that comes back later comes back empty.
-        if (former == osg::NullFC) takeOff();
+        m_changes.push_back({kind, index, count(), ContainerReference(container)});
+    }
+
+    void takeBack()
+    {
+        for (; !m_changes.empty(); m_changes.pop_back())
+            moStep::writeThroughSibling([this] { takeBack(m_changes.back()); });
+    }
+
+    /// The change that failed may have been made or not.
+    void takeBack(const Change& change) const
+    {
+        if (change.kind == Change::List) {
+            const auto list = change.container.find<osg::TransformVariantsAttachmentPtr>();
+            if (list == osg::NullFC)
+                moNodeUtils::removeTransformVariantsAttachment(node());
+            else if (list != attachment())
+                moNodeUtils::setTransformVariantsAttachment(node(), list);
+        } else if (count() != change.countBefore) {
+            if (change.kind == Change::Insertion)
+                moNodeUtils::removeTransformVariant(node(), change.index);
+            else
+                moNodeUtils::insertTransformVariant(node(), change.index,
+                                                    change.container.find<osg::TransformVariantPtr>());
+        }
     }
 
     unsigned int m_nodeId;
+    std::vector<Change> m_changes;
 };
