@@ -447,6 +447,22 @@ TEST_F(ReentrantSteps, QueriesFromACommandThatIsBeingClearedFindNothing)
     EXPECT_EQ(seen.size(), 2U);
 }
 
+TEST_F(ReentrantSteps, AnEndOfAMacroThatWasNotBegunChangesNoAnswer)
+{
+    for (const char* name : {"a", "b", "c"})
+        stack.add(new ProbeCommand(name));
+    stack.undo();
+    std::string seen;
+    QObject context;
+    QObject::connect(&stack, &moUndoStack::undoPerformed, &context, [&] {
+        stack.endMacro();
+        seen = describe(stack);
+    });
+    stack.undo();
+    EXPECT_EQ(seen, "3 steps, at \"a\", undo, redo");
+    EXPECT_EQ(describe(stack), seen);
+}
+
 TEST_F(ReentrantSteps, LoopInAMacroIsRefusedAsQtRefusesIt)
 {
     stack.add(new ProbeCommand("a"));
