@@ -4,6 +4,7 @@
 #include <boost/container/small_vector.hpp>
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 /// A record of keys and values. Entries keep the order in which their keys were first set.
@@ -19,8 +20,16 @@ public:
     /// Sets a key. A key that is there already keeps its place; `overwrite` decides whether it takes the new value or
     /// keeps the old one.
     void set(const std::string& key, const boost::any& value, bool overwrite = true);
-    /// The same without copies.
-    void set(std::string&& key, boost::any&& value, bool overwrite = true);
+    /// The same, with key and value made in place.
+    template<class Value>
+    void set(const char* key, Value&& value, bool overwrite = true)
+    {
+        boost::any* const known = findValue(key);
+        if (!known)
+            m_entries.emplace_back(key, std::forward<Value>(value));
+        else if (overwrite)
+            *known = boost::any(std::forward<Value>(value));
+    }
 
     /// The value of a key; null when the key was not set. Valid until the next set().
     const boost::any* find(const std::string& key) const;
@@ -29,5 +38,7 @@ public:
     const Entries& entries() const { return m_entries; }
 
 private:
+    boost::any* findValue(std::string_view key);
+
     Entries m_entries;
 };

@@ -271,4 +271,34 @@ TEST_F(Notifications, AreSpiedOnAsQtSignals)
     EXPECT_EQ(cleared.count(), 1);
 }
 
+TEST_F(Notifications, ReachEverySlotThatIsConnectedAtTheTime)
+{
+    // On the stack to which no trace listens.
+    second.add(new ProbeCommand("a"));
+    std::vector<std::string> heard;
+    QObject context;
+    const auto redone =
+        QObject::connect(&second, &moUndoStack::redoPerformed, &context, [&] { heard.push_back("redo"); });
+    const auto undone =
+        QObject::connect(&second, &moUndoStack::undoPerformed, &context, [&] { heard.push_back("undo"); });
+    const auto undoAndRedo = [&] {
+        heard.clear();
+        second.undo();
+        second.redo();
+        return heard;
+    };
+    EXPECT_THAT(undoAndRedo(), ElementsAre("undo", "redo"));
+    QObject::disconnect(redone);
+    EXPECT_THAT(undoAndRedo(), ElementsAre("undo"));
+    QObject::disconnect(undone);
+    EXPECT_THAT(undoAndRedo(), IsEmpty());
+
+    auto* shortLived = new QObject;
+    QObject::connect(&second, &moUndoStack::redoPerformed, shortLived, [&] { heard.push_back("short-lived"); });
+    QObject::connect(&second, &moUndoStack::redoPerformed, &context, [&] { heard.push_back("redo"); });
+    EXPECT_THAT(undoAndRedo(), ElementsAre("short-lived", "redo"));
+    delete shortLived;
+    EXPECT_THAT(undoAndRedo(), ElementsAre("redo"));
+}
+
 } // namespace

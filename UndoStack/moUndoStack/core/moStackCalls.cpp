@@ -75,11 +75,11 @@ const QUndoCommand* moStackOutlook::command(int position) const
 
 // --- moStackCalls ---------------------------------------------------------------------------------------------------
 
-void moStackCalls::perform(moStackCall call)
+void moStackCalls::perform(const moStackCall& call)
 {
     if (isClosed()) return;
     if (m_atHand) {
-        m_waiting.push_back({std::move(call), {}});
+        m_waiting.push_back({call, {}});
         expect(m_waiting.back());
         return;
     }
@@ -116,9 +116,8 @@ void moStackCalls::work(const moStackCall& call)
     m_atHand = nullptr;
 }
 
-void moStackCalls::settle()
+void moStackCalls::settleNow()
 {
-    if (m_settled) return;
     m_settled = true;
     switch (m_atHand->kind) {
     case Kind::BeginMacro:

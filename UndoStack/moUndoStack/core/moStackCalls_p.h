@@ -90,12 +90,15 @@ public:
     moStackCalls(const QUndoStack& stack, CarryOut carryOut) : m_stack(stack), m_carryOut(std::move(carryOut)) {}
 
     /// Carries a call out, and those that come meanwhile; or lets it wait, if the stack is at work.
-    void perform(moStackCall call);
+    void perform(const moStackCall& call);
 
     bool isAtWork() const { return m_atHand; }
 
     /// To be told when Qt's stack has moved.
-    void settle();
+    void settle()
+    {
+        if (!m_settled) settleNow();
+    }
 
     /// Whether the call at hand adds something: a push, or the end of a macro.
     bool isAdding() const;
@@ -120,6 +123,7 @@ private:
 
     void expect(Waiting& waiting);
     void work(const moStackCall& call);
+    void settleNow();
     moStackPlace now() const;
     moStackOutlook& outlook();
 

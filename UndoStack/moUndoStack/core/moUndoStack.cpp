@@ -34,12 +34,13 @@ using Kind = moStackCall::Kind;
 /// What QString::toStdString() gives, without its detour over a byte array for texts that are plain ASCII, as most are.
 std::string toUtf8(const QString& text)
 {
-    ushort bits = 0;
-    for (const QChar c : text)
-        bits |= c.unicode();
-    if (bits > 0x7f) return text.toStdString();
     std::string bytes(static_cast<std::size_t>(text.size()), '\0');
-    std::transform(text.begin(), text.end(), bytes.begin(), [](QChar c) { return static_cast<char>(c.unicode()); });
+    ushort bits = 0;
+    std::transform(text.begin(), text.end(), bytes.begin(), [&bits](QChar c) {
+        bits |= c.unicode();
+        return static_cast<char>(c.unicode());
+    });
+    if (bits > 0x7f) return text.toStdString();
     return bytes;
 }
 
@@ -429,6 +430,14 @@ void moUndoStack::setMessageCallback(MessageCallback callback)
     m_messageCallback = callback;
 }
 
+/// Signals are emitted from the first connection on: to emit one that nobody hears costs a tenth of an undo. Not
+/// switched off again at a disconnection: Qt holds its lock then, and does not say which slots are left.
+void moUndoStack::connectNotify(const QMetaMethod& signal)
+{
+    m_hadSlots = true;
+    QObject::connectNotify(signal);
+}
+
 /// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear, always from within a call of ours.
 /// Nothing may be thrown into Qt, which could not say any more who owns the command: all that can throw here comes
 /// afterwards, and is kept.
@@ -436,34 +445,31 @@ void moUndoStack::indexChanged(int i)
 {
     m_calls->settle();
     const bool forward = m_lastIndex <= i;
-    const bool added = m_calls->isAdding();
     m_lastIndex = i;
-
-    if (forward) {
-        sendRedoNotification(m_stack->command(i - 1), i - 1, added);
-        return;
-    }
-    const QUndoCommand* undone = m_stack->command(i);
-    moStep::afterwards([&] { Q_EMIT undoPerformed(undone); });
-    sendMessage(undoMessage, i, false);
-    callChangedCB(undone, false);
+    if (!m_hadSlots && !m_messageCallback && moUndoCommandBase::s_changedCount == 0) return;
+    if (forward)
+        sendRedoNotification(m_stack->command(i - 1), i - 1, m_calls->isAdding());
+    else
+        sendUndoNotification(m_stack->command(i), i);
 }
 
 void moUndoStack::sendRedoNotification(const QUndoCommand* command, int index, bool added)
 {
-    moStep::afterwards([&] { Q_EMIT redoPerformed(command, added); });
-    sendMessage(command, redoMessage, index, added);
+    if (m_hadSlots) moStep::afterwards([&] { Q_EMIT redoPerformed(command, added); });
+    if (m_messageCallback) sendMessage(command, redoMessage, index, added);
     callChangedCB(command, true);
 }
 
-void moUndoStack::sendMessage(const char* name, int index, bool added) const
+void moUndoStack::sendUndoNotification(const QUndoCommand* command, int index)
 {
-    sendMessage(m_stack->command(index), name, index, added);
+    if (m_hadSlots) moStep::afterwards([&] { Q_EMIT undoPerformed(command); });
+    if (m_messageCallback) sendMessage(command, undoMessage, index, false);
+    callChangedCB(command, false);
 }
 
 void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const
 {
-    if (!command || !m_messageCallback) return;
+    if (!command) return;
 
     moMessage message;
     moStep::afterwards([&] { fill(message, *command, index, added); });

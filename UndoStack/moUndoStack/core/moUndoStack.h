@@ -199,6 +199,9 @@ public Q_SLOTS:
     /// it. Without a QApplication an error is logged and nothing happens.
     void showHistory();
 
+protected:
+    void connectNotify(const QMetaMethod& signal) override;
+
 private Q_SLOTS:
     void indexChanged(int i);
 
@@ -221,8 +224,8 @@ private:
     void deleteCommands();
 
     void sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const;
-    void sendMessage(const char* name, int index, bool added) const;
     void sendRedoNotification(const QUndoCommand* command, int index, bool added);
+    void sendUndoNotification(const QUndoCommand* command, int index);
     void callChangedCB(const QUndoCommand* command, bool done);
 
     static unsigned int s_undoEnableCount;
@@ -234,6 +237,7 @@ private:
     std::unique_ptr<moStackCalls> m_calls;
     int m_lastIndex = 0;
     MessageCallback m_messageCallback = nullptr;
+    bool m_hadSlots = false;
 };
 
 // For listeners that keep a signal's arguments as variants.

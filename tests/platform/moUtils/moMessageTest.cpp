@@ -45,4 +45,17 @@ TEST(Message, TakesMoreKeysThanAnyCommandSets)
     EXPECT_EQ(boost::any_cast<int>(*message.find("key99")), 99);
 }
 
+TEST(Message, TakesAnAnyForWhatItHolds)
+{
+    moMessage message;
+    const std::string key = "count";
+    const boost::any count = 3;
+    message.set(key, count, true);
+    message.set("again", count, true);
+    EXPECT_EQ(describe(message), "count=int:3 again=int:3");
+    message.set(key, boost::any(4), true);
+    message.set("again", boost::any(5), false);
+    EXPECT_EQ(describe(message), "count=int:4 again=int:3");
+}
+
 } // namespace
