@@ -190,15 +190,18 @@ TEST_F(FunctionUndoCommand, OfANullNodeHasTheIdZeroAndNeverDoesAnything)
     EXPECT_EQ(stack.size(), 2) << "it takes up no edit of a node";
 }
 
-TEST_F(FunctionUndoCommand, OfSomethingThatIsNoNodeDoesNothing)
+TEST_F(FunctionUndoCommand, FindsItsNodeForItsSubclassUntilTheNodeIsDestroyed)
 {
-    const RenameCommand ofANode(node, "after");
-    const unsigned int id = osg::getContainerId(node);
-    osg::TransformPtr core = osg::Transform::create();
-    EXPECT_EQ(moUndoDetail::findNode(osg::getContainerId(core)), osg::NullFC);
-    EXPECT_EQ(moUndoDetail::findNode(id), node);
-    EXPECT_EQ(moUndoDetail::findNode(0), osg::NullFC);
-    osg::subRefCP(core);
+    struct Finding : RenameCommand
+    {
+        using RenameCommand::findNode;
+        using RenameCommand::RenameCommand;
+    };
+    const Finding command(node, "after");
+    EXPECT_EQ(command.findNode(), node);
+    osg::subRefCP(node);
+    EXPECT_EQ(command.findNode(), osg::NullFC);
+    EXPECT_EQ(Finding(osg::NullFC, "after").findNode(), osg::NullFC);
 }
 
 TEST_F(FunctionUndoCommand, DescribesItselfWithItsIdAndItsNode)

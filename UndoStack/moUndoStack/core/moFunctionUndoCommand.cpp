@@ -2,14 +2,22 @@
 
 #include <moUndoStack/core/moContainer_p.h>
 
-unsigned int moUndoDetail::nodeId(const osg::NodePtr& node)
+#include <moUtils/moMessage.h>
+
+moNodeUndoCommand::moNodeUndoCommand(const moUndoString& text, const osg::NodePtr& node, QUndoCommand* parent)
+    : moUndoCommand(text, parent), m_nodeId(containerId(node))
 {
-    return containerId(node);
 }
 
-osg::NodePtr moUndoDetail::findNode(unsigned int id)
+void moNodeUndoCommand::makeMessage(moMessage& message) const
 {
-    return findContainer<osg::NodePtr>(id);
+    moUndoCommand::makeMessage(message);
+    message.set("node", m_nodeId, true);
+}
+
+osg::NodePtr moNodeUndoCommand::findNode() const
+{
+    return findContainer<osg::NodePtr>(m_nodeId);
 }
 
 template class moFunctionUndoCommand<bool>;

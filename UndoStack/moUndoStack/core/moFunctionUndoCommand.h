@@ -12,19 +12,33 @@
 #include <string>
 #include <utility>
 
-namespace moUndoDetail {
+/// Base of moFunctionUndoCommand: the node that the command is about, whatever the type of the value.
+///
+/// The node is kept by id and without a reference. Message: "id" (int), "node" (unsigned int).
+class MO_UNDO_STACK_EXPORT moNodeUndoCommand : public moUndoCommand
+{
+public:
+    /// Adds "node".
+    void makeMessage(moMessage& message) const override;
 
-/// The node's container id, 0 for a null node.
-MO_UNDO_STACK_EXPORT unsigned int nodeId(const osg::NodePtr& node);
+protected:
+    /// \param node    null gives a command that never finds a node.
+    /// \param parent  null means the composite being composed, if any.
+    moNodeUndoCommand(const moUndoString& text, const osg::NodePtr& node, QUndoCommand* parent);
 
-/// The node with this id; null when it is gone or when the id names something other than a node.
-MO_UNDO_STACK_EXPORT osg::NodePtr findNode(unsigned int id);
+    /// Container id of the node, 0 for a null node.
+    unsigned int nodeId() const { return m_nodeId; }
 
-} // namespace moUndoDetail
+    /// The node; null if it was destroyed or the id names something else by now.
+    osg::NodePtr findNode() const;
+
+private:
+    unsigned int m_nodeId;
+};
 
 /// Sets one value of one node. A subclass says how the value is read (get) and written (set), and declares its id.
 ///
-/// The node is kept by id: once it is gone, undo and redo do nothing. A null node makes a command that never does
+/// The node is kept by id: once it was destroyed, undo and redo do nothing. A null node makes a command that never does
 /// anything.
 /// Old value: read at each step, just before the stored one is written; the two then change places, so that redo and
 /// undo are one operation. A subclass that overrides redo() changes both.
@@ -34,37 +48,38 @@ MO_UNDO_STACK_EXPORT osg::NodePtr findNode(unsigned int id);
 /// first one stays, so that one undo takes the whole series back.
 /// Message: "id" (int), "node" (unsigned int).
 template<class T>
-class moFunctionUndoCommand : public moUndoCommand
+class moFunctionUndoCommand : public moNodeUndoCommand
 {
 public:
     /// \param value   what the first redo gives the node.
     /// \param parent  null means the composite being composed, if any.
     moFunctionUndoCommand(const moUndoString& text, osg::NodePtr node, T value, QUndoCommand* parent);
 
+    /// Calls redo().
     void undo() override;
+    /// Exchanges the stored value with the node's.
     void redo() override;
+    /// Takes over the newer command's time; the stored value stays.
     bool mergeWith(const QUndoCommand* other) override;
-    void makeMessage(moMessage& message) const override;
+    /// Asks for the same node, too.
     bool canMergeWith(const QUndoCommand* other) const override;
 
 protected:
+    /// The value that the node has now; the node is never null.
     virtual T get(osg::NodePtr node) = 0;
+    /// Gives the node a value; the node is never null.
     virtual void set(osg::NodePtr node, T value) = 0;
-
-    /// Container id of the node, 0 for a null node.
-    unsigned int nodeId() const { return m_nodeId; }
 
 private:
     void putBack(T old);
 
-    unsigned int m_nodeId;
     T m_value;
 };
 
 template<class T>
 moFunctionUndoCommand<T>::moFunctionUndoCommand(const moUndoString& text, osg::NodePtr node, T value,
                                                 QUndoCommand* parent)
-    : moUndoCommand(text, parent), m_nodeId(moUndoDetail::nodeId(node)), m_value(std::move(value))
+    : moNodeUndoCommand(text, node, parent), m_value(std::move(value))
 {
 }
 
@@ -78,7 +93,7 @@ template<class T>
 void moFunctionUndoCommand<T>::redo()
 {
     moStep::run([this] {
-        const osg::NodePtr node = moUndoDetail::findNode(m_nodeId);
+        const osg::NodePtr node = findNode();
         if (node == osg::NullFC) return;
         T old = get(node);
         try {
@@ -94,7 +109,7 @@ void moFunctionUndoCommand<T>::redo()
 template<class T>
 void moFunctionUndoCommand<T>::putBack(T old)
 {
-    if (const osg::NodePtr node = moUndoDetail::findNode(m_nodeId)) set(node, std::move(old));
+    if (const osg::NodePtr node = findNode()) set(node, std::move(old));
 }
 
 template<class T>
@@ -106,18 +121,11 @@ bool moFunctionUndoCommand<T>::mergeWith(const QUndoCommand* other)
 }
 
 template<class T>
-void moFunctionUndoCommand<T>::makeMessage(moMessage& message) const
-{
-    moUndoCommand::makeMessage(message);
-    message.set("node", m_nodeId, true);
-}
-
-template<class T>
 bool moFunctionUndoCommand<T>::canMergeWith(const QUndoCommand* other) const
 {
     if (!moUndoCommand::canMergeWith(other)) return false;
     const auto* newer = this->castLike(*this, other);
-    return newer && newer->m_nodeId == m_nodeId;
+    return newer && newer->nodeId() == nodeId();
 }
 
 // The values that the library's own commands set; lights add theirs.
