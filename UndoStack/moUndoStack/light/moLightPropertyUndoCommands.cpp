@@ -7,75 +7,98 @@
 
 #include <QtCore/QCoreApplication>
 
-namespace {
+MO_UNDO_COMMAND_ID_IMPL(moLightDiffuseUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moLightGlossyUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moLightIntensityUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moLightPenumbraAngleUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moLightConeAngleUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moLightAttenuationUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moLightEnableUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moLightVisibleUndoCommand)
 
-/// \param description  the same words, not translated: a literal, as a drag makes hundreds of commands.
-moUndoString lightText(const char* text, const QString& description)
+template<class T>
+struct moLightPropertyUndoCommand<T>::Row
 {
-    return moUndoString(QCoreApplication::translate("LightUndoCommand", text), description,
-                        QStringLiteral("Light Commands"));
+    const char* text;
+    T (*read)(const osg::NodePtr& light);
+    void (*write)(const osg::NodePtr& light, T value);
+};
+
+struct moLightSwitchUndoCommand::Row
+{
+    const char* textOn;
+    const char* textOff;
+    bool (*read)(const osg::NodePtr& light);
+    void (*write)(const osg::NodePtr& light, bool on);
+};
+
+using N = const osg::NodePtr&;
+
+// clang-format off
+//                                                                                     text                      read                                                              write
+const moLightDiffuseUndoCommand::Row        moLightDiffuseUndoCommand::s_row          {"Diffuse Light Color",    [](N light) { return moLights::getDiffuse(light); },              [](N light, osg::Vec3f v) { moLights::setDiffuse(light, v); }};
+const moLightGlossyUndoCommand::Row         moLightGlossyUndoCommand::s_row           {"Specular Light Color",   [](N light) { return moLights::getGlossy(light); },               [](N light, osg::Vec3f v) { moLights::setGlossy(light, v); }};
+const moLightIntensityUndoCommand::Row      moLightIntensityUndoCommand::s_row        {"Light Intensity",        [](N light) { return moLights::getLightValue(light); },           [](N light, float v) { moLights::setLightValue(light, v); }};
+const moLightPenumbraAngleUndoCommand::Row  moLightPenumbraAngleUndoCommand::s_row    {"Light Penumbra Angle",   [](N light) { return moLights::getPenumbraAngle(light); },        [](N light, float v) { moLights::setPenumbraAngle(light, v); }};
+const moLightConeAngleUndoCommand::Row      moLightConeAngleUndoCommand::s_row        {"Light Cone Angle",       [](N light) { return moLights::getConeAngle(light); },            [](N light, float v) { moLights::setConeAngle(light, v); }};
+const moLightAttenuationUndoCommand::Row    moLightAttenuationUndoCommand::s_row      {"Set Light Attenuation",  [](N light) { return moLights::getAttenuation(light); },          [](N light, osg::UberLight::LightAttenuation v) { moLights::setAttenuation(light, v); }};
+
+//                                                                                     text for on         text for off        read                                                                    write
+const moLightEnableUndoCommand::Row         moLightEnableUndoCommand::s_row           {"Set Light on/off", "Set Light on/off", [](N light) { return moLights::getOn(light); },                         [](N light, bool on) { moLights::setOn(light, on); }};
+const moLightVisibleUndoCommand::Row        moLightVisibleUndoCommand::s_row          {"Show Light",       "Hide Light",       [](N light) { return moLights::getLightVisualizationVisible(light); },  [](N light, bool on) { moLights::setLightVisualizationVisible(light, on); }};
+// clang-format on
+
+/// The description is the text, not translated.
+static moUndoString lightText(const char* text)
+{
+    const QString shown = QCoreApplication::translate("LightUndoCommand", text);
+    // A drag makes hundreds of commands: without a translation both share one string.
+    const QString description = shown == QLatin1String(text) ? shown : QString::fromLatin1(text);
+    return {shown, description, QStringLiteral("Light Commands")};
 }
 
-/// A setter of moLights, which tells listeners.
-template<auto setter, class T>
-void write(const osg::NodePtr& light, const T& value)
+template<class T>
+moLightPropertyUndoCommand<T>::moLightPropertyUndoCommand(const Row& row, const osg::NodePtr& light, T value,
+                                                          QUndoCommand* parent)
+    : moLightUndoCommand<T>(lightText(row.text), light, 0, value, parent), m_row(row)
 {
-    moStep::writeThroughSibling([&] { setter(light, value); });
 }
 
-/// Sets the mode and restores the light value, which moLights rescales with it. The light is found anew for each edit:
-/// a listener to the one before may have destroyed it.
-void writeAttenuationOnly(const osg::NodePtr& light, osg::UberLight::LightAttenuation mode)
+template<class T>
+T moLightPropertyUndoCommand<T>::get(osg::NodePtr node)
 {
-    const auto find = [id = containerId(light)] { return findContainer<osg::NodePtr>(id); };
-    const auto former = moLights::getAttenuation(light);
-    const float value = moLights::getLightValue(light);
+    return m_row.read(node);
+}
+
+template<class T>
+void moLightPropertyUndoCommand<T>::set(osg::NodePtr node, T value)
+{
+    moStep::writeThroughSibling([&] { m_row.write(node, value); });
+}
+
+template class moLightPropertyUndoCommand<osg::Vec3f>;
+template class moLightPropertyUndoCommand<float>;
+template class moLightPropertyUndoCommand<osg::UberLight::LightAttenuation>;
+
+moLightSwitchUndoCommand::moLightSwitchUndoCommand(const Row& row, const osg::NodePtr& light, bool value,
+                                                   QUndoCommand* parent)
+    : moLightsFunctionUndoCommand<bool>(
+          lightText(value ? row.textOn : row.textOff), light, value, row.read,
+          [write = row.write](const osg::NodePtr& node, bool on) {
+              moStep::writeThroughSibling([&] { write(node, on); });
+          },
+          parent)
+{
+}
+
+// The light is found anew for each edit: a listener to the one before may have destroyed it.
+void moLightAttenuationUndoCommand::set(osg::NodePtr node, osg::UberLight::LightAttenuation mode)
+{
+    const auto former = get(node);
+    const float value = moLights::getLightValue(node);
     const auto writeBoth = [&](osg::UberLight::LightAttenuation to) {
-        write<&moLights::setAttenuation>(find(), to);
-        write<&moLights::setLightValue>(find(), value);
+        moLightPropertyUndoCommand::set(findNode(), to);
+        moStep::writeThroughSibling([&] { moLights::setLightValue(findNode(), value); });
     };
     moStep::writeOrTakeBack([&] { writeBoth(mode); }, [&] { writeBoth(former); });
 }
-
-} // namespace
-
-#define MO_LIGHT_VALUE(Command, T, text, getter, setter)                                                               \
-    MO_UNDO_COMMAND_ID_IMPL(Command)                                                                                   \
-    Command::Command(const osg::NodePtr& light, T value, QUndoCommand* parent)                                         \
-        : moLightUndoCommand<T>(lightText(text, QStringLiteral(text)), light, 0, value, parent)                        \
-    {                                                                                                                  \
-    }                                                                                                                  \
-    T Command::get(osg::NodePtr node)                                                                                  \
-    {                                                                                                                  \
-        return getter(node);                                                                                           \
-    }                                                                                                                  \
-    void Command::set(osg::NodePtr node, T value)                                                                      \
-    {                                                                                                                  \
-        setter(node, value);                                                                                           \
-    }
-
-#define MO_LIGHT_SWITCH(Command, textOn, textOff, getter, setter)                                                      \
-    MO_UNDO_COMMAND_ID_IMPL(Command)                                                                                   \
-    Command::Command(const osg::NodePtr& light, bool value, QUndoCommand* parent)                                      \
-        : moLightsFunctionUndoCommand<bool>(value ? lightText(textOn, QStringLiteral(textOn))                          \
-                                                  : lightText(textOff, QStringLiteral(textOff)),                       \
-                                            light, value, getter, setter, parent)                                      \
-    {                                                                                                                  \
-    }
-
-// clang-format off
-//             command                           value                              text                     getter                     setter
-MO_LIGHT_VALUE(moLightDiffuseUndoCommand,        osg::Vec3f,                        "Diffuse Light Color",   moLights::getDiffuse,       write<&moLights::setDiffuse>)
-MO_LIGHT_VALUE(moLightGlossyUndoCommand,         osg::Vec3f,                        "Specular Light Color",  moLights::getGlossy,        write<&moLights::setGlossy>)
-MO_LIGHT_VALUE(moLightIntensityUndoCommand,      float,                             "Light Intensity",       moLights::getLightValue,    write<&moLights::setLightValue>)
-MO_LIGHT_VALUE(moLightPenumbraAngleUndoCommand,  float,                             "Light Penumbra Angle",  moLights::getPenumbraAngle, write<&moLights::setPenumbraAngle>)
-MO_LIGHT_VALUE(moLightConeAngleUndoCommand,      float,                             "Light Cone Angle",      moLights::getConeAngle,     write<&moLights::setConeAngle>)
-MO_LIGHT_VALUE(moLightAttenuationUndoCommand,    osg::UberLight::LightAttenuation,  "Set Light Attenuation", moLights::getAttenuation,   writeAttenuationOnly)
-
-//              command                    text for true        text for false       getter                                   setter
-MO_LIGHT_SWITCH(moLightEnableUndoCommand,  "Set Light on/off",  "Set Light on/off",  moLights::getOn,                         (write<&moLights::setOn, bool>))
-MO_LIGHT_SWITCH(moLightVisibleUndoCommand, "Show Light",        "Hide Light",        moLights::getLightVisualizationVisible,  (write<&moLights::setLightVisualizationVisible, bool>))
-// clang-format on
-
-#undef MO_LIGHT_VALUE
-#undef MO_LIGHT_SWITCH

@@ -2,62 +2,173 @@
 
 #include <moUndoStack/light/moLightUndoCommand.h>
 
-// The commands that set one property of one light. All of them:
-// - take the light's node (null makes the command inert), the new value, and the parent (null means the composite being
-//   composed, if any);
-// - read the old value at their first redo;
-// - merge with a newer command of the same class and node made within its merge interval (the two switches only if the
-//   texts are equal too); one undo then returns to the value before the first;
-// - do nothing once the node was destroyed, and leave a node that is no light, and values out of range, to moLights;
-// - send "id" (int) and "lightCommand" = true (bool).
+#include <type_traits>
 
-#define MO_LIGHT_VALUE(Command, T)                                                                                     \
-    class MO_UNDO_STACK_EXPORT Command : public moLightUndoCommand<T>                                                  \
-    {                                                                                                                  \
-        MO_UNDO_COMMAND_ID                                                                                             \
-                                                                                                                       \
-    public:                                                                                                            \
-        Command(const osg::NodePtr& light, T value, QUndoCommand* parent);                                             \
-                                                                                                                       \
-    protected:                                                                                                         \
-        T get(osg::NodePtr node) override;                                                                             \
-        void set(osg::NodePtr node, T value) override;                                                                 \
-    };
+// The commands that set one property of one light. Each is a class here and a row in the table in the source.
 
-#define MO_LIGHT_SWITCH(Command)                                                                                       \
-    class MO_UNDO_STACK_EXPORT Command : public moLightsFunctionUndoCommand<bool>                                      \
-    {                                                                                                                  \
-        MO_UNDO_COMMAND_ID                                                                                             \
-                                                                                                                       \
-    public:                                                                                                            \
-        Command(const osg::NodePtr& light, bool value, QUndoCommand* parent);                                          \
-    };
+/// Base of the commands below that set a value.
+///
+/// Old value: read at the first redo. Merges with a newer command of the same class and light made within its merge
+/// interval; one undo then returns to the value before the first. A light that was destroyed makes undo and redo no-ops.
+/// A node that is no light and values out of range are left to moLights. Message: "id" (int), "lightCommand" = true.
+///
+/// The constructors take the light's node (null makes the command inert), the new value, and the parent (null means the
+/// composite being composed, if any). For the library's own rows: a command of yours derives from moLightUndoCommand.
+template<class T>
+class moLightPropertyUndoCommand : public moLightUndoCommand<T>
+{
+    static_assert(std::is_same_v<T, osg::Vec3f> || std::is_same_v<T, float> ||
+                      std::is_same_v<T, osg::UberLight::LightAttenuation>,
+                  "moLightPropertyUndoCommand is for the library's own commands: derive from moLightUndoCommand");
 
-/// Sets the diffuse colour (red, green, blue; 1 is full).
-MO_LIGHT_VALUE(moLightDiffuseUndoCommand, osg::Vec3f)
+protected:
+    /// Text, getter and setter of one command.
+    struct Row;
 
-/// Sets the specular colour (red, green, blue; 1 is full).
-MO_LIGHT_VALUE(moLightGlossyUndoCommand, osg::Vec3f)
+    /// \param row  outlives the command.
+    moLightPropertyUndoCommand(const Row& row, const osg::NodePtr& light, T value, QUndoCommand* parent);
 
-/// Sets the intensity: the light value, in the unit of the light.
-MO_LIGHT_VALUE(moLightIntensityUndoCommand, float)
+    /// Reads as the row says.
+    T get(osg::NodePtr node) override;
+    /// Writes as the row says.
+    void set(osg::NodePtr node, T value) override;
 
-/// Sets the angle of the soft edge of the light's cone, in degrees.
-MO_LIGHT_VALUE(moLightPenumbraAngleUndoCommand, float)
+private:
+    const Row& m_row;
+};
 
-/// Sets the angle of the light's cone, in degrees.
-MO_LIGHT_VALUE(moLightConeAngleUndoCommand, float)
+extern template class MO_UNDO_STACK_EXPORT moLightPropertyUndoCommand<osg::Vec3f>;
+extern template class MO_UNDO_STACK_EXPORT moLightPropertyUndoCommand<float>;
+extern template class MO_UNDO_STACK_EXPORT moLightPropertyUndoCommand<osg::UberLight::LightAttenuation>;
+
+/// Base of the commands below that switch something on or off. As moLightPropertyUndoCommand, and merges only with a
+/// command of the same text.
+class MO_UNDO_STACK_EXPORT moLightSwitchUndoCommand : public moLightsFunctionUndoCommand<bool>
+{
+protected:
+    /// Texts for on and off, getter and setter of one command.
+    struct Row;
+
+    /// \param row  outlives the command.
+    moLightSwitchUndoCommand(const Row& row, const osg::NodePtr& light, bool value, QUndoCommand* parent);
+};
+
+/// Sets the diffuse colour.
+class MO_UNDO_STACK_EXPORT moLightDiffuseUndoCommand : public moLightPropertyUndoCommand<osg::Vec3f>
+{
+    MO_UNDO_COMMAND_ID
+    static const Row s_row;
+
+public:
+    /// \param value  red, green, blue; 1 is full.
+    moLightDiffuseUndoCommand(const osg::NodePtr& light, osg::Vec3f value, QUndoCommand* parent)
+        : moLightPropertyUndoCommand(s_row, light, value, parent)
+    {
+    }
+};
+
+/// Sets the specular colour.
+class MO_UNDO_STACK_EXPORT moLightGlossyUndoCommand : public moLightPropertyUndoCommand<osg::Vec3f>
+{
+    MO_UNDO_COMMAND_ID
+    static const Row s_row;
+
+public:
+    /// \param value  red, green, blue; 1 is full.
+    moLightGlossyUndoCommand(const osg::NodePtr& light, osg::Vec3f value, QUndoCommand* parent)
+        : moLightPropertyUndoCommand(s_row, light, value, parent)
+    {
+    }
+};
+
+/// Sets the intensity.
+class MO_UNDO_STACK_EXPORT moLightIntensityUndoCommand : public moLightPropertyUndoCommand<float>
+{
+    MO_UNDO_COMMAND_ID
+    static const Row s_row;
+
+public:
+    /// \param value  light value, in the unit of the light.
+    moLightIntensityUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent)
+        : moLightPropertyUndoCommand(s_row, light, value, parent)
+    {
+    }
+};
+
+/// Sets the angle of the soft edge of the light's cone.
+class MO_UNDO_STACK_EXPORT moLightPenumbraAngleUndoCommand : public moLightPropertyUndoCommand<float>
+{
+    MO_UNDO_COMMAND_ID
+    static const Row s_row;
+
+public:
+    /// \param value  degrees.
+    moLightPenumbraAngleUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent)
+        : moLightPropertyUndoCommand(s_row, light, value, parent)
+    {
+    }
+};
+
+/// Sets the angle of the light's cone.
+class MO_UNDO_STACK_EXPORT moLightConeAngleUndoCommand : public moLightPropertyUndoCommand<float>
+{
+    MO_UNDO_COMMAND_ID
+    static const Row s_row;
+
+public:
+    /// \param value  degrees.
+    moLightConeAngleUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent)
+        : moLightPropertyUndoCommand(s_row, light, value, parent)
+    {
+    }
+};
 
 /// Sets how the light falls off with the distance. The light library rescales the light value with the mode; the
 /// command puts it back, so that the number that the user sees stays.
-MO_LIGHT_VALUE(moLightAttenuationUndoCommand, osg::UberLight::LightAttenuation)
+class MO_UNDO_STACK_EXPORT moLightAttenuationUndoCommand
+    : public moLightPropertyUndoCommand<osg::UberLight::LightAttenuation>
+{
+    MO_UNDO_COMMAND_ID
+    static const Row s_row;
 
-/// Switches the light on (true) or off.
-MO_LIGHT_SWITCH(moLightEnableUndoCommand)
+public:
+    /// \param value  the mode.
+    moLightAttenuationUndoCommand(const osg::NodePtr& light, osg::UberLight::LightAttenuation value,
+                                  QUndoCommand* parent)
+        : moLightPropertyUndoCommand(s_row, light, value, parent)
+    {
+    }
 
-/// Shows (true) or hides the symbol that the editor draws for the light. The text, "Show Light" or "Hide Light",
-/// follows the value given here and stays the same when undo restores the other state; this is intended.
-MO_LIGHT_SWITCH(moLightVisibleUndoCommand)
+protected:
+    /// Writes the mode and then the light value, as it was before.
+    void set(osg::NodePtr node, osg::UberLight::LightAttenuation mode) override;
+};
 
-#undef MO_LIGHT_VALUE
-#undef MO_LIGHT_SWITCH
+/// Switches the light on or off.
+class MO_UNDO_STACK_EXPORT moLightEnableUndoCommand : public moLightSwitchUndoCommand
+{
+    MO_UNDO_COMMAND_ID
+    static const Row s_row;
+
+public:
+    /// \param value  true: on.
+    moLightEnableUndoCommand(const osg::NodePtr& light, bool value, QUndoCommand* parent)
+        : moLightSwitchUndoCommand(s_row, light, value, parent)
+    {
+    }
+};
+
+/// Shows or hides the symbol that the editor draws for the light. The text, "Show Light" or "Hide Light", follows the
+/// value given here and stays the same when undo restores the other state; this is intended.
+class MO_UNDO_STACK_EXPORT moLightVisibleUndoCommand : public moLightSwitchUndoCommand
+{
+    MO_UNDO_COMMAND_ID
+    static const Row s_row;
+
+public:
+    /// \param value  true: shown.
+    moLightVisibleUndoCommand(const osg::NodePtr& light, bool value, QUndoCommand* parent)
+        : moLightSwitchUndoCommand(s_row, light, value, parent)
+    {
+    }
+};

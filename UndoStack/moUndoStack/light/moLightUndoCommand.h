@@ -24,9 +24,11 @@ public:
     moLightUndoCommand(const moUndoString& text, const osg::NodePtr& light, unsigned int lightFlags, T value,
                        QUndoCommand* parent);
 
+    /// Sets "id" and "lightCommand"; leaves out "node".
     void makeMessage(moMessage& message) const override;
 
 protected:
+    /// As given at construction.
     unsigned int m_lightFlags;
 };
 
@@ -42,7 +44,9 @@ class moLightsFunctionUndoCommand : public moLightUndoCommand<T>
     MO_UNDO_COMMAND_ID
 
 public:
+    /// Reads the value of a node, which is never null.
     using Getter = std::function<T(const osg::NodePtr&)>;
+    /// Writes it.
     using Setter = std::function<void(const osg::NodePtr&, T)>;
 
     /// \param getter, setter  copied and called at each undo and redo. An empty one makes the step throw
@@ -50,10 +54,13 @@ public:
     moLightsFunctionUndoCommand(const moUndoString& text, const osg::NodePtr& light, T value, const Getter& getter,
                                 const Setter& setter, QUndoCommand* parent);
 
+    /// Asks for the same text, too.
     bool canMergeWith(const QUndoCommand* other) const override;
 
 protected:
+    /// Calls the getter.
     T get(osg::NodePtr node) override;
+    /// Calls the setter.
     void set(osg::NodePtr node, T value) override;
 
 private:
