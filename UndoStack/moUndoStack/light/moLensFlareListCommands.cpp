@@ -5,47 +5,44 @@
 #include <moOpenSGUtils/moLights.h>
 #include <moUtils/moMessage.h>
 
-namespace {
-
-/// What the light library calls the two kinds of list.
-template<class OwnerPtr>
-struct ListOf;
-
-template<>
-struct ListOf<osg::NodePtr>
-{
-    static constexpr const char* ownerKey = "lightId";
-    static constexpr const char* itemsKey = "elementIds";
-    static constexpr auto add = &moLights::addLensFlareElements;
-    static constexpr auto remove = &moLights::removeLensFlareElements;
-};
-
-template<>
-struct ListOf<osg::LensFlareGhostLinePtr>
-{
-    static constexpr const char* ownerKey = "ghostLineId";
-    static constexpr const char* itemsKey = "ghostIds";
-    static constexpr auto add = &moLights::addLensFlareGhosts;
-    static constexpr auto remove = &moLights::removeLensFlareGhosts;
-};
-
-} // namespace
+MO_UNDO_COMMAND_ID_IMPL(moAddLensFlareElementCommand)
+MO_UNDO_COMMAND_ID_IMPL(moRemoveLensFlareElementCommand)
+MO_UNDO_COMMAND_ID_IMPL(moAddGhostCommand)
+MO_UNDO_COMMAND_ID_IMPL(moRemoveGhostCommand)
 
 template<class OwnerPtr, class ItemPtr>
-moLensFlareListCommand<OwnerPtr, ItemPtr>::moLensFlareListCommand(const char* text, const OwnerPtr& owner,
+struct moLensFlareListCommand<OwnerPtr, ItemPtr>::Row
+{
+    const char* text;
+    const char* ownerKey;
+    const char* itemsKey;
+    Edit redo;
+    Edit undo;
+};
+
+// clang-format off
+//                                                                                     text                          owner's key    items' key    redo                                undo
+const moAddLensFlareElementCommand::Row     moAddLensFlareElementCommand::s_row       {"Add Lens Flare Elements",    "lightId",     "elementIds", &moLights::addLensFlareElements,    &moLights::removeLensFlareElements};
+const moRemoveLensFlareElementCommand::Row  moRemoveLensFlareElementCommand::s_row    {"Remove Lens Flare Elements", "lightId",     "elementIds", &moLights::removeLensFlareElements, &moLights::addLensFlareElements};
+const moAddGhostCommand::Row                moAddGhostCommand::s_row                  {"Add Ghost",                  "ghostLineId", "ghostIds",   &moLights::addLensFlareGhosts,      &moLights::removeLensFlareGhosts};
+const moRemoveGhostCommand::Row             moRemoveGhostCommand::s_row               {"Remove Ghost",               "ghostLineId", "ghostIds",   &moLights::removeLensFlareGhosts,   &moLights::addLensFlareGhosts};
+// clang-format on
+
+template<class OwnerPtr, class ItemPtr>
+moLensFlareListCommand<OwnerPtr, ItemPtr>::moLensFlareListCommand(const Row& row, const OwnerPtr& owner,
                                                                   const std::vector<ItemPtr>& items,
                                                                   QUndoCommand* parent)
-    : moLensFlareCommand(text, parent), m_ownerId(containerId(owner))
+    : moLensFlareCommand(row.text, parent), m_row(row), m_ownerId(containerId(owner))
 {
     for (const ItemPtr& item : items)
         keep(item);
 }
 
 template<class OwnerPtr, class ItemPtr>
-moLensFlareListCommand<OwnerPtr, ItemPtr>::moLensFlareListCommand(const char* text, const OwnerPtr& owner,
+moLensFlareListCommand<OwnerPtr, ItemPtr>::moLensFlareListCommand(const Row& row, const OwnerPtr& owner,
                                                                   const std::vector<unsigned int>& itemIds,
                                                                   QUndoCommand* parent)
-    : moLensFlareCommand(text, parent), m_ownerId(containerId(owner))
+    : moLensFlareCommand(row.text, parent), m_row(row), m_ownerId(containerId(owner))
 {
     for (const unsigned int id : itemIds)
         keep(findContainer<ItemPtr>(id));
@@ -67,20 +64,20 @@ void moLensFlareListCommand<OwnerPtr, ItemPtr>::makeMessage(moMessage& message) 
 {
     // Past the lens flare command and its "lightCommand", as intended. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     moUndoCommand::makeMessage(message);
-    message.set(ListOf<OwnerPtr>::ownerKey, m_ownerId, true);
-    message.set(ListOf<OwnerPtr>::itemsKey, m_itemIds, true);
+    message.set(m_row.ownerKey, m_ownerId, true);
+    message.set(m_row.itemsKey, m_itemIds, true);
 }
 
 template<class OwnerPtr, class ItemPtr>
-void moLensFlareListCommand<OwnerPtr, ItemPtr>::add()
+void moLensFlareListCommand<OwnerPtr, ItemPtr>::undo()
 {
-    edit(ListOf<OwnerPtr>::add, ListOf<OwnerPtr>::remove);
+    edit(m_row.undo, m_row.redo);
 }
 
 template<class OwnerPtr, class ItemPtr>
-void moLensFlareListCommand<OwnerPtr, ItemPtr>::remove()
+void moLensFlareListCommand<OwnerPtr, ItemPtr>::redo()
 {
-    edit(ListOf<OwnerPtr>::remove, ListOf<OwnerPtr>::add);
+    edit(m_row.redo, m_row.undo);
 }
 
 template<class OwnerPtr, class ItemPtr>
@@ -94,28 +91,3 @@ void moLensFlareListCommand<OwnerPtr, ItemPtr>::edit(Edit there, Edit back)
 
 template class moLensFlareListCommand<osg::NodePtr, osg::LensFlareElementPtr>;
 template class moLensFlareListCommand<osg::LensFlareGhostLinePtr, osg::LensFlareGhostPtr>;
-
-#define MO_LENS_FLARE_LIST(Command, Base, Owner, Item, text, redoStep, undoStep)                                       \
-    MO_UNDO_COMMAND_ID_IMPL(Command)                                                                                   \
-    Command::Command(const Owner& owner, const std::vector<Item>& items, QUndoCommand* parent)                         \
-        : Base(text, owner, items, parent)                                                                             \
-    {                                                                                                                  \
-    }                                                                                                                  \
-    void Command::undo()                                                                                               \
-    {                                                                                                                  \
-        undoStep();                                                                                                    \
-    }                                                                                                                  \
-    void Command::redo()                                                                                               \
-    {                                                                                                                  \
-        redoStep();                                                                                                    \
-    }
-
-// clang-format off
-//                 command                          base                        owner                       items                     text                         redo    undo
-MO_LENS_FLARE_LIST(moAddLensFlareElementCommand,    moLensFlareElementsCommand, osg::NodePtr,               osg::LensFlareElementPtr, "Add Lens Flare Elements",    add,    remove)
-MO_LENS_FLARE_LIST(moRemoveLensFlareElementCommand, moLensFlareElementsCommand, osg::NodePtr,               unsigned int,             "Remove Lens Flare Elements", remove, add)
-MO_LENS_FLARE_LIST(moAddGhostCommand,               moGhostsCommand,            osg::LensFlareGhostLinePtr, osg::LensFlareGhostPtr,   "Add Ghost",                  add,    remove)
-MO_LENS_FLARE_LIST(moRemoveGhostCommand,            moGhostsCommand,            osg::LensFlareGhostLinePtr, unsigned int,             "Remove Ghost",               remove, add)
-// clang-format on
-
-#undef MO_LENS_FLARE_LIST
