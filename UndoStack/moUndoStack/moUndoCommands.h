@@ -10,6 +10,7 @@
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moInvokeMultiCommand.h>
+#include <moUndoStack/core/moMergeOption.h>
 #include <moUndoStack/core/moMultiCommand.h>
 #include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoCommand.h>

@@ -8,6 +8,7 @@
 
 #include <OpenSG/OSGGroup.h>
 
+#include <cstddef>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -223,6 +224,22 @@ protected:
         TransformTest::TearDown();
     }
 };
+
+/// Whether `new Command(node, value, arguments...)` compiles.
+template<class Command, class... After>
+constexpr bool isMadeFrom = std::is_constructible_v<Command, osg::NodePtr, osg::Vec3f, After...>;
+using Null = std::nullptr_t;
+
+// Ints that stand for the flag, the axis or the index leave no doubt which constructor is meant; as merge option, where
+// they could mean the switch or seconds, they do not compile.
+static_assert(isMadeFrom<moScalePivotUndoCommand, int, Null, int>);
+static_assert(isMadeFrom<moScalePivotUndoCommand, int, bool, Null, int>);
+static_assert(isMadeFrom<moScalePivotUndoCommand, int, float, Null, unsigned int>);
+static_assert(!isMadeFrom<moScalePivotUndoCommand, bool, int, Null, int>);
+static_assert(isMadeFrom<moTranslationUndoCommand, int, Null, Null, int>);
+static_assert(isMadeFrom<moRotationPivotDirectionUndoCommand, int, int, Null, int>);
+static_assert(isMadeFrom<moRotationPivotDirectionUndoCommand, int, int, double, Null, int>);
+static_assert(!isMadeFrom<moRotationPivotDirectionUndoCommand, int, int, int, Null, int>);
 
 } // namespace
 

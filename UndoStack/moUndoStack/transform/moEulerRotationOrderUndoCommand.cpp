@@ -11,29 +11,19 @@ MO_UNDO_COMMAND_ID_IMPL(moEulerRotationOrderUndoCommand)
 
 moUndoDetail::HeldFunction<void(const osg::NodePtr&, const std::string&)> moEulerRotationOrderUndoCommand::s_sync;
 
-// The word of the translation is intended.
-static constexpr const char* actionWord = "Translate";
-
 moEulerRotationOrderUndoCommand::moEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order,
                                                                  QUndoCommand* parent, Callback callback,
                                                                  int variantIndex)
-    : moTransformUndoCommand(actionWord, node, std::move(order), false, parent, variantIndex),
-      m_callback(std::move(callback))
+    : moEulerRotationOrderUndoCommand(node, std::move(order), moMergeOption(), parent, std::move(callback),
+                                      variantIndex)
 {
 }
 
+// The word of the translation is intended.
 moEulerRotationOrderUndoCommand::moEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order,
-                                                                 bool mergeEnabled, QUndoCommand* parent,
+                                                                 moMergeOption merge, QUndoCommand* parent,
                                                                  Callback callback, int variantIndex)
-    : moTransformUndoCommand(actionWord, node, std::move(order), false, mergeEnabled, parent, variantIndex),
-      m_callback(std::move(callback))
-{
-}
-
-moEulerRotationOrderUndoCommand::moEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order,
-                                                                 double mergeDelta, QUndoCommand* parent,
-                                                                 Callback callback, int variantIndex)
-    : moTransformUndoCommand(actionWord, node, std::move(order), false, mergeDelta, parent, variantIndex),
+    : moTransformUndoCommand("Translate", node, std::move(order), false, merge, parent, variantIndex),
       m_callback(std::move(callback))
 {
 }

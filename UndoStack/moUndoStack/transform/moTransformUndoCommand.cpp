@@ -15,26 +15,18 @@ static moUndoString actionText(const char* action, const osg::NodePtr& node)
 template<class T>
 moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
                                                   QUndoCommand* parent, int variantIndex)
+    : moTransformUndoCommand(text, node, std::move(value), flag, moMergeOption(), parent, variantIndex)
+{
+}
+
+template<class T>
+moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
+                                                  moMergeOption merge, QUndoCommand* parent, int variantIndex)
     : moFunctionUndoCommand<T>(actionText(text, node), node, std::move(value), parent),
       m_flag(flag),
       m_variantIndex(variantIndex)
 {
-}
-
-template<class T>
-moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
-                                                  bool mergeEnabled, QUndoCommand* parent, int variantIndex)
-    : moTransformUndoCommand(text, node, std::move(value), flag, parent, variantIndex)
-{
-    this->setMergeEnabled(mergeEnabled);
-}
-
-template<class T>
-moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
-                                                  double mergeDelta, QUndoCommand* parent, int variantIndex)
-    : moTransformUndoCommand(text, node, std::move(value), flag, parent, variantIndex)
-{
-    this->setMergeResponseDelta(mergeDelta);
+    merge.applyTo(*this);
 }
 
 template<class T>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <moUndoStack/core/moFunctionUndoCommand.h>
+#include <moUndoStack/core/moMergeOption.h>
 #include <moUndoStack/core/moUndoStackExport.h>
 
 #include <OpenSG/OSGVector.h>
@@ -15,12 +16,13 @@
 /// Old value: read at each step, as moFunctionUndoCommand does; nothing is read at construction.
 /// Merges with a newer command of the same class, node, flag and variant made within its merge interval.
 /// A destroyed node makes undo and redo no-ops. What a node without a transform core gets is moNodeUtils' business.
-/// Order of the constructors' arguments: node, value, what the class adds (flag, direction), [mergeEnabled |
-/// mergeDelta,] parent, the callback if the class has one, variant index. The parent may be null: the composite being
-/// composed, if any. It stands before callback and index here and in the commands of the list of variants, and last
-/// everywhere else. A synchronisation function that records commands of its own records them after this step: where
-/// this step was a redo, what could have been redone after it is lost, as with any push. Write the mirrored scene
-/// directly, or block recording. Message: "id" (int), "node" (unsigned int), "transformCommand" = true.
+/// Order of the constructors' arguments: node, value, what the class adds (flag, direction), [merge,] parent, the
+/// callback if the class has one, variant index. For merge pass true, false or seconds as a double, see moMergeOption.
+/// The parent may be null: the composite being composed, if any. It stands before callback and index here and in the
+/// commands of the list of variants, and last everywhere else. A synchronisation function that records commands of its
+/// own records them after this step: where this step was a redo, what could have been redone after it is lost, as with
+/// any push. Write the mirrored scene directly, or block recording. Message: "id" (int), "node" (unsigned int),
+/// "transformCommand" = true.
 /// For osg::Vec3f and std::string: those are what the library exports.
 template<class T>
 class moTransformUndoCommand : public moFunctionUndoCommand<T>
@@ -30,7 +32,9 @@ class moTransformUndoCommand : public moFunctionUndoCommand<T>
                   "moFunctionUndoCommand");
 
 public:
+    /// Adds "transformCommand".
     void makeMessage(moMessage& message) const override;
+    /// Asks for the same flag and variant, too.
     bool canMergeWith(const QUndoCommand* other) const override;
 
 protected:
@@ -40,16 +44,15 @@ protected:
     moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, QUndoCommand* parent,
                            int variantIndex);
 
-    /// \param mergeEnabled  see moUndoCommand::setMergeEnabled().
-    moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, bool mergeEnabled,
+    /// The same with the merging chosen, see moMergeOption: true or false, or seconds.
+    moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, moMergeOption merge,
                            QUndoCommand* parent, int variantIndex);
 
-    /// \param mergeDelta  seconds, see moUndoCommand::setMergeResponseDelta().
-    moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, double mergeDelta,
-                           QUndoCommand* parent, int variantIndex);
-
+    /// World space, as given at construction.
     bool flag() const { return m_flag; }
+    /// -1 for the node's own transform, else the index of the variant.
     int variantIndex() const { return m_variantIndex; }
+    /// Whether the command edits the node's own transform.
     bool editsLiveTransform() const { return m_variantIndex == -1; }
 
 private:

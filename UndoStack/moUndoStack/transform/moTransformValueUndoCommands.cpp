@@ -5,191 +5,6 @@
 
 #include <moOpenSGUtils/moNodeUtils.h>
 
-#include <utility>
-
-namespace {
-
-/// For which transforms a step is told to the synchronisation function. That the pivots and their translations are
-/// mirrored for variants too, and nothing else that has variants is, is intended.
-enum class Synced
-{
-    LiveOnly,
-    Always
-};
-
-} // namespace
-
-// In a row, `command`, `node`, `flag`, `index` and `v` are the command, its node, flag, variant index and the value to
-// write.
-#define MO_TRANSFORM(Command, actionWord, getter, setter, whenSynced)                                                  \
-    template<>                                                                                                         \
-    struct moTransformRow<Command>                                                                                     \
-    {                                                                                                                  \
-        static constexpr const char* text = actionWord;                                                                \
-        static constexpr Synced synced = Synced::whenSynced;                                                           \
-        static osg::Vec3f get(const osg::NodePtr& node, [[maybe_unused]] bool flag, [[maybe_unused]] int index)        \
-        {                                                                                                              \
-            return moNodeUtils::getTransformNode##getter;                                                              \
-        }                                                                                                              \
-        static void set([[maybe_unused]] const Command& command, const osg::NodePtr& node, const osg::Vec3f& v,        \
-                        [[maybe_unused]] bool flag, [[maybe_unused]] int index)                                        \
-        {                                                                                                              \
-            moNodeUtils::setTransformNode##setter;                                                                     \
-        }                                                                                                              \
-    };
-
-// clang-format off
-//           command                                action word                         getter                                  setter                                                       synced
-MO_TRANSFORM(moTranslationUndoCommand,              "Translate",                        Translation(node, flag, index),         Translation(node, v[0], v[1], v[2], flag, index),             LiveOnly)
-MO_TRANSFORM(moRotationUndoCommand,                 "Rotate",                           Rotation(node, index),                  Rotation(node, v[0], v[1], v[2], index),                      LiveOnly)
-MO_TRANSFORM(moScaleUndoCommand,                    "Scale",                            Scale(node, index),                     Scale(node, v[0], v[1], v[2], index),                         LiveOnly)
-MO_TRANSFORM(moScalePivotUndoCommand,               "Change Scale Pivot",               ScalePivot(node, flag, index),          ScalePivot(node, v[0], v[1], v[2], flag, index),              Always)
-MO_TRANSFORM(moRotationPivotUndoCommand,            "Change Rotation Pivot",            RotatePivot(node, flag, index),         RotatePivot(node, v[0], v[1], v[2], flag, index),             Always)
-MO_TRANSFORM(moScalePivotTranslationUndoCommand,    "Change Scale Pivot Translation",   ScalePivotTranslation(node, index),     ScalePivotTranslation(node, v[0], v[1], v[2], index),         Always)
-MO_TRANSFORM(moRotationPivotTranslationUndoCommand, "Change Rotation Pivot Translation", RotatePivotTranslation(node, index),   RotatePivotTranslation(node, v[0], v[1], v[2], index),        Always)
-MO_TRANSFORM(moRotationPivotOrientationUndoCommand, "Change Rotation Pivot",            RotationOrientation(node, index),       RotationOrientation(node, v[0], v[1], v[2], index),           LiveOnly)
-MO_TRANSFORM(moShearUndoCommand,                    "Shear",                            Shear(node),                            Shear(node, v[0], v[1], v[2]),                                Always)
-// The -1 is intended: the direction as it is stored is read, not the one of the command's axis.
-MO_TRANSFORM(moRotationPivotDirectionUndoCommand,   "Change Rotation Pivot",            RotationDirection(node, index, -1),     RotationDirection(node, v[0], v[1], v[2], command.m_directionMode, command.m_directionFlag, index), LiveOnly)
-// clang-format on
-
-#undef MO_TRANSFORM
-
-namespace {
-
-bool flagOf()
-{
-    return false;
-}
-bool flagOf(bool flag)
-{
-    return flag;
-}
-
-} // namespace
-
-template<class Command, class... Flag>
-moUndoDetail::HeldFunction<void(const osg::NodePtr&, const osg::Vec3f&, Flag...)>
-    moTransformValueUndoCommand<Command, Flag...>::s_sync;
-
-template<class Command, class... Flag>
-moTransformValueUndoCommand<Command, Flag...>::moTransformValueUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                           Flag... flag, QUndoCommand* parent,
-                                                                           int variantIndex)
-    : moTransformUndoCommand(moTransformRow<Command>::text, node, value, flagOf(flag...), parent, variantIndex)
-{
-}
-
-template<class Command, class... Flag>
-moTransformValueUndoCommand<Command, Flag...>::moTransformValueUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                           Flag... flag, bool mergeEnabled,
-                                                                           QUndoCommand* parent, int variantIndex)
-    : moTransformUndoCommand(moTransformRow<Command>::text, node, value, flagOf(flag...), mergeEnabled, parent,
-                             variantIndex)
-{
-}
-
-template<class Command, class... Flag>
-moTransformValueUndoCommand<Command, Flag...>::moTransformValueUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                           Flag... flag, double mergeDelta,
-                                                                           QUndoCommand* parent, int variantIndex)
-    : moTransformUndoCommand(moTransformRow<Command>::text, node, value, flagOf(flag...), mergeDelta, parent,
-                             variantIndex)
-{
-}
-
-template<class Command, class... Flag>
-void moTransformValueUndoCommand<Command, Flag...>::setSyncFunction(const SyncFunction& function)
-{
-    s_sync.set(function);
-}
-
-template<class Command, class... Flag>
-osg::Vec3f moTransformValueUndoCommand<Command, Flag...>::get(osg::NodePtr node)
-{
-    return moTransformRow<Command>::get(node, flag(), variantIndex());
-}
-
-template<class Command, class... Flag>
-void moTransformValueUndoCommand<Command, Flag...>::set(osg::NodePtr node, osg::Vec3f value)
-{
-    const unsigned int id = containerId(node);
-    write(node, value);
-    synchronise(id, value);
-}
-
-template<class Command, class... Flag>
-void moTransformValueUndoCommand<Command, Flag...>::write(const osg::NodePtr& node, const osg::Vec3f& value)
-{
-    moStep::writeThroughSibling(
-        [&] { moTransformRow<Command>::set(static_cast<const Command&>(*this), node, value, flag(), variantIndex()); });
-}
-
-template<class Command, class... Flag>
-void moTransformValueUndoCommand<Command, Flag...>::synchronise(unsigned int nodeId, const osg::Vec3f& value) const
-{
-    if (moTransformRow<Command>::synced == Synced::Always || editsLiveTransform())
-        mirror(s_sync, nodeId, value, Flag(flag())...);
-}
-
-template<class Command, class... Flag>
-moTransformCallbackUndoCommand<Command, Flag...>::moTransformCallbackUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                                 Flag... flag, QUndoCommand* parent,
-                                                                                 Callback callback, int variantIndex)
-    : moTransformValueUndoCommand<Command, Flag...>(node, value, flag..., parent, variantIndex),
-      m_callback(std::move(callback))
-{
-}
-
-template<class Command, class... Flag>
-moTransformCallbackUndoCommand<Command, Flag...>::moTransformCallbackUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                                 Flag... flag, bool mergeEnabled,
-                                                                                 QUndoCommand* parent,
-                                                                                 Callback callback, int variantIndex)
-    : moTransformValueUndoCommand<Command, Flag...>(node, value, flag..., mergeEnabled, parent, variantIndex),
-      m_callback(std::move(callback))
-{
-}
-
-template<class Command, class... Flag>
-moTransformCallbackUndoCommand<Command, Flag...>::moTransformCallbackUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                                 Flag... flag, double mergeDelta,
-                                                                                 QUndoCommand* parent,
-                                                                                 Callback callback, int variantIndex)
-    : moTransformValueUndoCommand<Command, Flag...>(node, value, flag..., mergeDelta, parent, variantIndex),
-      m_callback(std::move(callback))
-{
-}
-
-template<class Command, class... Flag>
-void moTransformCallbackUndoCommand<Command, Flag...>::set(osg::NodePtr node, osg::Vec3f value)
-{
-    const unsigned int id = containerId(node);
-    const bool wasIdentity = m_callback && moNodeUtils::isTransformNodeIdentity(node);
-    this->write(node, value);
-    // Found again: a listener to the edit may have destroyed the node.
-    if (m_callback) {
-        const bool isIdentity = moNodeUtils::isTransformNodeIdentity(findContainer<osg::NodePtr>(id));
-        moStep::afterwards([&] { m_callback(id, value, this->variantIndex(), wasIdentity != isIdentity); });
-    }
-    this->synchronise(id, value);
-}
-
-// Each command's base is instantiated by its constructors' using-declaration in the header; the code stands here only.
-template class moTransformCallbackUndoCommand<moTranslationUndoCommand, bool>;
-template class moTransformCallbackUndoCommand<moRotationUndoCommand>;
-template class moTransformCallbackUndoCommand<moScaleUndoCommand>;
-template class moTransformValueUndoCommand<moTranslationUndoCommand, bool>;
-template class moTransformValueUndoCommand<moRotationUndoCommand>;
-template class moTransformValueUndoCommand<moScaleUndoCommand>;
-template class moTransformValueUndoCommand<moScalePivotUndoCommand, bool>;
-template class moTransformValueUndoCommand<moRotationPivotUndoCommand, bool>;
-template class moTransformValueUndoCommand<moScalePivotTranslationUndoCommand>;
-template class moTransformValueUndoCommand<moRotationPivotTranslationUndoCommand>;
-template class moTransformValueUndoCommand<moRotationPivotOrientationUndoCommand>;
-template class moTransformValueUndoCommand<moRotationPivotDirectionUndoCommand>;
-template class moTransformValueUndoCommand<moShearUndoCommand>;
-
 MO_UNDO_COMMAND_ID_IMPL(moTranslationUndoCommand)
 MO_UNDO_COMMAND_ID_IMPL(moRotationUndoCommand)
 MO_UNDO_COMMAND_ID_IMPL(moScaleUndoCommand)
@@ -201,36 +16,125 @@ MO_UNDO_COMMAND_ID_IMPL(moRotationPivotOrientationUndoCommand)
 MO_UNDO_COMMAND_ID_IMPL(moRotationPivotDirectionUndoCommand)
 MO_UNDO_COMMAND_ID_IMPL(moShearUndoCommand)
 
-moRotationPivotDirectionUndoCommand::moRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                         int directionMode, bool directionFlag,
-                                                                         QUndoCommand* parent, int variantIndex)
-    : moTransformValueUndoCommand(node, value, parent, variantIndex),
-      m_directionMode(directionMode),
-      m_directionFlag(directionFlag)
+/// For which transforms a step is told to the synchronisation function. That the pivots and their translations are
+/// mirrored for variants too, and nothing else that has variants is, is intended.
+enum class Mirrored
+{
+    OwnTransform,
+    Always
+};
+
+struct moTransformValueUndoCommand::Row
+{
+    const char* actionWord;
+    Mirrored mirrored;
+    osg::Vec3f (*read)(const osg::NodePtr& node, bool flag, int variantIndex);
+    void (*write)(const osg::NodePtr& node, const osg::Vec3f& value, bool flag, int variantIndex);
+    /// What setSyncFunction() was given; the only part of a row that changes.
+    mutable moUndoDetail::HeldFunction<void(const osg::NodePtr&, const osg::Vec3f&, bool)> sync = {};
+};
+
+using N = const osg::NodePtr&;
+using V = const osg::Vec3f&;
+
+// clang-format off
+const moTranslationUndoCommand::Row moTranslationUndoCommand::s_row{"Translate", Mirrored::OwnTransform,
+    [](N node, bool flag, int i)      { return moNodeUtils::getTransformNodeTranslation(node, flag, i); },
+    [](N node, V v, bool flag, int i) { moNodeUtils::setTransformNodeTranslation(node, v[0], v[1], v[2], flag, i); }};
+const moRotationUndoCommand::Row moRotationUndoCommand::s_row{"Rotate", Mirrored::OwnTransform,
+    [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotation(node, i); },
+    [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeRotation(node, v[0], v[1], v[2], i); }};
+const moScaleUndoCommand::Row moScaleUndoCommand::s_row{"Scale", Mirrored::OwnTransform,
+    [](N node, bool, int i)      { return moNodeUtils::getTransformNodeScale(node, i); },
+    [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeScale(node, v[0], v[1], v[2], i); }};
+const moScalePivotUndoCommand::Row moScalePivotUndoCommand::s_row{"Change Scale Pivot", Mirrored::Always,
+    [](N node, bool flag, int i)      { return moNodeUtils::getTransformNodeScalePivot(node, flag, i); },
+    [](N node, V v, bool flag, int i) { moNodeUtils::setTransformNodeScalePivot(node, v[0], v[1], v[2], flag, i); }};
+const moRotationPivotUndoCommand::Row moRotationPivotUndoCommand::s_row{"Change Rotation Pivot", Mirrored::Always,
+    [](N node, bool flag, int i)      { return moNodeUtils::getTransformNodeRotatePivot(node, flag, i); },
+    [](N node, V v, bool flag, int i) { moNodeUtils::setTransformNodeRotatePivot(node, v[0], v[1], v[2], flag, i); }};
+const moScalePivotTranslationUndoCommand::Row moScalePivotTranslationUndoCommand::s_row{"Change Scale Pivot Translation", Mirrored::Always,
+    [](N node, bool, int i)      { return moNodeUtils::getTransformNodeScalePivotTranslation(node, i); },
+    [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeScalePivotTranslation(node, v[0], v[1], v[2], i); }};
+const moRotationPivotTranslationUndoCommand::Row moRotationPivotTranslationUndoCommand::s_row{"Change Rotation Pivot Translation", Mirrored::Always,
+    [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotatePivotTranslation(node, i); },
+    [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeRotatePivotTranslation(node, v[0], v[1], v[2], i); }};
+const moRotationPivotOrientationUndoCommand::Row moRotationPivotOrientationUndoCommand::s_row{"Change Rotation Pivot", Mirrored::OwnTransform,
+    [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotationOrientation(node, i); },
+    [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeRotationOrientation(node, v[0], v[1], v[2], i); }};
+// The -1 is intended: the direction as it is stored is read, not the one of the command's axis. For the setter see set().
+const moRotationPivotDirectionUndoCommand::Row moRotationPivotDirectionUndoCommand::s_row{"Change Rotation Pivot", Mirrored::OwnTransform,
+    [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotationDirection(node, i, -1); },
+    nullptr};
+const moShearUndoCommand::Row moShearUndoCommand::s_row{"Shear", Mirrored::Always,
+    [](N node, bool, int)      { return moNodeUtils::getTransformNodeShear(node); },
+    [](N node, V v, bool, int) { moNodeUtils::setTransformNodeShear(node, v[0], v[1], v[2]); }};
+// clang-format on
+
+moTransformValueUndoCommand::moTransformValueUndoCommand(const Row& row, osg::NodePtr node, osg::Vec3f value, bool flag,
+                                                         moMergeOption merge, QUndoCommand* parent, int variantIndex)
+    : moTransformUndoCommand(row.actionWord, node, value, flag, merge, parent, variantIndex), m_row(row)
 {
 }
 
-moRotationPivotDirectionUndoCommand::moRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                         int directionMode, bool directionFlag,
-                                                                         bool mergeEnabled, QUndoCommand* parent,
-                                                                         int variantIndex)
-    : moTransformValueUndoCommand(node, value, mergeEnabled, parent, variantIndex),
-      m_directionMode(directionMode),
-      m_directionFlag(directionFlag)
+osg::Vec3f moTransformValueUndoCommand::get(osg::NodePtr node)
+{
+    return m_row.read(node, flag(), variantIndex());
+}
+
+void moTransformValueUndoCommand::set(osg::NodePtr node, osg::Vec3f value)
+{
+    write(node, value);
+    synchronise(value);
+}
+
+void moTransformValueUndoCommand::write(const osg::NodePtr& node, const osg::Vec3f& value)
+{
+    moStep::writeThroughSibling([&] { m_row.write(node, value, flag(), variantIndex()); });
+}
+
+void moTransformValueUndoCommand::synchronise(const osg::Vec3f& value) const
+{
+    if (m_row.mirrored == Mirrored::Always || editsLiveTransform()) mirror(m_row.sync, nodeId(), value, flag());
+}
+
+void moTransformValueUndoCommand::mirrorWith(const Row& row, const SyncFunction& function)
+{
+    if (!function)
+        row.sync.set(nullptr);
+    else
+        row.sync.set([function](N node, V value, bool /*flag*/) { function(node, value); });
+}
+
+void moTransformValueUndoCommand::mirrorWith(const Row& row, const FlagSyncFunction& function)
+{
+    row.sync.set(function);
+}
+
+moTransformCallbackUndoCommand::moTransformCallbackUndoCommand(const Row& row, osg::NodePtr node, osg::Vec3f value,
+                                                               bool flag, moMergeOption merge, QUndoCommand* parent,
+                                                               Callback callback, int variantIndex)
+    : moTransformValueUndoCommand(row, node, value, flag, merge, parent, variantIndex), m_callback(std::move(callback))
 {
 }
 
-moRotationPivotDirectionUndoCommand::moRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                         int directionMode, bool directionFlag,
-                                                                         double mergeDelta, QUndoCommand* parent,
-                                                                         int variantIndex)
-    : moTransformValueUndoCommand(node, value, mergeDelta, parent, variantIndex),
-      m_directionMode(directionMode),
-      m_directionFlag(directionFlag)
+void moTransformCallbackUndoCommand::set(osg::NodePtr node, osg::Vec3f value)
 {
+    const bool wasIdentity = m_callback && moNodeUtils::isTransformNodeIdentity(node);
+    write(node, value);
+    if (m_callback) {
+        // Found again: a listener to the edit may have destroyed the node.
+        const bool isIdentity = moNodeUtils::isTransformNodeIdentity(findNode());
+        moStep::afterwards([&] { m_callback(nodeId(), value, variantIndex(), wasIdentity != isIdentity); });
+    }
+    synchronise(value);
 }
 
-moShearUndoCommand::moShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand* parent)
-    : moTransformValueUndoCommand(node, value, parent, -1)
+void moRotationPivotDirectionUndoCommand::set(osg::NodePtr node, osg::Vec3f value)
 {
+    moStep::writeThroughSibling([&] {
+        moNodeUtils::setTransformNodeRotationDirection(node, value[0], value[1], value[2], m_directionMode,
+                                                       m_directionFlag, variantIndex());
+    });
+    synchronise(value);
 }

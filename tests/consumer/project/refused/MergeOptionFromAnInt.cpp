@@ -1,0 +1,7 @@
+// refused: is ambiguous
+#include <moUndoStack/moUndoCommands.h>
+
+moMergeOption chooseOne()
+{
+    return 1;
+}
