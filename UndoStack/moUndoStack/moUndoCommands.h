@@ -4,6 +4,7 @@
 
 #include <moUndoStack/constraint/moAddAimConstraintUpVectorSourcesUndoCommand.h>
 #include <moUndoStack/constraint/moAddConstraintSourcesUndoCommand.h>
+#include <moUndoStack/constraint/moConstraintSourcesUndoCommand.h>
 #include <moUndoStack/constraint/moDeleteConstraintReferenceUndoCommand.h>
 #include <moUndoStack/constraint/moSetConstraintTargetUndoCommand.h>
 #include <moUndoStack/core/moFunctionUndoCommand.h>

@@ -1,0 +1,92 @@
+#include <moUndoStack/constraint/moConstraintSourcesUndoCommand.h>
+
+#include <moUndoStack/constraint/moAddAimConstraintUpVectorSourcesUndoCommand.h>
+#include <moUndoStack/constraint/moAddConstraintSourcesUndoCommand.h>
+#include <moUndoStack/core/moContainer_p.h>
+
+#include <moUndoUtils/moUndoString.h>
+
+#include <cstddef>
+
+MO_UNDO_COMMAND_ID_IMPL(moAddConstraintSourcesUndoCommand)
+MO_UNDO_COMMAND_ID_IMPL(moAddAimConstraintUpVectorSourcesUndoCommand)
+
+template<class ConstraintPtr>
+struct moConstraintSourcesUndoCommand<ConstraintPtr>::Row
+{
+    const char* text;
+    void (*add)(const ConstraintPtr& constraint, const osg::AttachmentContainerPtr& source);
+    void (*remove)(const ConstraintPtr& constraint, const osg::AttachmentContainerPtr& source);
+};
+
+using Any = const osg::AbstractConstraintPtr&;
+using Aim = const osg::AimConstraintPtr&;
+using S = const osg::AttachmentContainerPtr&;
+
+// Intended: a source comes back with the weight 1, also when the user had given it another one before undo.
+const moAddConstraintSourcesUndoCommand::Row moAddConstraintSourcesUndoCommand::s_row{
+    "Add Constraint Sources",
+    [](Any constraint, S source) { constraint->addSource(source, 1.0f); },
+    [](Any constraint, S source) { constraint->removeSource(source); },
+};
+const moAddAimConstraintUpVectorSourcesUndoCommand::Row moAddAimConstraintUpVectorSourcesUndoCommand::s_row{
+    "Add Aim Constraint Up Vector Sources",
+    [](Aim constraint, S source) { constraint->addUpVectorSource(source, 1.0f); },
+    [](Aim constraint, S source) { constraint->removeUpVectorSource(source); },
+};
+
+template<class ConstraintPtr>
+moConstraintSourcesUndoCommand<ConstraintPtr>::moConstraintSourcesUndoCommand(
+    const Row& row, const ConstraintPtr& constraint, const std::vector<osg::AttachmentContainerPtr>& sources,
+    QUndoCommand* parent)
+    : moUndoCommand(moUndoString(row.text, QString()), parent), m_row(row), m_constraintId(containerId(constraint))
+{
+    m_sourceIds.reserve(sources.size());
+    for (const osg::AttachmentContainerPtr& source : sources)
+        if (source != osg::NullFC) m_sourceIds.push_back(containerId(source));
+}
+
+template<class ConstraintPtr>
+void moConstraintSourcesUndoCommand<ConstraintPtr>::undo()
+{
+    apply(false);
+}
+
+template<class ConstraintPtr>
+void moConstraintSourcesUndoCommand<ConstraintPtr>::redo()
+{
+    apply(true);
+}
+
+/// All sources that are still there in one bracket; none is opened when there is nothing to do.
+template<class ConstraintPtr>
+void moConstraintSourcesUndoCommand<ConstraintPtr>::apply(bool add)
+{
+    moStep::run([this, add] {
+        const auto constraint = findContainer<ConstraintPtr>(m_constraintId);
+        if (constraint == osg::NullFC) return;
+
+        std::vector<osg::AttachmentContainerPtr> sources;
+        sources.reserve(m_sourceIds.size());
+        for (const unsigned int id : m_sourceIds)
+            if (const auto source = findContainer<osg::AttachmentContainerPtr>(id)) sources.push_back(source);
+        if (sources.empty()) return;
+
+        const auto there = add ? m_row.add : m_row.remove;
+        const auto back = add ? m_row.remove : m_row.add;
+        const ContainerEdit bracket(constraint, osg::AbstractConstraintBase::SourcesFieldMask);
+        std::size_t done = 0;
+        moStep::writeOrTakeBack(
+            [&] {
+                for (; done < sources.size(); ++done)
+                    moStep::writeThroughSibling([&] { there(constraint, sources[done]); });
+            },
+            [&] {
+                while (done > 0)
+                    moStep::writeThroughSibling([&] { back(constraint, sources[--done]); });
+            });
+    });
+}
+
+template class moConstraintSourcesUndoCommand<osg::AbstractConstraintPtr>;
+template class moConstraintSourcesUndoCommand<osg::AimConstraintPtr>;
