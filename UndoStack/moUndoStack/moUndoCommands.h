@@ -26,6 +26,7 @@
 #include <moUndoStack/field/moInvokeBoolFieldUndoCommand.h>
 #include <moUndoStack/field/moStringFieldUndoCommand.h>
 #include <moUndoStack/field/moStringsFieldUndoCommand.h>
+#include <moUndoStack/field/moTextFieldUndoCommand.h>
 #include <moUndoStack/field/moUndoUtil.h>
 #include <moUndoStack/light/moAddNodeAsVisibilityReferenceUndoCommand.h>
 #include <moUndoStack/light/moAddNodeToLightLinkSetUndoCommand.h>

@@ -37,12 +37,12 @@ moImageFieldUndoCommand::~moImageFieldUndoCommand()
 
 void moImageFieldUndoCommand::redo()
 {
-    apply(m_new);
+    write(m_new);
 }
 
 void moImageFieldUndoCommand::undo()
 {
-    apply(m_old);
+    write(m_old);
 }
 
 osg::SFImagePtr* moImageFieldUndoCommand::getField() const
@@ -60,7 +60,7 @@ void moImageFieldUndoCommand::hold(const osg::ImagePtr& image)
     addReference(m_new);
 }
 
-void moImageFieldUndoCommand::apply(osg::ImagePtr image)
+void moImageFieldUndoCommand::write(osg::ImagePtr image)
 {
     osg::ImagePtr previous;
     const auto exchange = [&](osg::SFImagePtr& field) {

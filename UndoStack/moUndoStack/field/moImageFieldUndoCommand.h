@@ -38,7 +38,7 @@ public:
 private:
     osg::SFImagePtr* getField() const;
     void hold(const osg::ImagePtr& image);
-    void apply(osg::ImagePtr image);
+    void write(osg::ImagePtr image);
 
     osg::ImagePtr m_old;
     osg::ImagePtr m_new;
