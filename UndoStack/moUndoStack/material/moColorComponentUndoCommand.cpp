@@ -7,22 +7,23 @@ MO_UNDO_COMMAND_ID_IMPL(moColorComponentUndoCommand)
 moColorComponentUndoCommand::moColorComponentUndoCommand(const moUndoString& text, moFieldBaseUndoCommand<>* command,
                                                          osg::FieldContainerPtr parentContainer,
                                                          osg::FieldContainerPtr component, QUndoCommand* parent)
-    : moWrappedFieldUndoCommand(text, command, containerId(component), containerId(parentContainer), parent)
+    : moWrappedFieldUndoCommand(text, command, containerId(parentContainer), containerId(component), parent)
 {
 }
 
 void moColorComponentUndoCommand::undo()
 {
-    if (wrapped()) wrapped()->undo();
+    if (ownCommand()) ownCommand()->undo();
 }
 
 void moColorComponentUndoCommand::redo()
 {
-    if (wrapped()) wrapped()->redo();
+    if (ownCommand()) ownCommand()->redo();
 }
 
 void moColorComponentUndoCommand::makeMessage(moMessage& message) const
 {
-    moUndoCommand::makeMessage(message);
-    setContainerKeys(message, "component", "parent");
+    moWrappedFieldUndoCommand::makeMessage(message);
+    setIdUnlessNull(message, "component", componentId());
+    setIdUnlessNull(message, "parent", ownerId());
 }

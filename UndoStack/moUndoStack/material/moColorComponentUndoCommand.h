@@ -18,11 +18,15 @@ class MO_UNDO_STACK_EXPORT moColorComponentUndoCommand : public moWrappedFieldUn
     MO_UNDO_COMMAND_ID
 
 public:
+    /// See the class for the arguments.
     moColorComponentUndoCommand(const moUndoString& text, moFieldBaseUndoCommand<>* command,
                                 osg::FieldContainerPtr parentContainer, osg::FieldContainerPtr component,
                                 QUndoCommand* parent);
 
+    /// Runs the field command's undo if it is the wrapper that runs it.
     void undo() override;
+    /// The same with its redo.
     void redo() override;
+    /// Adds "component" and "parent".
     void makeMessage(moMessage& message) const override;
 };

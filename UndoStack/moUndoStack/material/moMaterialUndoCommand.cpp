@@ -10,9 +10,9 @@ moMaterialUndoCommand::moMaterialUndoCommand(const moUndoString& text, moFieldBa
                                              QUndoCommand* parent)
     : moWrappedFieldUndoCommand(text, command, containerId(material), containerId(componentSettings), parent)
 {
-    if (!command || wrapped()) return;
+    if (runBy() != RunBy::ItsParent) return;
     command->addWrapperFunction(
-        [settingsId = secondId(), materialId = firstId()] { touchSettingsAndMaterial(settingsId, materialId); });
+        [settingsId = componentId(), materialId = ownerId()] { touchSettingsAndMaterial(settingsId, materialId); });
 }
 
 void moMaterialUndoCommand::undo()
@@ -27,15 +27,16 @@ void moMaterialUndoCommand::redo()
 
 void moMaterialUndoCommand::run(void (QUndoCommand::*step)())
 {
-    if (!wrapped()) return;
+    if (runBy() != RunBy::Wrapper) return;
     moStep::run([=] {
-        (wrapped()->*step)();
-        touchSettingsAndMaterial(secondId(), firstId());
+        (ownCommand()->*step)();
+        touchSettingsAndMaterial(componentId(), ownerId());
     });
 }
 
 void moMaterialUndoCommand::makeMessage(moMessage& message) const
 {
-    moUndoCommand::makeMessage(message);
-    setContainerKeys(message, "material", "componentSettings");
+    moWrappedFieldUndoCommand::makeMessage(message);
+    setIdUnlessNull(message, "material", ownerId());
+    setIdUnlessNull(message, "componentSettings", componentId());
 }

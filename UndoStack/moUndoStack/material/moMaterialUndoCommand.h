@@ -25,11 +25,15 @@ class MO_UNDO_STACK_EXPORT moMaterialUndoCommand : public moWrappedFieldUndoComm
     MO_UNDO_COMMAND_ID
 
 public:
+    /// See the class for the arguments.
     moMaterialUndoCommand(const moUndoString& text, moFieldBaseUndoCommand<>* command, osg::FieldContainerPtr material,
                           osg::FieldContainerPtr componentSettings, QUndoCommand* parent);
 
+    /// Runs the field command's undo if it is the wrapper that runs it, then notifies.
     void undo() override;
+    /// The same with its redo.
     void redo() override;
+    /// Adds "material" and "componentSettings".
     void makeMessage(moMessage& message) const override;
 
 private:

@@ -3,38 +3,45 @@
 #include <moUtils/moMessage.h>
 
 moWrappedFieldUndoCommand::moWrappedFieldUndoCommand(const moUndoString& text, moFieldBaseUndoCommand<>* command,
-                                                     unsigned int firstId, unsigned int secondId, QUndoCommand* parent)
+                                                     unsigned int ownerId, unsigned int componentId,
+                                                     QUndoCommand* parent)
     : moUndoCommand(text, parent),
-      m_wrapped(command && !command->parent() ? command : nullptr),
-      m_firstId(firstId),
-      m_secondId(secondId),
-      m_wrappedContainerId(command ? command->containerId() : 0)
+      m_runBy(whoRuns(command)),
+      m_ownCommand(m_runBy == RunBy::Wrapper ? command : nullptr),
+      m_ownerId(ownerId),
+      m_componentId(componentId),
+      m_fieldContainerId(command ? command->containerId() : 0)
 {
 }
 
 moWrappedFieldUndoCommand::~moWrappedFieldUndoCommand() = default;
+
+moWrappedFieldUndoCommand::RunBy moWrappedFieldUndoCommand::whoRuns(const moFieldBaseUndoCommand<>* command)
+{
+    if (!command) return RunBy::Nobody;
+    return command->parent() ? RunBy::ItsParent : RunBy::Wrapper;
+}
 
 bool moWrappedFieldUndoCommand::mergeWith(const QUndoCommand* other)
 {
     if (!canMergeWith(other)) return false;
     const auto& newer = static_cast<const moWrappedFieldUndoCommand&>(*other);
     adoptCreationTime(newer);
-    return !m_wrapped || m_wrapped->mergeWith(newer.m_wrapped.get());
+    return !m_ownCommand || m_ownCommand->mergeWith(newer.m_ownCommand.get());
 }
 
 bool moWrappedFieldUndoCommand::canMergeWith(const QUndoCommand* other) const
 {
     if (!moUndoCommand::canMergeWith(other)) return false;
     const auto* newer = castLike(*this, other);
-    if (!newer || newer->m_firstId != m_firstId || newer->m_secondId != m_secondId) return false;
+    if (!newer || newer->m_ownerId != m_ownerId || newer->m_componentId != m_componentId) return false;
     // Without a command of their own there is nothing that could be lost.
-    if (!m_wrapped || !newer->m_wrapped) return m_wrapped == newer->m_wrapped;
-    return m_wrapped->canMergeWith(newer->m_wrapped.get());
+    if (!m_ownCommand || !newer->m_ownCommand) return m_ownCommand == newer->m_ownCommand;
+    return m_ownCommand->canMergeWith(newer->m_ownCommand.get());
 }
 
-void moWrappedFieldUndoCommand::setContainerKeys(moMessage& message, const char* firstKey, const char* secondKey) const
+void moWrappedFieldUndoCommand::makeMessage(moMessage& message) const
 {
-    message.set("container", m_wrappedContainerId, true);
-    setIdUnlessNull(message, firstKey, m_firstId);
-    setIdUnlessNull(message, secondKey, m_secondId);
+    moUndoCommand::makeMessage(message);
+    message.set("container", m_fieldContainerId, true);
 }
