@@ -3,6 +3,7 @@
 #include <QtCore/QMetaMethod>
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
+#include <QtTest/QSignalSpy>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,6 +30,42 @@ public:
 
     int calls = 0;
 };
+
+/// Counts the connections to its signal.
+class Sender : public QObject
+{
+    Q_OBJECT
+
+public:
+    int connections = 0;
+
+Q_SIGNALS:
+    void happened();
+
+protected:
+    void connectNotify(const QMetaMethod& signal) override
+    {
+        if (signal == QMetaMethod::fromSignal(&Sender::happened)) ++connections;
+    }
+};
+
+TEST(QtSignal, TellsItsSenderOfEachConnectionHoweverItIsMade)
+{
+    Sender sender;
+    Receiver receiver;
+    QObject::connect(&sender, &Sender::happened, &receiver, &Receiver::refresh);
+    EXPECT_EQ(sender.connections, 1);
+    QObject::connect(&sender, &Sender::happened, [] {});
+    EXPECT_EQ(sender.connections, 2);
+    QObject::connect(&sender, SIGNAL(happened()), &receiver, SIGNAL(destroyed()));
+    EXPECT_EQ(sender.connections, 3);
+    const QMetaObject& type = Sender::staticMetaObject;
+    QMetaObject::connect(&sender, type.indexOfSignal("happened()"), &receiver,
+                         Receiver::staticMetaObject.indexOfMethod("refresh()"));
+    EXPECT_EQ(sender.connections, 4);
+    const QSignalSpy spy(&sender, &Sender::happened);
+    EXPECT_EQ(sender.connections, 5);
+}
 
 TEST(QtSignal, LetsAnExceptionOfASlotPassAndLeavesOutTheSlotsBehindIt)
 {
