@@ -2,7 +2,11 @@
 
 #include <support/WholeSteps.h>
 
+#include <moUndoStack/constraint/moDeleteConstraintReferenceUndoCommand.h>
 #include <moUndoStack/constraint/moSetConstraintTargetUndoCommand.h>
+#include <moUndoStack/core/moMultiCommand.h>
+
+#include <moUndoUtils/moUndoString.h>
 
 namespace {
 
@@ -32,6 +36,20 @@ TEST_F(SetConstraintTarget, UndoDoesNotBringBackTheTargetBefore)
     EXPECT_EQ(describe(aim), "sources up target lamp*1");
     command.undo();
     EXPECT_EQ(describe(aim), "sources up target -");
+}
+
+TEST_F(SetConstraintTarget, ReplacedInACompositeThatFirstDeletesTheReferenceComesBackByUndo)
+{
+    aim->createTarget(door);
+    moMultiCommand replace(moUndoString("replace", QString()));
+    new moDeleteConstraintReferenceUndoCommand(aim, {door}, &replace);
+    new moSetConstraintTargetUndoCommand(aim, lamp, &replace);
+    for (int round = 0; round < 2; ++round) {
+        replace.redo();
+        EXPECT_EQ(describe(aim), "sources up target lamp*1");
+        replace.undo();
+        EXPECT_EQ(describe(aim), "sources up target door*1");
+    }
 }
 
 TEST_F(SetConstraintTarget, TargetThatItIsAlreadyIsMadeAnewWithItsWeightAndToldOf)

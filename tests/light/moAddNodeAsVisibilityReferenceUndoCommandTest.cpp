@@ -1,7 +1,10 @@
 #include <light/LightTest.h>
 #include <support/WholeSteps.h>
 
+#include <moUndoStack/core/moMultiCommand.h>
 #include <moUndoStack/light/moAddNodeAsVisibilityReferenceUndoCommand.h>
+
+#include <moUndoUtils/moUndoString.h>
 
 #include <OpenSG/OSGGroup.h>
 
@@ -65,6 +68,30 @@ TEST_F(VisibilityReference, TheReferenceThatTheLightHadBeforeIsNotRemembered)
     stack.addOrExecute(new Command(light, node, adding, nullptr));
     stack.undo();
     EXPECT_EQ(state(), "none, unmarked");
+}
+
+TEST_F(VisibilityReference, KeepsItsMarkWhenAnotherNodeTakesItsPlace)
+{
+    light->setVisibilityReference(node);
+    node->setExternalFlags(0x35);
+    stack.addOrExecute(new Command(light, makeNode<osg::Group>("other"), adding, nullptr));
+    EXPECT_EQ(state(), "other, marked");
+}
+
+TEST_F(VisibilityReference, ReplacedInACompositeThatFirstRemovesItComesBackByUndo)
+{
+    light->setVisibilityReference(node);
+    node->setExternalFlags(0x35);
+    auto* const replace = new moMultiCommand(moUndoString("replace", QString()));
+    new Command(light, node, removing, replace);
+    new Command(light, makeNode<osg::Group>("other"), adding, replace);
+    stack.addOrExecute(replace);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(state(), "other, unmarked");
+        stack.undo();
+        EXPECT_EQ(state(), "node, marked");
+        stack.redo();
+    }
 }
 
 TEST_F(VisibilityReference, ClearsTheReferenceWhicheverNodeItIsByThen)

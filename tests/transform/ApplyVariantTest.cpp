@@ -1,8 +1,12 @@
 #include <transform/TransformTest.h>
 
+#include <moUndoStack/core/moMultiCommand.h>
 #include <moUndoStack/transform/moApplyTransformationVariantUndoCommand.h>
+#include <moUndoStack/transform/moTransformValueUndoCommands.h>
 
 #include <moOpenSGUberLight/OSGUberLight.h>
+#include <moOpenSGUtils/moTransformVariantUtils.h>
+#include <moUndoUtils/moUndoString.h>
 
 #include <OpenSG/OSGGroup.h>
 
@@ -77,6 +81,17 @@ TEST_F(ApplyVariant, IsNamedAfterTheNodeWithoutQuotes)
     const auto& command = *static_cast<const moUndoCommandBase*>(stack.currentCommand());
     EXPECT_EQ(command.text(), "Apply variant to Box");
     EXPECT_EQ(command.getDescription(), "Apply variant");
+}
+
+TEST_F(ApplyVariant, OverwritesWhatEarlierChildrenOfItsCompositeHaveEdited)
+{
+    moTransformVariantUtils::setApplyFlags(variant(0), 0);
+    const osg::Vec3f before = core()->getTranslation();
+    auto* const composite = new moMultiCommand(moUndoString("composite", QString()));
+    new moTranslationUndoCommand(node, osg::Vec3f(9, 9, 9), false, composite, {}, -1);
+    new moApplyTransformationVariantUndoCommand(node, 0, false, composite, {});
+    stack.add(composite);
+    EXPECT_EQ(core()->getTranslation(), before) << "as it was when the command was made";
 }
 
 TEST_F(ApplyVariant, GivesTheNodeAllValuesOfTheVariantAndTakesThemBack)
