@@ -25,8 +25,10 @@ class MO_UNDO_STACK_EXPORT moImageFieldUndoCommand : public moFieldBaseUndoComma
     Q_DECLARE_TR_FUNCTIONS(moImageFieldUndoCommand)
     MO_UNDO_COMMAND_ID
 public:
+    /// By the field's name.
     moImageFieldUndoCommand(osg::FieldContainerPtr container, const std::string& fieldName, osg::ImagePtr image,
                             QUndoCommand* parent = nullptr);
+    /// By the field's id.
     moImageFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, osg::ImagePtr image,
                             QUndoCommand* parent = nullptr);
     ~moImageFieldUndoCommand() override;

@@ -12,7 +12,7 @@
 /// Sets one component of a node's transform, or of one of its transform variants. The base of the commands that
 /// moNodeUtils' transform operations carry out: a subclass says which operation (get and set) and declares its id.
 ///
-/// Text: <action word> '<name of the node>'. Description: the action word.
+/// Text: the action word and the node's name in apostrophes, e.g. Translate 'Box'. Description: the action word.
 /// Old value: read at each step, as moFunctionUndoCommand does; nothing is read at construction.
 /// Merges with a newer command of the same class, node, flag and variant made within its merge interval.
 /// A destroyed node makes undo and redo no-ops. What a node without a transform core gets is moNodeUtils' business.
