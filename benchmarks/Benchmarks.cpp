@@ -1,7 +1,9 @@
 // Measures the comparisons: how long both sides take or, with --instructions=FILE under callgrind, how many
 // instructions they execute. FILE is callgrind's --callgrind-out-file, from whose parts the counts are read.
+// Further options: --filter=REGEX, --json=FILE for tools; with --instructions also --guard=FILE, and --renew=FILE.
 
 #include <Compare.h>
+#include <Guard.h>
 #include <Report.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
@@ -9,14 +11,18 @@
 #include <QtCore/QCoreApplication>
 
 #include <benchmark/benchmark.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <valgrind/callgrind.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <exception>
 #include <fstream>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -119,7 +125,8 @@ private:
     std::map<std::string, Repetitions> m_repetitions;
 };
 
-int compareTimes(int argc, char** argv, const std::vector<Case>& cases)
+/// No rows if Google Benchmark refuses an argument.
+std::vector<Row> measureTimes(int argc, char** argv, const std::vector<Case>& cases)
 {
     std::vector<char*> arguments{argv[0]};
     for (const char* argument : defaultArguments)
@@ -127,7 +134,7 @@ int compareTimes(int argc, char** argv, const std::vector<Case>& cases)
     arguments.insert(arguments.end(), argv + 1, argv + argc);
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return EXIT_FAILURE;
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return {};
 
     for (const Case& measured : cases) {
         benchmark::RegisterBenchmark(measured.name().c_str(), [&measured](benchmark::State& state) {
@@ -141,9 +148,7 @@ int compareTimes(int argc, char** argv, const std::vector<Case>& cases)
     std::vector<Row> rows;
     for (const Case& measured : cases)
         rows.push_back(collector.row(measured));
-    printTable(rows, "ns");
-    printGrowth(rows);
-    return EXIT_SUCCESS;
+    return rows;
 }
 
 /// The total of a part that callgrind has written; 0 if there is none.
@@ -158,9 +163,8 @@ double instructionsIn(const std::string& file)
     return total;
 }
 
-double countInstructions(const MakeWork& make, int steps, const std::string& file)
+void runCounted(const MakeWork& make, int steps)
 {
-    static int s_part = 0;
     // What happens only the first time is no cost of a step: the first runs pay for it.
     for (int i = 0; i < 3; ++i)
         make(steps)->run();
@@ -170,23 +174,34 @@ double countInstructions(const MakeWork& make, int steps, const std::string& fil
     work->run();
     CALLGRIND_TOGGLE_COLLECT;
     CALLGRIND_DUMP_STATS;
-    return instructionsIn(file + '.' + std::to_string(++s_part)) / steps;
 }
 
-int compareInstructions(const std::string& file, const std::vector<Case>& cases)
+/// Counts in a child process: a heap that another case has left behind can make an allocation dearer by hundreds of
+/// instructions.
+double countInstructions(const MakeWork& make, int steps, const std::string& file)
+{
+    const std::string part = file + ".1";
+    std::remove(part.c_str());
+    const pid_t child = fork();
+    if (child == 0) {
+        runCounted(make, steps);
+        _exit(EXIT_SUCCESS);
+    }
+    waitpid(child, nullptr, 0);
+    return instructionsIn(part) / steps;
+}
+
+std::vector<Row> measureInstructions(const std::string& file, const std::vector<Case>& cases)
 {
     std::vector<Row> rows;
     for (const Case& counted : cases) {
         const double ours = countInstructions(counted.comparison->ours, counted.steps, file);
         const double bare = countInstructions(counted.comparison->bare, counted.steps, file);
-        if (ours <= 0.0 || bare <= 0.0) {
-            std::fprintf(stderr, "nothing was counted: run this under valgrind --tool=callgrind\n");
-            return EXIT_FAILURE;
-        }
+        if (ours <= 0.0 || bare <= 0.0)
+            throw std::runtime_error("nothing was counted: run this under valgrind --tool=callgrind");
         rows.push_back({counted, ours, bare, ours / bare});
     }
-    printTable(rows, "instr");
-    return EXIT_SUCCESS;
+    return rows;
 }
 
 /// Takes "option=value" out of the arguments.
@@ -203,19 +218,58 @@ std::string takeOption(int& argc, char** argv, const std::string& option)
     return value;
 }
 
+int compareTimes(int argc, char** argv, const std::string& filter, const std::string& json)
+{
+    const std::vector<Row> rows = measureTimes(argc, argv, casesMatching(filter));
+    if (rows.empty()) return EXIT_FAILURE;
+    printTable(rows, "ns");
+    printGrowth(rows);
+    if (!json.empty()) writeJson(json, rows, "ns");
+    return EXIT_SUCCESS;
+}
+
+int compareInstructions(const std::string& counts, const std::string& filter, const std::string& json)
+{
+    const std::vector<Row> rows = measureInstructions(counts, shortCasesMatching(filter));
+    printTable(rows, "instr");
+    if (!json.empty()) writeJson(json, rows, "instr");
+    return EXIT_SUCCESS;
+}
+
+int guardInstructions(const std::string& counts, const std::string& file)
+{
+    const Guard guard(file);
+    if (guard.keeps(measureInstructions(counts, guard.cases()))) return EXIT_SUCCESS;
+    std::fprintf(stderr, "Steps have become dearer. If that is intended: scripts/bench --guard --renew\n");
+    return EXIT_FAILURE;
+}
+
+int renewGuard(const std::string& counts, const std::string& file)
+{
+    const Guard guard(file);
+    guard.renew(measureInstructions(counts, guard.cases()));
+    return EXIT_SUCCESS;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     const std::string filter = takeOption(argc, argv, "--filter");
-    const std::string instructions = takeOption(argc, argv, "--instructions");
+    const std::string json = takeOption(argc, argv, "--json");
+    const std::string counts = takeOption(argc, argv, "--instructions");
+    const std::string guarded = takeOption(argc, argv, "--guard");
+    const std::string renewed = takeOption(argc, argv, "--renew");
     QCoreApplication application(argc, argv);
     osg::osgInit(argc, argv);
 
-    const std::vector<Case> cases = instructions.empty() ? casesMatching(filter) : shortCasesMatching(filter);
-    if (cases.empty()) {
-        std::fprintf(stderr, "no case matches \"%s\"\n", filter.c_str());
+    try {
+        if (!guarded.empty()) return guardInstructions(counts, guarded);
+        if (!renewed.empty()) return renewGuard(counts, renewed);
+        if (!counts.empty()) return compareInstructions(counts, filter, json);
+        return compareTimes(argc, argv, filter, json);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;
     }
-    return instructions.empty() ? compareTimes(argc, argv, cases) : compareInstructions(instructions, cases);
 }

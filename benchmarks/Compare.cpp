@@ -1,6 +1,7 @@
 #include <Compare.h>
 
 #include <regex>
+#include <stdexcept>
 
 namespace bench {
 
@@ -23,6 +24,7 @@ std::vector<Case> select(const std::string& filter, bool shortOnly)
             if (shortOnly) break;
         }
     }
+    if (selected.empty()) throw std::runtime_error("no case matches \"" + filter + '"');
     return selected;
 }
 

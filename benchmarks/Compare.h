@@ -58,8 +58,7 @@ public:
     explicit Comparisons(void (*define)()) { define(); }
 };
 
-/// The comparisons whose "name/steps" a regular expression matches somewhere, with the number of steps; all if it is
-/// empty.
+/// A comparison with one of its numbers of steps.
 struct Case
 {
     const Comparison* comparison;
@@ -67,6 +66,8 @@ struct Case
 
     std::string name() const { return comparison->name + '/' + std::to_string(steps); }
 };
+/// The cases whose "name/steps" a regular expression matches somewhere; all if it is empty. Throws std::runtime_error if
+/// there is none.
 std::vector<Case> casesMatching(const std::string& filter);
 /// The same, each comparison only with its first number of steps.
 std::vector<Case> shortCasesMatching(const std::string& filter);

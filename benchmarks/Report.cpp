@@ -1,7 +1,13 @@
 #include <Report.h>
 
+#include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
 #include <algorithm>
 #include <cstdio>
+#include <stdexcept>
 
 namespace bench {
 
@@ -37,6 +43,28 @@ void printTable(const std::vector<Row>& rows, const std::string& unit)
             std::printf("%15s", "");
         std::printf("  %s\n", verdict(row.ratio, target));
     }
+}
+
+void writeJson(const std::string& file, const std::vector<Row>& rows, const std::string& unit)
+{
+    QJsonArray array;
+    for (const Row& row : rows) {
+        const Comparison& comparison = *row.measured.comparison;
+        array.append(QJsonObject{{"case", QString::fromStdString(comparison.name)},
+                                 {"steps", row.measured.steps},
+                                 {"unit", QString::fromStdString(unit)},
+                                 {"ours", row.ours},
+                                 {"bare", row.bare},
+                                 {"ratio", row.ratio},
+                                 {"spread", row.spread},
+                                 {"hard", comparison.target.hard},
+                                 {"wished", comparison.target.wished},
+                                 {"verdict", verdict(row.ratio, comparison.target)}});
+    }
+    QFile out(QString::fromStdString(file));
+    const QByteArray text = QJsonDocument(array).toJson();
+    if (!out.open(QIODevice::WriteOnly) || out.write(text) != text.size() || !out.flush())
+        throw std::runtime_error("cannot write " + file);
 }
 
 void printGrowth(const std::vector<Row>& rows)

@@ -23,6 +23,9 @@ struct Row
 /// the hard one, else "over".
 void printTable(const std::vector<Row>& rows, const std::string& unit);
 
+/// The same for tools: an array of objects. Throws std::runtime_error if the file cannot be written.
+void writeJson(const std::string& file, const std::vector<Row>& rows, const std::string& unit);
+
 /// For comparisons measured from few to a thousand times as many steps: how much the cost of one operation grew.
 void printGrowth(const std::vector<Row>& rows);
 
