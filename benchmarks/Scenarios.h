@@ -25,20 +25,25 @@
 
 namespace bench {
 
-/// Who is told of the steps. A slot is connected in no case.
+/// Who is told of the steps.
 enum class Listener
 {
     None,
-    Callback
+    Callback, ///< a message callback that does not look at the message
+    Reader,   ///< a message callback that looks six keys up, as a host does
+    Slots     ///< a slot connected to each signal
 };
 
 class OurStack
 {
 public:
     explicit OurStack(Listener listener)
+        : m_stack(moUndoStack::get(listener == Listener::Slots ? moUndoStack::SecondStack : moUndoStack::DefaultStack))
     {
         moUndoStack::beginUndo();
-        m_stack.setMessageCallback(listener == Listener::Callback ? receive : nullptr);
+        if (listener == Listener::Callback) m_stack.setMessageCallback(receive);
+        if (listener == Listener::Reader) m_stack.setMessageCallback(read);
+        if (listener == Listener::Slots) connectSlots();
     }
     ~OurStack()
     {
@@ -70,13 +75,34 @@ public:
 
 private:
     static bool receive(const char*, moMessage& message, int) { return message.entries().empty(); }
+    static bool read(const char*, moMessage& message, int)
+    {
+        static std::size_t s_read = 0;
+        for (const char* key : {"index", "added", "text", "description", "id", "node"}) {
+            const boost::any* const value = message.find(key);
+            if (const auto* number = boost::any_cast<int>(value)) s_read += static_cast<std::size_t>(*number);
+            if (const auto* text = boost::any_cast<std::string>(value)) s_read += text->size();
+        }
+        return s_read != 0;
+    }
+    /// On a stack that no other case uses: it emits signals from the first connection on, also after the last
+    /// disconnection.
+    void connectSlots()
+    {
+        const auto heard = [this] { ++m_heard; };
+        QObject::connect(&m_stack, &moUndoStack::redoPerformed, &m_receiver, heard);
+        QObject::connect(&m_stack, &moUndoStack::undoPerformed, &m_receiver, heard);
+        QObject::connect(&m_stack, &moUndoStack::cleared, &m_receiver, heard);
+    }
     static const QString& text()
     {
         static const QString s_text = QStringLiteral("Change Nodes");
         return s_text;
     }
 
-    moUndoStack& m_stack = moUndoStack::get();
+    moUndoStack& m_stack;
+    QObject m_receiver;
+    int m_heard = 0;
 };
 
 /// What a host would have without this library. It tells nobody anything.
@@ -188,18 +214,34 @@ public:
     void run() override { this->m_stack.clear(); }
 };
 
-/// Composites of a hundred children; one operation is one child.
-template<class Stack, class Commands>
-class Composite : public Scenario<Stack, Commands>
+/// Composites of as many children; one operation is one child. CompositesOf<100>::Add makes and pushes them,
+/// CompositesOf<100>::Undo takes them back.
+template<int children>
+struct CompositesOf
 {
-public:
-    using Scenario<Stack, Commands>::Scenario;
-    void run() override
+    template<class Stack, class Commands>
+    class Add : public Scenario<Stack, Commands>
     {
-        constexpr int children = 100;
-        for (int i = 0; i < this->m_steps; i += children)
-            this->m_stack.pushComposite(this->m_commands, i, children);
-    }
+    public:
+        using Scenario<Stack, Commands>::Scenario;
+        void run() override
+        {
+            for (int i = 0; i < this->m_steps; i += children)
+                this->m_stack.pushComposite(this->m_commands, i, children);
+        }
+    };
+
+    template<class Stack, class Commands>
+    class Undo : public Add<Stack, Commands>
+    {
+    public:
+        Undo(int steps, Listener listener) : Add<Stack, Commands>(steps, listener) { Add<Stack, Commands>::run(); }
+        void run() override
+        {
+            for (int i = 0; i < this->m_steps; i += children)
+                this->m_stack.undo();
+        }
+    };
 };
 
 /// Compares both sides in one scenario, e.g. compare<Undo, Ours, Bare>("undo", {1000}).
@@ -212,12 +254,11 @@ Comparison& compare(const std::string& name, std::vector<int> steps, Listener li
     return comparisons().emplace_back(Comparison{name, std::move(steps), ours, bare, target, false});
 }
 
-/// The usual three of a command class: "name/add", "name/undo", "name/redo" with a thousand steps and nobody listening.
+/// The usual three of a command class: "name/add", "name/undo", "name/redo" with nobody listening.
 /// Its commands must not merge.
 template<class Ours, class Bare>
-void compareCommands(const std::string& name, const Target& add = {}, const Target& step = {})
+void compareCommands(const std::string& name, const Target& add = {}, const Target& step = {}, int steps = 1000)
 {
-    constexpr int steps = 1000;
     compare<Add, Ours, Bare>(name + "/add", {steps}, Listener::None, add);
     compare<Undo, Ours, Bare>(name + "/undo", {steps}, Listener::None, step);
     compare<Redo, Ours, Bare>(name + "/redo", {steps}, Listener::None, step);

@@ -157,26 +157,43 @@ struct BareRefused : Nodes
     }
 };
 
+/// The steps of the core as one listener hears them. The bare side has nobody to tell in any case.
+void compareSteps(const std::string& suffix, Listener listener, const Target& add, const Target& merged,
+                  const Target& undo, const Target& redo)
+{
+    const std::vector<int> sizes{1000, 100000};
+    compare<Add, Ours, Bare>("add" + suffix, sizes, listener, add);
+    compare<Add, OursMerging, BareMerging>("add/merged" + suffix, sizes, listener, merged);
+    compare<Undo, Ours, Bare>("undo" + suffix, sizes, listener, undo);
+    compare<Redo, Ours, Bare>("redo" + suffix, sizes, listener, redo);
+}
+
 const Comparisons s_comparisons([] {
     const std::vector<int> sizes{1000, 100000};
+    const std::vector<int> toAMillion{1000, 100000, 1000000};
+    const Listener none = Listener::None;
 
-    compare<Add, Ours, Bare>("add", {1000, 10000, 100000, 1000000}, Listener::None, {2.2, 1.6});
-    compare<Add, OursRefused, BareRefused>("add/merge-refused", sizes, Listener::None, {2.2, 1.6});
-    compare<Add, OursMerging, BareMerging>("add/merged", sizes, Listener::None, {2.1, 1.6});
-    compare<Undo, Ours, Bare>("undo", sizes, Listener::None, {2.4, 1.7}).allocationFree = true;
-    compare<Redo, Ours, Bare>("redo", sizes, Listener::None, {2.4, 1.7}).allocationFree = true;
-    compare<Jump, Ours, Bare>("jump", sizes, Listener::None, {1.3, 1.3}).allocationFree = true;
-    compare<Composite, Ours, Bare>("composite-child", sizes, Listener::None, {1.5, 1.2});
-    compare<Clear, Ours, Bare>("clear", sizes, Listener::None, {1.2, 1.05}).allocationFree = true;
+    compare<Add, Ours, Bare>("add", toAMillion, none, {1.51, 1.42});
+    compare<Add, OursRefused, BareRefused>("add/merge-refused", sizes, none, {1.51, 1.42});
+    compare<Add, OursMerging, BareMerging>("add/merged", toAMillion, none, {1.55, 1.47});
+    compare<Undo, Ours, Bare>("undo", toAMillion, none, {1.64, 1.47}).allocationFree = true;
+    compare<Redo, Ours, Bare>("redo", toAMillion, none, {1.62, 1.47}).allocationFree = true;
+    compare<Jump, Ours, Bare>("jump", toAMillion, none, {1.8, 1.4}).allocationFree = true;
+    compare<Clear, Ours, Bare>("clear", toAMillion, none, {1.44, 1.1}).allocationFree = true;
 
-    // The bare side has nobody to tell, here too.
-    compare<Add, Ours, Bare>("add/callback", sizes, Listener::Callback, {4.5, 3.0});
-    compare<Add, OursMerging, BareMerging>("add/merged/callback", sizes, Listener::Callback);
-    compare<Undo, Ours, Bare>("undo/callback", sizes, Listener::Callback, {6.5, 4.0});
-    compare<Redo, Ours, Bare>("redo/callback", sizes, Listener::Callback, {6.5, 4.0});
-    compare<Jump, Ours, Bare>("jump/callback", sizes, Listener::Callback, {1.3, 1.3});
-    compare<Composite, Ours, Bare>("composite-child/callback", sizes, Listener::Callback, {1.5, 1.2});
-    compare<Clear, Ours, Bare>("clear/callback", sizes, Listener::Callback, {1.2, 1.05});
+    compare<CompositesOf<10>::Add, Ours, Bare>("composite/10/add", sizes, none, {1.4, 1.2});
+    compare<CompositesOf<10>::Undo, Ours, Bare>("composite/10/undo", sizes, none, {1.8, 1.5});
+    compare<CompositesOf<1000>::Add, Ours, Bare>("composite/1000/add", sizes, none, {1.4, 1.2});
+    compare<CompositesOf<1000>::Undo, Ours, Bare>("composite/1000/undo", sizes, none, {1.8, 1.5});
+    compare<CompositesOf<100000>::Add, Ours, Bare>("composite/100000/add", {100000}, none, {1.4, 1.2});
+    compare<CompositesOf<100000>::Undo, Ours, Bare>("composite/100000/undo", {100000}, none, {1.8, 1.5});
+
+    compareSteps("/callback", Listener::Callback, {3.93, 3.2}, {}, {5.55, 4.4}, {5.52, 4.4});
+    compareSteps("/reader", Listener::Reader, {}, {}, {}, {});
+    compareSteps("/slots", Listener::Slots, {}, {}, {}, {});
+    compare<Jump, Ours, Bare>("jump/callback", sizes, Listener::Callback, {1.8, 1.4});
+    compare<CompositesOf<100>::Add, Ours, Bare>("composite/100/callback", sizes, Listener::Callback, {1.5, 1.2});
+    compare<Clear, Ours, Bare>("clear/callback", sizes, Listener::Callback, {1.44, 1.1});
 });
 
 } // namespace

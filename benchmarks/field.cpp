@@ -212,8 +212,8 @@ void compareLookup(const std::string& what, const std::string& name)
 }
 
 const Comparisons s_comparisons([] {
-    compareCommands<OurShininess, BareShininess>("field/name");
-    compare<Add, OurDraggedShininess, BareDraggedShininess>("field/name/merged", {1000});
+    compareCommands<OurShininess, BareShininess>("field/name", {1.93, 1.93}, {1.81, 1.51});
+    compare<Add, OurDraggedShininess, BareDraggedShininess>("field/name/merged", {1000}, Listener::None, {2.16, 1.77});
     compareCommands<OurLitById, BareLit>("field/id");
     compare<Add, OurTyping, BareTyping>("field/string/merged", {1000});
     compareLookup("hit", "shininess");

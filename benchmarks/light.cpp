@@ -75,6 +75,18 @@ struct BareDrag : Light
     }
 };
 
+/// Two lights in turn: nothing merges.
+struct OurSteps
+{
+    QUndoCommand* operator()(int step, QUndoCommand* parent) const { return m_lights[step % 2](step, parent); }
+    OurDrag m_lights[2];
+};
+struct BareSteps
+{
+    QUndoCommand* operator()(int step, QUndoCommand* parent) const { return m_lights[step % 2](step, parent); }
+    BareDrag m_lights[2];
+};
+
 // One command takes all nodes out of a link set and puts them back in order. One operation is one node, so that what a
 // case costs with ten times the nodes shows how the cost of a node grows with their number.
 
@@ -184,6 +196,7 @@ public:
 };
 
 const Comparisons s_comparisons([] {
+    compareCommands<OurSteps, BareSteps>("light");
     compare<Add, OurDrag, BareDrag>("light/drag", {1000}, Listener::None, {2.1, 1.6});
     compare<Add, OurDrag, BareDrag>("light/drag/callback", {1000}, Listener::Callback);
 

@@ -251,12 +251,13 @@ struct BareMoving : Scene
 };
 
 const Comparisons s_comparisons([] {
-    compare<Add, OursTranslating<true>, BareTranslating<true>>("translation/drag", {1000});
+    compare<Add, OursTranslating<true>, BareTranslating<true>>("translation/drag", {1000}, Listener::None,
+                                                               {1.84, 1.75});
     compare<Add, OursTranslating<false>, BareTranslating<false>>("translation/add", {10000});
     compare<Undo, OursTranslating<false>, BareTranslating<false>>("translation/undo", {10000}).allocationFree = true;
     compare<Redo, OursTranslating<false>, BareTranslating<false>>("translation/redo", {10000}).allocationFree = true;
-    compareCommands<OursApplying, BareApplying>("apply-variant");
-    compareCommands<OursMoving, BareMoving>("move-variant");
+    compareCommands<OursApplying, BareApplying>("apply-variant", {2.6, 2.2});
+    compareCommands<OursMoving, BareMoving>("move-variant", {2.67, 2.4});
 });
 
 } // namespace
