@@ -48,7 +48,7 @@ void moFieldBaseUndoCommand<Nothing...>::makeMessage(moMessage& message) const
 template<class... Nothing>
 bool moFieldBaseUndoCommand<Nothing...>::canMergeWith(const QUndoCommand* other) const
 {
-    const auto* const newer = dynamic_cast<const moFieldBaseUndoCommand*>(other);
+    const auto* const newer = castLike(*this, other);
     return newer && moUndoCommand::canMergeWith(newer) && newer->m_containerId == m_containerId &&
            newer->m_fieldId == m_fieldId && newer->m_fieldMask == m_fieldMask;
 }
