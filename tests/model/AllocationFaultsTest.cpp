@@ -9,14 +9,20 @@
 #include <moUndoStack/field/moFieldUndoCommand.h>
 #include <moUndoStack/field/moStringFieldUndoCommand.h>
 #include <moUndoStack/field/moUndoUtil.h>
+#include <moUndoStack/tag/moAttachedTagUndoCommand.h>
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moMessage.h>
+
+#include <OpenSG/OSGRefPtr.h>
 
 #include <QtCore/QScopeGuard>
 
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <ostream>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -262,6 +268,83 @@ TEST_P(AllocationFaults, LeaveAStackThatWorksWithNothingLeaked)
         ++n;
     EXPECT_GE(n - 1, GetParam().allocations);
 }
+
+using Tags = std::vector<std::string>;
+using Stamps = std::vector<osg::UInt64>;
+
+struct TagListCase
+{
+    const char* name;
+    Tags before;
+    Tags after;
+};
+
+/// A step of a tag command writes two lists, one after the other.
+class TagStepWithoutMemory : public UndoTest, public testing::WithParamInterface<TagListCase>
+{
+protected:
+    using State = std::pair<Tags, Stamps>;
+
+    void SetUp() override
+    {
+        UndoTest::SetUp();
+        m_node->addAttachment(m_tags);
+        m_tags->getMFUserTags()->setValues(GetParam().before);
+        m_tags->getMFTagStamps()->setValues(Stamps{1});
+    }
+
+    State state() const { return {m_tags->getUserTags().getValues(), m_tags->getTagStamps().getValues()}; }
+
+    std::unique_ptr<QUndoCommand> makeCommand() const
+    {
+        osg::MField<std::string> tags;
+        osg::MField<osg::UInt64> old;
+        osg::MField<osg::UInt64> stamps;
+        tags.setValues(GetParam().after);
+        old.setValues(Stamps{1});
+        stamps.setValues(Stamps{1, 2, 3});
+        return std::make_unique<moAddTagUndoCommand>(textOf("Tag"), m_node, osg::TagAttachment::UserTagsFieldMask,
+                                                     osg::TagAttachment::UserTagsFieldId, "tag", &tags, old, stamps);
+    }
+
+    /// Runs redo with the n-th allocation failing. Returns false if it is done.
+    bool fails(QUndoCommand& command, long n)
+    {
+        s_failing = n;
+        const auto memoryAgain = qScopeGuard([] { s_failing = 0; });
+        try {
+            command.redo();
+        } catch (const std::bad_alloc&) {
+            return true;
+        }
+        return false;
+    }
+
+private:
+    const osg::NodeRefPtr m_node{osg::Node::create()};
+    const osg::RefPtr<osg::TagAttachmentPtr> m_tags{osg::TagAttachment::create()};
+};
+
+TEST_P(TagStepWithoutMemory, LeavesBothListsAsTheyWereAndCanBeTriedAgain)
+{
+    const auto command = makeCommand();
+    const State before = state();
+    long n = 1;
+    for (; fails(*command, n); ++n)
+        EXPECT_EQ(state(), before) << "allocation " << n;
+    EXPECT_GT(n, 1);
+    EXPECT_EQ(state(), State(GetParam().after, {1, 2, 3}));
+    command->undo();
+    EXPECT_EQ(state(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachKindOfList, TagStepWithoutMemory,
+                         testing::Values(TagListCase{"Longer", {"a"}, {"b", longText, "c"}},
+                                         TagListCase{"Shorter", {"a", longText, "c"}, {longText + longText}},
+                                         TagListCase{"Emptied", {longText}, {}},
+                                         TagListCase{"Filled", {}, {longText, "b"}},
+                                         TagListCase{"WithLongerTags", {"a", longText}, {longText, "b"}}),
+                         [](const auto& parameter) { return std::string(parameter.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(OfEachOperation, AllocationFaults, testing::ValuesIn(operations()),
                          [](const auto& parameter) { return std::string(parameter.param.name); });

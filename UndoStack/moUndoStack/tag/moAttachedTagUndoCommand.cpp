@@ -2,8 +2,10 @@
 
 #include <moUndoStack/core/moContainer_p.h>
 
+#include <algorithm>
 #include <iostream>
 #include <utility>
+#include <vector>
 
 MO_UNDO_COMMAND_ID_IMPL(moAddTagUndoCommand)
 MO_UNDO_COMMAND_ID_IMPL(moSubTagUndoCommand)
@@ -27,14 +29,35 @@ TagField findTagField(const osg::AttachmentContainerPtr& container, osg::UInt32 
     return found;
 }
 
-template<class Edit>
-void editTagField(const osg::AttachmentContainerPtr& container, osg::UInt32 fieldId, osg::BitVector mask, Edit edit)
+/// Gives the list other strings in two parts. All that needs memory is done at construction and leaves the list as it
+/// is; write() cannot fail. Reuses the memory of the strings that are there.
+class Rewrite
 {
-    const TagField field = findTagField(container, fieldId);
-    if (!field.tags) return;
-    const ContainerEdit bracket(field.attachment, mask);
-    edit(field);
-}
+public:
+    Rewrite(osg::MField<std::string>& list, const osg::MField<std::string>& wanted)
+        : m_list(list), m_wanted(wanted), m_shared(std::min(list.size(), wanted.size()))
+    {
+        m_added.assign(wanted.begin() + m_shared, wanted.end());
+        m_list.reserve(wanted.size());
+        for (osg::UInt32 i = 0; i < m_shared; ++i)
+            if (m_list[i].capacity() < wanted[i].size()) m_list[i].reserve(wanted[i].size());
+    }
+
+    void write()
+    {
+        m_list.resize(m_wanted.size());
+        for (osg::UInt32 i = 0; i < m_shared; ++i)
+            m_list[i] = m_wanted[i];
+        for (osg::UInt32 i = m_shared; i < m_wanted.size(); ++i)
+            m_list[i].swap(m_added[i - m_shared]);
+    }
+
+private:
+    osg::MField<std::string>& m_list;
+    const osg::MField<std::string>& m_wanted;
+    osg::UInt32 m_shared;
+    std::vector<std::string> m_added;
+};
 
 } // namespace
 
@@ -84,13 +107,20 @@ osg::AttachmentContainerPtr moAttachedTagUndoCommand::getContainer() const
 void moAttachedTagUndoCommand::apply(const osg::MField<std::string>& tags, const osg::MField<osg::UInt64>& values)
 {
     moStep::run([&] {
-        // Copied before the first edit: with no memory for one of them, neither edit is made.
-        osg::MField<std::string> newTags = tags;
+        const TagField found = findTagField(getContainer(), m_fieldId);
+        if (!found.tags) return;
+        // Prepared before the first edit: with no memory for one of them, neither edit is made.
         osg::MField<osg::UInt64> newStamps = values;
-        editTagField(getContainer(), m_fieldId, m_fieldMask,
-                     [&newTags](const TagField& field) { field.tags->swap(newTags); });
+        Rewrite rewrite(*found.tags, tags);
+        {
+            const ContainerEdit bracket(found.attachment, m_fieldMask);
+            rewrite.write();
+        }
         // Intended: the stamps are edited under the mask of the tags, so both notifications name the same field.
-        editTagField(getContainer(), m_fieldId, m_fieldMask,
-                     [&newStamps](const TagField& field) { field.attachment->getMFTagStamps()->swap(newStamps); });
+        // Found again: a listener to the first edit may have taken the list off.
+        const TagField again = findTagField(getContainer(), m_fieldId);
+        if (!again.tags) return;
+        const ContainerEdit bracket(again.attachment, m_fieldMask);
+        again.attachment->getMFTagStamps()->swap(newStamps);
     });
 }
