@@ -6,9 +6,8 @@
 
 #include <utility>
 
-static moUndoString actionText(const char* action, const osg::NodePtr& node)
+static moUndoString actionText(const QString& word, const osg::NodePtr& node)
 {
-    const QString word = QString::fromUtf8(action);
     return transformText(word % QLatin1String(" '") % nodeName(node) % QLatin1Char('\''), word);
 }
 
@@ -21,6 +20,13 @@ moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr
 
 template<class T>
 moTransformUndoCommand<T>::moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag,
+                                                  moMergeOption merge, QUndoCommand* parent, int variantIndex)
+    : moTransformUndoCommand(QString::fromUtf8(text), node, std::move(value), flag, merge, parent, variantIndex)
+{
+}
+
+template<class T>
+moTransformUndoCommand<T>::moTransformUndoCommand(const QString& text, osg::NodePtr node, T value, bool flag,
                                                   moMergeOption merge, QUndoCommand* parent, int variantIndex)
     : moFunctionUndoCommand<T>(actionText(text, node), node, std::move(value), parent),
       m_flag(flag),

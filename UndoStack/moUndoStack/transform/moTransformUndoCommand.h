@@ -6,6 +6,8 @@
 
 #include <OpenSG/OSGVector.h>
 
+#include <QtCore/QString>
+
 #include <string>
 #include <type_traits>
 
@@ -46,6 +48,10 @@ protected:
 
     /// The same with the merging chosen, see moMergeOption: true or false, or seconds.
     moTransformUndoCommand(const char* text, osg::NodePtr node, T value, bool flag, moMergeOption merge,
+                           QUndoCommand* parent, int variantIndex);
+
+    /// The same with a string for the action word, which all commands share that are made with it.
+    moTransformUndoCommand(const QString& text, osg::NodePtr node, T value, bool flag, moMergeOption merge,
                            QUndoCommand* parent, int variantIndex);
 
     /// World space, as given at construction.

@@ -26,7 +26,7 @@ enum class Mirrored
 
 struct moTransformValueUndoCommand::Row
 {
-    const char* actionWord;
+    QString actionWord; ///< shared by the descriptions of all commands of the class
     Mirrored mirrored;
     osg::Vec3f (*read)(const osg::NodePtr& node, bool flag, int variantIndex);
     void (*write)(const osg::NodePtr& node, const osg::Vec3f& value, bool flag, int variantIndex);
@@ -38,35 +38,35 @@ using N = const osg::NodePtr&;
 using V = const osg::Vec3f&;
 
 // clang-format off
-const moTranslationUndoCommand::Row moTranslationUndoCommand::s_row{"Translate", Mirrored::OwnTransform,
+const moTranslationUndoCommand::Row moTranslationUndoCommand::s_row{QStringLiteral("Translate"), Mirrored::OwnTransform,
     [](N node, bool flag, int i)      { return moNodeUtils::getTransformNodeTranslation(node, flag, i); },
     [](N node, V v, bool flag, int i) { moNodeUtils::setTransformNodeTranslation(node, v[0], v[1], v[2], flag, i); }};
-const moRotationUndoCommand::Row moRotationUndoCommand::s_row{"Rotate", Mirrored::OwnTransform,
+const moRotationUndoCommand::Row moRotationUndoCommand::s_row{QStringLiteral("Rotate"), Mirrored::OwnTransform,
     [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotation(node, i); },
     [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeRotation(node, v[0], v[1], v[2], i); }};
-const moScaleUndoCommand::Row moScaleUndoCommand::s_row{"Scale", Mirrored::OwnTransform,
+const moScaleUndoCommand::Row moScaleUndoCommand::s_row{QStringLiteral("Scale"), Mirrored::OwnTransform,
     [](N node, bool, int i)      { return moNodeUtils::getTransformNodeScale(node, i); },
     [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeScale(node, v[0], v[1], v[2], i); }};
-const moScalePivotUndoCommand::Row moScalePivotUndoCommand::s_row{"Change Scale Pivot", Mirrored::Always,
+const moScalePivotUndoCommand::Row moScalePivotUndoCommand::s_row{QStringLiteral("Change Scale Pivot"), Mirrored::Always,
     [](N node, bool flag, int i)      { return moNodeUtils::getTransformNodeScalePivot(node, flag, i); },
     [](N node, V v, bool flag, int i) { moNodeUtils::setTransformNodeScalePivot(node, v[0], v[1], v[2], flag, i); }};
-const moRotationPivotUndoCommand::Row moRotationPivotUndoCommand::s_row{"Change Rotation Pivot", Mirrored::Always,
+const moRotationPivotUndoCommand::Row moRotationPivotUndoCommand::s_row{QStringLiteral("Change Rotation Pivot"), Mirrored::Always,
     [](N node, bool flag, int i)      { return moNodeUtils::getTransformNodeRotatePivot(node, flag, i); },
     [](N node, V v, bool flag, int i) { moNodeUtils::setTransformNodeRotatePivot(node, v[0], v[1], v[2], flag, i); }};
-const moScalePivotTranslationUndoCommand::Row moScalePivotTranslationUndoCommand::s_row{"Change Scale Pivot Translation", Mirrored::Always,
+const moScalePivotTranslationUndoCommand::Row moScalePivotTranslationUndoCommand::s_row{QStringLiteral("Change Scale Pivot Translation"), Mirrored::Always,
     [](N node, bool, int i)      { return moNodeUtils::getTransformNodeScalePivotTranslation(node, i); },
     [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeScalePivotTranslation(node, v[0], v[1], v[2], i); }};
-const moRotationPivotTranslationUndoCommand::Row moRotationPivotTranslationUndoCommand::s_row{"Change Rotation Pivot Translation", Mirrored::Always,
+const moRotationPivotTranslationUndoCommand::Row moRotationPivotTranslationUndoCommand::s_row{QStringLiteral("Change Rotation Pivot Translation"), Mirrored::Always,
     [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotatePivotTranslation(node, i); },
     [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeRotatePivotTranslation(node, v[0], v[1], v[2], i); }};
-const moRotationPivotOrientationUndoCommand::Row moRotationPivotOrientationUndoCommand::s_row{"Change Rotation Pivot", Mirrored::OwnTransform,
+const moRotationPivotOrientationUndoCommand::Row moRotationPivotOrientationUndoCommand::s_row{QStringLiteral("Change Rotation Pivot"), Mirrored::OwnTransform,
     [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotationOrientation(node, i); },
     [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeRotationOrientation(node, v[0], v[1], v[2], i); }};
 // The -1 is intended: the direction as it is stored is read, not the one of the command's axis. For the setter see set().
-const moRotationPivotDirectionUndoCommand::Row moRotationPivotDirectionUndoCommand::s_row{"Change Rotation Pivot", Mirrored::OwnTransform,
+const moRotationPivotDirectionUndoCommand::Row moRotationPivotDirectionUndoCommand::s_row{QStringLiteral("Change Rotation Pivot"), Mirrored::OwnTransform,
     [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotationDirection(node, i, -1); },
     nullptr};
-const moShearUndoCommand::Row moShearUndoCommand::s_row{"Shear", Mirrored::Always,
+const moShearUndoCommand::Row moShearUndoCommand::s_row{QStringLiteral("Shear"), Mirrored::Always,
     [](N node, bool, int)      { return moNodeUtils::getTransformNodeShear(node); },
     [](N node, V v, bool, int) { moNodeUtils::setTransformNodeShear(node, v[0], v[1], v[2]); }};
 // clang-format on
