@@ -474,7 +474,8 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
 
     moMessage message;
     moStep::afterwards([&] { fill(message, *command, index, added); });
-    moStep::afterwards([&] { m_messageCallback(name, message, 0); });
+    // Asked again: makeMessage() is foreign code and may have taken the callback away.
+    if (m_messageCallback) moStep::afterwards([&] { m_messageCallback(name, message, 0); });
 }
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)
