@@ -51,7 +51,10 @@ void AttachmentContainer::subAttachment(const AttachmentPtr& attachment, UInt16 
     if (found == attachments.end()) return;
     const AttachmentPtr former = found->second;
     attachments.erase(found);
-    release(former);
+    beginEditCP(attachment, Attachment::ParentsFieldMask);
+    former->subParent(getPtr());
+    endEditCP(attachment, Attachment::ParentsFieldMask);
+    subRefCP(former);
 }
 
 AttachmentPtr AttachmentContainer::findAttachment(UInt32 groupId, UInt16 binding) const

@@ -7,6 +7,7 @@
 #include <moOpenSGUtils/moNodeUtils.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGHandleFields.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
@@ -304,6 +305,7 @@ private:
     {
         Value,
         Handles,
+        Id,
         Attachments,
         Texts
     };
@@ -318,8 +320,8 @@ private:
     {
         if (dynamic_cast<const osg::SFAttachmentMap*>(&field)) return Kind::Attachments;
         if (dynamic_cast<const osg::MFString*>(&field)) return Kind::Texts;
-        // There is a field type for each type of handle. What they have in common is their text: the ids.
-        return std::strstr(field.getType().getCName(), "Ptr") || name == "objectId" ? Kind::Handles : Kind::Value;
+        if (name == "objectId") return Kind::Id;
+        return osg::holdsHandles(field) ? Kind::Handles : Kind::Value;
     }
 
     /// What is of interest of a container's fields; looked up once for each type.
@@ -363,7 +365,14 @@ private:
             field.getValueByStr(text);
             break;
         case Kind::Handles:
-            text = namesOf(field.getValueByStr(), field.getSize(), from);
+            for (const osg::FieldContainerPtr& container : osg::handlesIn(field))
+                text += nameOf(container, from) + ' ';
+            break;
+        case Kind::Id:
+            text = nameOf(osg::FieldContainerFactory::the()->getContainer(
+                              static_cast<const osg::SFUInt32&>(field).getValue()),
+                          from) +
+                   ' ';
             break;
         case Kind::Attachments:
             for (const auto& entry : static_cast<const osg::SFAttachmentMap&>(field).getValue())
@@ -375,19 +384,6 @@ private:
             break;
         }
         return text;
-    }
-
-    std::string namesOf(const std::string& ids, osg::UInt32 count, const std::string& from)
-    {
-        std::string names;
-        const char* text = ids.c_str();
-        for (osg::UInt32 i = 0; i < count; ++i) {
-            char* end = nullptr;
-            const auto id = static_cast<osg::UInt32>(std::strtoul(text, &end, 10));
-            names += nameOf(osg::FieldContainerFactory::the()->getContainer(id), from) + ' ';
-            text = end + std::strspn(end, ", ");
-        }
-        return names;
     }
 
     std::map<osg::UInt32, std::string> m_names;

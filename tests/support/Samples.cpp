@@ -9,6 +9,7 @@
 #include <moUndoUtils/moUndoString.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGHandleFields.h>
 
 #include <algorithm>
 #include <cxxabi.h>
@@ -111,13 +112,9 @@ std::vector<osg::AttachmentContainerPtr> lastSource(const Target& t)
 std::vector<unsigned int> oneOf(const osg::FieldContainerPtr& owner, const char* field, int k)
 {
     if (!owner) return {};
-    const std::string ids = owner->getField(field)->getValueByStr();
-    const osg::UInt32 count = owner->getField(field)->getSize();
-    if (count == 0) return {};
-    std::size_t start = 0;
-    for (int i = k % static_cast<int>(count); i > 0; --i)
-        start = ids.find(", ", start) + 2;
-    return {static_cast<unsigned int>(std::stoul(ids.substr(start)))};
+    const auto handles = osg::handlesIn(*owner->getField(field));
+    if (handles.empty()) return {};
+    return {osg::getContainerId(handles[static_cast<std::size_t>(k) % handles.size()])};
 }
 
 /// As many settings as the effect has, all different from it, and the first of its elements.

@@ -3,7 +3,7 @@
 #include <moUndoStack/core/moUndoCommandId.h>
 #include <moUndoStack/field/moFieldBaseUndoCommand.h>
 
-#include <OpenSG/OSGSFSysTypes.h>
+#include <OpenSG/OSGStringFields.h>
 
 /// Sets a string field.
 ///

@@ -3,7 +3,7 @@
 #include <moUndoStack/core/moUndoCommandId.h>
 #include <moUndoStack/field/moFieldBaseUndoCommand.h>
 
-#include <OpenSG/OSGMFSysTypes.h>
+#include <OpenSG/OSGStringFields.h>
 
 #include <vector>
 

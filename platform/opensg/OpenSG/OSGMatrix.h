@@ -102,7 +102,9 @@ public:
     void setTransform(const VectorType3f& translation, const QuaternionType& rotation, const VectorType3f& scale,
                       const QuaternionType& scaleOrientation)
     {
-        setTransform(translation, rotation * scaleOrientation, scale);
+        QuaternionType turn = rotation;
+        turn.mult(scaleOrientation);
+        setTransform(translation, turn, scale);
         TransformationMatrix back;
         back.setRotate(scaleOrientation.inverse());
         mult(back);

@@ -1,5 +1,6 @@
 #include "Probe.h"
 
+#include <OpenSG/OSGFieldTable.h>
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -34,8 +35,6 @@ TEST_F(ImageTest, IsInvalidAndWithoutPixelsAtFirst)
     EXPECT_FALSE(image->isValid());
     EXPECT_EQ(image->getSize(), 0u);
     EXPECT_EQ(image->getData(), nullptr);
-    const UInt8 data[4] = {};
-    EXPECT_FALSE(image->setData(data));
 }
 
 TEST_F(ImageTest, HoldsACopyOfThePixelsThatItIsSetTo)
@@ -54,14 +53,16 @@ TEST_F(ImageTest, HoldsACopyOfThePixelsThatItIsSetTo)
     const UInt8 other[] = {6, 5, 4, 3, 2, 1};
     EXPECT_TRUE(image->setData(other));
     EXPECT_EQ(*image->getData(), 6);
+    testing::internal::CaptureStderr();
     EXPECT_FALSE(image->setData(nullptr));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("WARNING"));
+    EXPECT_EQ(*image->getData(), 6);
 }
 
 TEST_F(ImageTest, FindsThePixelsOfEachLevelFrameAndSide)
 {
     // Levels of 4 x 2, 2 x 1 and 1 x 1 pixels with 2 bytes each.
     ASSERT_TRUE(image->set(Image::OSG_L_PF, 4, 2, 1, 3, 2, 0.0, nullptr, Image::OSG_UINT16_IMAGEDATA, true, 2));
-    EXPECT_EQ(image->getComponentSize(), 2);
     EXPECT_EQ(image->getSideSize(), 22);
     EXPECT_EQ(image->getFrameSize(), 44);
     EXPECT_EQ(image->getSize(), 88u);
@@ -72,21 +73,31 @@ TEST_F(ImageTest, FindsThePixelsOfEachLevelFrameAndSide)
     EXPECT_EQ(*image->getData(2), 20);
     EXPECT_EQ(*image->getData(0, 0, 1), 22);
     EXPECT_EQ(*image->getData(2, 1, 1), 86);
-    EXPECT_EQ(image->getData(0, 9), nullptr);
 }
 
-TEST_F(ImageTest, StaysWhatItWasForAnUnknownFormatOrAnImpossibleSize)
+TEST_F(ImageTest, TakesASizeBelowOneAsOneAndHasNoPixelsInAnUnknownFormat)
 {
-    ASSERT_TRUE(image->set(Image::OSG_L_PF, 2));
-    EXPECT_FALSE(image->set(0x1234, 2));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 0));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, -1));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, 1, 1, 99));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, 1, 1, 1, 1, 0.0, nullptr, 0));
-    EXPECT_FALSE(image->set(ImagePtr()));
-    EXPECT_EQ(image->getWidth(), 2);
-    EXPECT_EQ(image->getSize(), 2u);
+    const UInt8 data[] = {1, 2, 3};
+    EXPECT_TRUE(image->set(Image::OSG_RGB_PF, 0, -3, 0, 0, 0, 0.0, data));
+    EXPECT_EQ(image->getWidth(), 1);
+    EXPECT_EQ(image->getHeight(), 1);
+    EXPECT_EQ(image->getMipMapCount(), 1);
+    EXPECT_THAT(image->getPixel().getValues(), ElementsAre(1, 2, 3));
+    EXPECT_FALSE(image->set(77, 2, 2, 1, 1, 1, 0.0, data));
+    EXPECT_EQ(image->getPixelFormat(), 77u);
+    EXPECT_EQ(image->getBpp(), 0);
+    EXPECT_TRUE(image->getPixel().empty());
+}
+
+TEST_F(ImageTest, EditsItsFormatAndThenItsPixels)
+{
+    const UInt8 data[] = {1, 2, 3};
+    changes->setReadOnly(false);
+    const UInt32 id = getContainerId(image);
+    image->set(Image::OSG_RGB_PF, 1, 1, 1, 1, 1, 0.0, data);
+    image->setData(data);
+    EXPECT_THAT((std::vector<ChangeList::ChangeEntry>(changes->beginChanged(), changes->endChanged())),
+                ElementsAre(testing::Pair(id, 0x8F70u), testing::Pair(id, 0x13088u), testing::Pair(id, 0x13088u)));
 }
 
 TEST_F(ImageTest, CanBeSetToAnotherOneAndToItself)
@@ -104,24 +115,11 @@ TEST_F(ImageTest, CanBeSetToAnotherOneAndToItself)
 
 TEST_F(ImageTest, CanHaveASizeWithoutPixels)
 {
-    EXPECT_TRUE(image->set(Image::OSG_RGB_PF, 2, 2, 1, 1, 1, 0.0, nullptr, Image::OSG_UINT8_IMAGEDATA, false));
+    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, 2, 1, 1, 1, 0.0, nullptr, Image::OSG_UINT8_IMAGEDATA, false));
+    EXPECT_FALSE(image->isValid());
     EXPECT_EQ(image->getSize(), 12u);
     EXPECT_TRUE(image->getPixel().empty());
     EXPECT_EQ(image->getData(), nullptr);
-}
-
-TEST_F(ImageTest, KeepsItsSizeWithinBoundsWhateverTheFieldsSay)
-{
-    image->setWidth(0x7FFFFFFF);
-    image->setHeight(0x7FFFFFFF);
-    image->setDepth(-5);
-    image->setBpp(0x7FFFFFFF);
-    image->setMipMapCount(0x7FFFFFFF);
-    image->setFrameCount(0x7FFFFFFF);
-    endEditCP(image);
-    EXPECT_EQ(image->getSideSize(), 0x7FFFFFFF);
-    EXPECT_EQ(image->getFrameSize(), 0x7FFFFFFF);
-    EXPECT_EQ(image->getSize(), 0x80000000u);
 }
 
 TEST_F(ImageTest, TellsItsParentsWithTheOriginChildAndTheirField)
@@ -131,14 +129,14 @@ TEST_F(ImageTest, TellsItsParentsWithTheOriginChildAndTheirField)
     link.setParentFieldPos(Probe::LabelFieldId);
     image->addParent(link);
     image->addParent(parent);
-    image->set(Image::OSG_L_PF, 1);
+    endEditCP(image, Image::WidthFieldMask);
     EXPECT_THAT(takeLog(), ElementsAre("changed " + std::to_string(Probe::LabelFieldMask) + " from 4",
                                        "changed " + std::to_string(FieldBits::AllFields) + " from 4"));
     image->subParent(parent);
     image->subParent(image);
     EXPECT_EQ(image->getParents().size(), 1u);
     const ImagePtr copy = ImagePtr::dcast(image->shallowCopy());
-    EXPECT_TRUE(copy->getParents().empty());
+    EXPECT_EQ(copy->getParents().size(), 1u) << "a copy names the same parents";
     subRefCP(copy);
     image->subParent(parent);
     subRefCP(parent);
@@ -164,11 +162,6 @@ TEST_F(MaterialTest, IsCountedByAGroupWhenItIsSetAndReleasedWithIt)
     const MaterialGroupPtr group = MaterialGroup::create();
     group->setMaterial(material);
     group->setMaterial(material);
-    EXPECT_EQ(material.getRefCount(), 2);
-    const MaterialGroupPtr copy = MaterialGroupPtr::dcast(group->shallowCopy());
-    EXPECT_EQ(copy->getMaterial(), material);
-    EXPECT_EQ(material.getRefCount(), 3);
-    subRefCP(copy);
     EXPECT_EQ(material.getRefCount(), 2);
     group->setMaterial(NullFC);
     EXPECT_EQ(material.getRefCount(), 1);
@@ -221,17 +214,13 @@ TEST_F(MaterialTest, HoldsAReferenceForEveryEntryOfAChunk)
     addRefCP(chunk);
     EXPECT_TRUE(material->addChunk(chunk));
     EXPECT_TRUE(material->addChunk(chunk, 2));
-    EXPECT_FALSE(material->addChunk(NullFC));
+    EXPECT_TRUE(material->addChunk(NullFC)) << "null as well";
     EXPECT_EQ(chunk.getRefCount(), 3);
-    EXPECT_EQ(material->findChunk(chunk, 2), 1);
-    EXPECT_EQ(material->findChunk(chunk, 3), -1);
-    EXPECT_TRUE(material->subChunk(chunk));
-    EXPECT_FALSE(material->subChunk(chunk));
+    EXPECT_EQ(material->getChunks().size(), 3u);
+    EXPECT_EQ(material->find(chunk), 0);
+    material->subChunk(chunk);
     EXPECT_EQ(chunk.getRefCount(), 2);
-    EXPECT_THAT(material->getSlots().getValues(), ElementsAre(2));
-    const FieldContainerPtr copy = material->shallowCopy();
-    EXPECT_EQ(chunk.getRefCount(), 3);
-    subRefCP(copy);
+    EXPECT_THAT(material->getSlots().getValues(), ElementsAre(2, testing::_));
     subRefCP(material);
     EXPECT_EQ(chunk.getRefCount(), 1);
     subRefCP(chunk);
