@@ -2,12 +2,14 @@
 
 #include <support/EditTrace.h>
 #include <support/Images.h>
+#include <support/NodeFlags.h>
 
 #include <moOpenSGUtils/moLights.h>
 #include <moOpenSGUtils/moNodeUtils.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGHandleFields.h>
+#include <OpenSG/OSGSFSysTypes.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
@@ -33,6 +35,12 @@ MO_TRACED_CONTAINER(AimConstraint, "AimConstraint")
 } // namespace osg
 
 namespace {
+
+/// Where nodes have flags. By name, as the field is not in every osg::Node.
+void markAsVisibilityReference(const osg::NodePtr& node)
+{
+    if (nodesHaveFlags) dynamic_cast<osg::SFUInt32&>(*node->getField("externalFlags")).setValue(0x10);
+}
 
 osg::NodePtr makeNode(const std::string& name, const osg::NodeCorePtr& core)
 {
@@ -147,7 +155,7 @@ SampleTarget::SampleTarget(std::string prefix, int shift) : m_prefix(std::move(p
     spotCore()->setOn(false);
     spotCore()->setLightVisualizationVisible(false);
     spotCore()->setVisibilityReference(box);
-    box->setExternalFlags(0x10);
+    markAsVisibilityReference(box);
 
     const auto links = hold("set", osg::TracedLightLinkSet::create());
     links->addSceneNode(box);

@@ -1,6 +1,7 @@
 #include <support/Samples.h>
 
 #include <support/Images.h>
+#include <support/NodeFlags.h>
 
 #include <moUndoStack/moUndoCommands.h>
 
@@ -306,6 +307,13 @@ Sample row(Merging merging, const char* target, const char* others, const char* 
             {}};
 }
 
+/// The edit of a light, and the one by which its reference is marked where nodes have flags.
+Lines withMark(const char* light, const char* reference)
+{
+    if (!nodesHaveFlags) return {light};
+    return {light, reference};
+}
+
 /// A further row of a class.
 Sample in(const char* form, Sample sample)
 {
@@ -488,8 +496,8 @@ std::vector<Sample> makeSamples()
         Exception::HoldsTarget, "source, target and backup belong together"),
     again(row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set sceneNodes 1"}, setSet), {}),
     again(in("taking lights out", row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set lights 1"}, takeLightOut)), {}),
-    row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "light", "bare", "lightCommand=uint", {"light core visibilityReference 1", "bare externalFlags 1"}, setVisibilityReference),
-    in("taken away", row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "spot", "node", "lightCommand=uint", {"spot core visibilityReference 1", "node externalFlags 1"}, takeVisibilityReference)),
+    row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "light", "bare", "lightCommand=uint", withMark("light core visibilityReference 1", "bare externalFlags 1"), setVisibilityReference),
+    in("taken away", row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "spot", "node", "lightCommand=uint", withMark("spot core visibilityReference 1", "node externalFlags 1"), takeVisibilityReference)),
 
     // --- material
     row<moMaterialUndoCommand>(merges, "settings", "material", "container=uint material=uint componentSettings=uint",
