@@ -27,7 +27,8 @@ Node::~Node()
 
 void Node::onCreate(const Node* source)
 {
-    if (source && source->getCore()) setCore(source->getCore());
+    if (!source) return;
+    if (source->getCore()) setCore(source->getCore());
     invalidateVolume();
 }
 

@@ -89,7 +89,7 @@ protected:
     using Inherited::getChildren;
     using Inherited::setParent;
 
-    /// Invalidates the volume, which is valid in the prototype; a copy gets the core of its source.
+    /// A copy gets the core of its source and invalidates its volume. What is made empty keeps a valid one: the prototype.
     void onCreate(const Node* source = nullptr);
 
     static void initMethod();
