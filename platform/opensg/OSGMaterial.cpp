@@ -28,7 +28,10 @@ bool ChunkMaterial::addChunk(StateChunkPtr chunk, Int32 slot)
 {
     addRefCP(chunk);
     _mfChunks.push_back(chunk);
-    _mfSlots.push_back(slot);
+    if (slot != anySlot) {
+        _mfSlots.resize(_mfChunks.size(), anySlot);
+        _mfSlots[_mfChunks.size() - 1] = slot;
+    }
     return true;
 }
 
@@ -41,7 +44,7 @@ bool ChunkMaterial::subChunk(StateChunkPtr chunk, Int32 slot)
     }
     const StateChunkPtr former = _mfChunks[static_cast<UInt32>(index)];
     _mfChunks.erase(_mfChunks.begin() + index);
-    _mfSlots.erase(_mfSlots.begin() + index);
+    if (static_cast<UInt32>(index) < _mfSlots.size()) _mfSlots.erase(_mfSlots.begin() + index);
     subRefCP(former);
     return false;
 }
@@ -54,15 +57,16 @@ Int32 ChunkMaterial::find(StateChunkPtr chunk) const
 
 Int32 ChunkMaterial::findSlot(const StateChunkPtr& chunk, Int32 slot) const
 {
-    for (UInt32 i = 0; i < std::min(_mfChunks.size(), _mfSlots.size()); ++i) {
-        if (_mfChunks[i] == chunk && _mfSlots[i] == slot) return static_cast<Int32>(i);
+    for (UInt32 i = 0; i < _mfChunks.size(); ++i) {
+        if (_mfChunks[i] == chunk && (i < _mfSlots.size() ? _mfSlots[i] : anySlot) == slot)
+            return static_cast<Int32>(i);
     }
     return -1;
 }
 
 bool SimpleMaterial::isTransparent() const
 {
-    return getTransparencyMode() == TransparencyAutoDetection ? getTransparency() > 0.0f : Inherited::isTransparent();
+    return getTransparency() > 0.0f || Inherited::isTransparent();
 }
 
 void MaterialGroup::setMaterial(const MaterialPtr& material)

@@ -12,3 +12,8 @@ inline std::size_t liveContainerCount()
     return static_cast<std::size_t>(
         std::count_if(store.begin(), store.end(), [](const auto& container) { return container != osg::NullFC; }));
 }
+
+inline bool isAlive(unsigned int id)
+{
+    return osg::FieldContainerFactory::the()->getContainer(id) != osg::NullFC;
+}

@@ -180,5 +180,7 @@ class AllMultiFields : public AllMultiFieldsBase
 
 } // namespace osg
 
+/// The value of a field other than of handles. An installed OpenSG has no text for some types and logs that there is none.
+std::string valueText(const osg::Field& field);
 /// The values of all fields of a container, one line each, to be compared.
 std::vector<std::string> contents(const osg::FieldContainerPtr& container);

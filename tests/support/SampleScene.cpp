@@ -2,7 +2,6 @@
 
 #include <support/EditTrace.h>
 #include <support/Images.h>
-#include <support/NodeFlags.h>
 
 #include <moOpenSGUtils/moLights.h>
 #include <moOpenSGUtils/moNodeUtils.h>
@@ -39,7 +38,7 @@ namespace {
 /// Where nodes have flags. By name, as the field is not in every osg::Node.
 void markAsVisibilityReference(const osg::NodePtr& node)
 {
-    if (nodesHaveFlags) dynamic_cast<osg::SFUInt32&>(*node->getField("externalFlags")).setValue(0x10);
+    if (auto* const flags = dynamic_cast<osg::SFUInt32*>(node->getField("externalFlags"))) flags->setValue(0x10);
 }
 
 osg::NodePtr makeNode(const std::string& name, const osg::NodeCorePtr& core)
@@ -169,9 +168,13 @@ SampleTarget::SampleTarget(std::string prefix, int shift) : m_prefix(std::move(p
     paint->addColorComponent(colour);
     osg::changedCP(paint, osg::UberMaterial::ColorComponentsFieldMask);
     hold("component", osg::TracedColorComponentSettings::create())->setRed(by + 4);
-    hold("glass", osg::TracedUBRDFMaterial::create());
+    const auto glass = hold("glass", osg::TracedUBRDFMaterial::create());
     const auto day = hold("sky", osg::TracedUberMaterial::create());
-    hold("mirror", osg::TracedUBRDFMaterial::create())->setEnvironment(day);
+    const auto mirror = hold("mirror", osg::TracedUBRDFMaterial::create());
+    mirror->setEnvironment(day);
+    // An installed OpenSG makes a further container, the state, at the first change of a material.
+    for (const osg::MaterialPtr& changed : {osg::MaterialPtr(glass), osg::MaterialPtr(day), osg::MaterialPtr(mirror)})
+        osg::changedCP(changed);
 
     const auto constraint = hold("aim", osg::TracedAimConstraint::create());
     constraint->addSource(box, by + 0.25f);
@@ -370,7 +373,7 @@ private:
         std::string text;
         switch (kind) {
         case Kind::Value:
-            field.getValueByStr(text);
+            text = valueText(field);
             break;
         case Kind::Handles:
             for (const osg::FieldContainerPtr& container : osg::handlesIn(field))

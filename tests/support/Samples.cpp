@@ -1,8 +1,8 @@
 #include <support/Samples.h>
 
 #include <support/Images.h>
-#include <support/NodeFlags.h>
 
+#include <moUndoStack/light/moNodeFlags_p.h>
 #include <moUndoStack/moUndoCommands.h>
 
 #include <moOpenSGUtils/moLights.h>
@@ -310,7 +310,7 @@ Sample row(Merging merging, const char* target, const char* others, const char* 
 /// The edit of a light, and the one by which its reference is marked where nodes have flags.
 Lines withMark(const char* light, const char* reference)
 {
-    if (!nodesHaveFlags) return {light};
+    if (!moNodeFlags::exist) return {light};
     return {light, reference};
 }
 

@@ -42,7 +42,8 @@ protected:
     using Inherited::setAttachments;
 
 private:
-    void release(const AttachmentPtr& attachment);
+    /// Gives an attachment back; told gets the notification of the edit.
+    void release(const AttachmentPtr& attachment, const AttachmentPtr& told);
 };
 
 } // namespace osg

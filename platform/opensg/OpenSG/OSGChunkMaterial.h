@@ -24,10 +24,10 @@ class OSG_BASELIB_DLLMAPPING ChunkMaterial : public ChunkMaterialBase
 
 public:
     /// True, also for null; a chunk may be added several times. The slot -2 takes the place of another chunk of its kind
-    /// when the material is drawn.
-    bool addChunk(StateChunkPtr chunk, Int32 slot = -2);
+    /// when the material is drawn; the list of slots ends with the last one that is another.
+    bool addChunk(StateChunkPtr chunk, Int32 slot = anySlot);
     /// Removes the first entry of the chunk in that slot and gives false; if there is none, warns and gives true.
-    bool subChunk(StateChunkPtr chunk, Int32 slot = -2);
+    bool subChunk(StateChunkPtr chunk, Int32 slot = anySlot);
     /// The first entry of the chunk; -1 if there is none.
     Int32 find(StateChunkPtr chunk) const;
 
@@ -38,6 +38,8 @@ protected:
     ~ChunkMaterial() override;
 
 private:
+    static constexpr Int32 anySlot = -2;
+
     Int32 findSlot(const StateChunkPtr& chunk, Int32 slot) const;
 };
 

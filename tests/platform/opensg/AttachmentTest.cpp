@@ -1,5 +1,5 @@
-#include "Ground.h"
 #include "Probe.h"
+#include <support/Ground.h>
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -149,7 +149,7 @@ TEST_F(Attachments, AreSharedWithACopyWhereTheyAllHaveBindingZero)
     EXPECT_EQ(copy->findAttachment(TagProbe::getClassType(), 3), NullFC);
     EXPECT_EQ(copy->findAttachment(TagProbe::getClassType()), tag);
     EXPECT_EQ(tag.getRefCount(), 2 + ground::objectsPerContainer);
-    EXPECT_EQ(tag->getParents().size(), 1u + ground::objectsPerContainer);
+    EXPECT_EQ(tag->getParents().size(), 1u + static_cast<std::size_t>(ground::objectsPerContainer));
     subRefCP(copy);
     EXPECT_THAT(tag->getParents().getValues(), ElementsAre(container));
     subRefCP(tag);

@@ -1,5 +1,5 @@
-#include "Ground.h"
 #include "Probe.h"
+#include <support/Ground.h>
 
 #include <OpenSG/OSGCountedField.h>
 #include <OpenSG/OSGRefPtr.h>

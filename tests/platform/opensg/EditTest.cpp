@@ -40,7 +40,7 @@ TEST_F(EditTest, DoesNothingAtItsBegin)
 TEST_F(EditTest, EntersTheChangeListAndThenTellsTheContainerAtItsEnd)
 {
     changes->setReadOnly(false);
-    UInt32 entriesWhenTold = 0;
+    std::size_t entriesWhenTold = 0;
     probe->whenChanged = [&] { entriesWhenTold = changes->sizeChanged(); };
     endEditCP(probe, Probe::LabelFieldMask, 77);
     EXPECT_THAT(takeLog(), ElementsAre("changed " + std::to_string(Probe::LabelFieldMask) + " from 77"));

@@ -122,7 +122,7 @@ TEST_F(ImageTest, CanHaveASizeWithoutPixels)
     EXPECT_EQ(image->getData(), nullptr);
 }
 
-TEST_F(ImageTest, TellsItsParentsWithTheOriginChildAndTheirField)
+TEST_F(ImageTest, TellsItsParentsWithTheOriginChildAndTheirFieldOrTheLastBit)
 {
     const ProbePtr parent = Probe::create();
     FieldContainerPtr link = parent;
@@ -131,7 +131,7 @@ TEST_F(ImageTest, TellsItsParentsWithTheOriginChildAndTheirField)
     image->addParent(parent);
     endEditCP(image, Image::WidthFieldMask);
     EXPECT_THAT(takeLog(), ElementsAre("changed " + std::to_string(Probe::LabelFieldMask) + " from 4",
-                                       "changed " + std::to_string(FieldBits::AllFields) + " from 4"));
+                                       "changed " + std::to_string(BitVector(1) << 63) + " from 4"));
     image->subParent(parent);
     image->subParent(image);
     EXPECT_EQ(image->getParents().size(), 1u);
@@ -171,15 +171,16 @@ TEST_F(MaterialTest, IsCountedByAGroupWhenItIsSetAndReleasedWithIt)
     subRefCP(material);
 }
 
-TEST_F(MaterialTest, IsTransparentByItsModeOrElseItsTransparency)
+TEST_F(MaterialTest, IsTransparentByItsModeOrItsTransparency)
 {
     const SimpleMaterialPtr material = SimpleMaterial::create();
     EXPECT_FALSE(material->isTransparent());
     material->setTransparency(0.5f);
     EXPECT_TRUE(material->isTransparent());
     material->setTransparencyMode(Material::TransparencyForceOpaque);
-    EXPECT_FALSE(material->isTransparent());
+    EXPECT_TRUE(material->isTransparent()) << "the transparency alone is enough";
     material->setTransparency(0.0f);
+    EXPECT_FALSE(material->isTransparent());
     material->setTransparencyMode(Material::TransparencyForceTransparent);
     EXPECT_TRUE(material->isTransparent());
     EXPECT_EQ(material->getShininess(), 1.0f);
@@ -213,14 +214,16 @@ TEST_F(MaterialTest, HoldsAReferenceForEveryEntryOfAChunk)
     const ChunkProbePtr chunk = ChunkProbe::create();
     addRefCP(chunk);
     EXPECT_TRUE(material->addChunk(chunk));
+    EXPECT_TRUE(material->getSlots().empty()) << "none is named";
     EXPECT_TRUE(material->addChunk(chunk, 2));
+    EXPECT_THAT(material->getSlots().getValues(), ElementsAre(-2, 2));
     EXPECT_TRUE(material->addChunk(NullFC)) << "null as well";
     EXPECT_EQ(chunk.getRefCount(), 3);
     EXPECT_EQ(material->getChunks().size(), 3u);
     EXPECT_EQ(material->find(chunk), 0);
     material->subChunk(chunk);
     EXPECT_EQ(chunk.getRefCount(), 2);
-    EXPECT_THAT(material->getSlots().getValues(), ElementsAre(2, testing::_));
+    EXPECT_THAT(material->getSlots().getValues(), ElementsAre(2));
     subRefCP(material);
     EXPECT_EQ(chunk.getRefCount(), 1);
     subRefCP(chunk);

@@ -189,7 +189,7 @@ TEST(MatrixTest, AppliesTheRightHandFactorFirst)
     EXPECT_EQ(point, Pnt3f(60, 0, 0));
 }
 
-TEST(MatrixTest, IsInvertedUnlessItIsSingularAndThenStays)
+TEST(MatrixTest, IsInvertedUnlessItIsSingularAndThenTheIdentity)
 {
     Matrix m;
     m.setTransform(Vec3f(1, 2, 3), Quaternion(Vec3f(1, 2, 3), 0.7f), Vec3f(2, 3, 4));
@@ -200,9 +200,13 @@ TEST(MatrixTest, IsInvertedUnlessItIsSingularAndThenStays)
     EXPECT_NEAR(m.det3(), 24.0f, 1e-4f);
     Matrix flat;
     flat.setScale(1, 0, 1);
-    const Matrix before = flat;
+    EXPECT_FALSE(flat.inverse(inverse));
+    EXPECT_EQ(inverse, Matrix());
     EXPECT_FALSE(flat.invert());
-    EXPECT_EQ(flat, before);
+    EXPECT_EQ(flat, Matrix());
+    Matrix tiny;
+    tiny.setScale(1e-11f, 1e-11f, 1e-11f);
+    EXPECT_FALSE(tiny.invert());
     m.transpose();
     EXPECT_NEAR(m[0][3], 1.0f, 1e-6f);
 }
