@@ -27,7 +27,7 @@ const moUndoString& undoString()
 
 osg::TagAttachmentPtr tagsOf(const osg::NodePtr& node)
 {
-    return osg::TagAttachmentPtr::dcast(node->findAttachment(osg::TagAttachment::getClassGroupId()));
+    return osg::TagAttachmentPtr::dcast(node->findAttachment(osg::TagAttachment::getClassType()));
 }
 
 /// A node with a thousand tags, and two lists of a thousand that take turns in replacing them.

@@ -14,13 +14,13 @@ function(mo_setup_target target)
     endif()
 endfunction()
 
-# mo_add_library(<name> ALIAS <mo::name> [SHARED] BASE_DIR <dir> HEADERS <public>... SOURCES <files>... LINK <public targets>...
+# mo_add_library(<name> ALIAS <mo::name> [SHARED] BASE_DIR <dirs>... HEADERS <public>... SOURCES <files>... LINK <public targets>...
 #                [EXTRA_BASE_DIR <dir> EXTRA_HEADERS <public>...])
 #
 # BASE_DIR is what goes on the include path: a header is included by its path below it, in the tree and installed alike.
 # EXTRA_HEADERS have an include path of their own.
 function(mo_add_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED" "ALIAS;BASE_DIR;EXTRA_BASE_DIR" "HEADERS;EXTRA_HEADERS;SOURCES;LINK")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED" "ALIAS;EXTRA_BASE_DIR" "BASE_DIR;HEADERS;EXTRA_HEADERS;SOURCES;LINK")
     set(kind)
     if(arg_SHARED)
         set(kind SHARED)

@@ -9,6 +9,7 @@
 #include <moOpenSGUtils/moLights.h>
 #include <moSceneData/moSceneDataManager.h>
 
+#include <OpenSG/OSGSFSysTypes.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
@@ -29,6 +30,12 @@ constexpr const char* linkSetName = "Light Links";
 /// As many nodes are linked to lights. A link set looks through its list for each node that comes in or leaves: listing
 /// all nodes of a big scene one by one would cost the square of their number.
 constexpr std::size_t linkedNodes = 1000;
+
+/// The marks of a node; null on an OpenSG whose nodes have none.
+osg::SFUInt32* externalFlags(const osg::NodePtr& node)
+{
+    return dynamic_cast<osg::SFUInt32*>(node->getField("externalFlags"));
+}
 
 UberLight::LightType typeOf(LoadedLight::Kind kind)
 {
@@ -207,9 +214,11 @@ void editLinks(Context& context, const osg::NodePtr& areaLight)
 
     // Whatever stands in for the area light, it is the area light that goes in.
     const osg::NodePtr standIn = childOfRoot(context.model, standInName);
-    context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, standIn, lightList, adding, nullptr));
-    context.report.check("light: a light with a shared core is listed by its real node",
-                         set->containsLight(areaLight) && !set->containsLight(standIn));
+    if (standIn != osg::NullFC) {
+        context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, standIn, lightList, adding, nullptr));
+        context.report.check("light: a light with a shared core is listed by its real node",
+                             set->containsLight(areaLight) && !set->containsLight(standIn));
+    }
 
     // A link set refuses the root, which a file may have put a light on.
     std::vector<osg::NodePtr> lights;
@@ -239,7 +248,8 @@ void editLinks(Context& context, const osg::NodePtr& areaLight)
     if (nodes.empty()) return;
     context.stack.addOrExecute(new moAddNodeAsVisibilityReferenceUndoCommand(
         osg::UberLightPtr::dcast(areaLight->getCore()), nodes.back(), adding, nullptr));
-    context.report.check("light: a visibility reference is marked", (nodes.back()->getExternalFlags() & 0x10) != 0);
+    if (const auto* flags = externalFlags(nodes.back()))
+        context.report.check("light: a visibility reference is marked", (flags->getValue() & 0x10) != 0);
 }
 
 } // namespace
@@ -251,8 +261,8 @@ void prepareLights(Model& model)
         loaded.node->setCore(lightCore(loaded));
     }
 
-    // What model files do not bring along: an area light with a profile and a lens flare, another node with its core,
-    // and a link set.
+    // What model files do not bring along: an area light with a profile and a lens flare, another node with its core
+    // where it can be marked as a stand-in, and a link set.
     const osg::UberLightPtr core = UberLight::create();
     const osg::NodePtr areaLight = addNode(model.root.get(), areaLightName, core);
     moLights::changeLightType(areaLight, "Area");
@@ -263,7 +273,8 @@ void prepareLights(Model& model)
         core->setScale(osg::Vec3f(2.f, 1.f, 1.f));
     }
     model.lights.push_back({LoadedLight::Kind::Area, areaLight, osg::Color3f(1.f, 1.f, 1.f)});
-    addNode(model.root.get(), standInName, core)->setExternalFlags(sharedCoreFlag);
+    if (externalFlags(model.root.get()))
+        externalFlags(addNode(model.root.get(), standInName, core))->setValue(sharedCoreFlag);
     addNode(model.root.get(), linkSetName, osg::LightLinkSet::create());
 }
 

@@ -14,7 +14,7 @@ using Tags = osg::TagAttachment;
 
 osg::TagAttachmentPtr tagsOf(const osg::NodePtr& node)
 {
-    return osg::TagAttachmentPtr::dcast(node->findAttachment(Tags::getClassGroupId()));
+    return osg::TagAttachmentPtr::dcast(node->findAttachment(Tags::getClassType()));
 }
 
 bool hasTag(const osg::NodePtr& node, const std::string& tag)

@@ -64,7 +64,6 @@ private:
 
 osg::UberLightPtr coreOf(const osg::NodePtr& light);
 osg::UInt32 idOf(const osg::FieldContainerPtr& container);
-bool isAlive(unsigned int id);
 
 /// Everything that a light is, in one line.
 std::string describeLight(const osg::NodePtr& light);

@@ -1,3 +1,5 @@
+#include <support/Ground.h>
+
 #include <light/LightTest.h>
 
 #include <moUndoStack/light/moSetLensFlareEffectCommand.h>
@@ -135,7 +137,7 @@ TEST_F(SetLensFlareEffect, SourceTargetAndBackupAreHeldFromConstructionToDestruc
     const osg::Int32 elementCount = (*target->getMFElements())[0].getRefCount();
     auto* command = new moSetLensFlareEffectCommand(source, target, nullptr);
     EXPECT_EQ(liveContainerCount(), before + 1) << "the backup shares its elements";
-    EXPECT_EQ((*target->getMFElements())[0].getRefCount(), elementCount + 1);
+    EXPECT_EQ((*target->getMFElements())[0].getRefCount(), elementCount + ground::objectsPerContainer);
     osg::LensFlareEffectPtr backup; // the newest effect
     for (unsigned int id = std::max(idOf(source), idOf(target)) + 1; id < idOf(target) + 1000 && !backup; ++id)
         backup = osg::LensFlareEffectPtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));

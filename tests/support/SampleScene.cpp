@@ -7,6 +7,8 @@
 #include <moOpenSGUtils/moNodeUtils.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGHandleFields.h>
+#include <OpenSG/OSGSFSysTypes.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
@@ -32,6 +34,12 @@ MO_TRACED_CONTAINER(AimConstraint, "AimConstraint")
 } // namespace osg
 
 namespace {
+
+/// Where nodes have flags. By name, as the field is not in every osg::Node.
+void markAsVisibilityReference(const osg::NodePtr& node)
+{
+    if (auto* const flags = dynamic_cast<osg::SFUInt32*>(node->getField("externalFlags"))) flags->setValue(0x10);
+}
 
 osg::NodePtr makeNode(const std::string& name, const osg::NodeCorePtr& core)
 {
@@ -146,7 +154,7 @@ SampleTarget::SampleTarget(std::string prefix, int shift) : m_prefix(std::move(p
     spotCore()->setOn(false);
     spotCore()->setLightVisualizationVisible(false);
     spotCore()->setVisibilityReference(box);
-    box->setExternalFlags(0x10);
+    markAsVisibilityReference(box);
 
     const auto links = hold("set", osg::TracedLightLinkSet::create());
     links->addSceneNode(box);
@@ -160,9 +168,13 @@ SampleTarget::SampleTarget(std::string prefix, int shift) : m_prefix(std::move(p
     paint->addColorComponent(colour);
     osg::changedCP(paint, osg::UberMaterial::ColorComponentsFieldMask);
     hold("component", osg::TracedColorComponentSettings::create())->setRed(by + 4);
-    hold("glass", osg::TracedUBRDFMaterial::create());
+    const auto glass = hold("glass", osg::TracedUBRDFMaterial::create());
     const auto day = hold("sky", osg::TracedUberMaterial::create());
-    hold("mirror", osg::TracedUBRDFMaterial::create())->setEnvironment(day);
+    const auto mirror = hold("mirror", osg::TracedUBRDFMaterial::create());
+    mirror->setEnvironment(day);
+    // An installed OpenSG makes a further container, the state, at the first change of a material.
+    for (const osg::MaterialPtr& changed : {osg::MaterialPtr(glass), osg::MaterialPtr(day), osg::MaterialPtr(mirror)})
+        osg::changedCP(changed);
 
     const auto constraint = hold("aim", osg::TracedAimConstraint::create());
     constraint->addSource(box, by + 0.25f);
@@ -304,6 +316,7 @@ private:
     {
         Value,
         Handles,
+        Id,
         Attachments,
         Texts
     };
@@ -318,8 +331,8 @@ private:
     {
         if (dynamic_cast<const osg::SFAttachmentMap*>(&field)) return Kind::Attachments;
         if (dynamic_cast<const osg::MFString*>(&field)) return Kind::Texts;
-        // There is a field type for each type of handle. What they have in common is their text: the ids.
-        return std::strstr(field.getType().getCName(), "Ptr") || name == "objectId" ? Kind::Handles : Kind::Value;
+        if (name == "objectId") return Kind::Id;
+        return osg::holdsHandles(field) ? Kind::Handles : Kind::Value;
     }
 
     /// What is of interest of a container's fields; looked up once for each type.
@@ -360,10 +373,17 @@ private:
         std::string text;
         switch (kind) {
         case Kind::Value:
-            field.getValueByStr(text);
+            text = valueText(field);
             break;
         case Kind::Handles:
-            text = namesOf(field.getValueByStr(), field.getSize(), from);
+            for (const osg::FieldContainerPtr& container : osg::handlesIn(field))
+                text += nameOf(container, from) + ' ';
+            break;
+        case Kind::Id:
+            text = nameOf(osg::FieldContainerFactory::the()->getContainer(
+                              static_cast<const osg::SFUInt32&>(field).getValue()),
+                          from) +
+                   ' ';
             break;
         case Kind::Attachments:
             for (const auto& entry : static_cast<const osg::SFAttachmentMap&>(field).getValue())
@@ -375,19 +395,6 @@ private:
             break;
         }
         return text;
-    }
-
-    std::string namesOf(const std::string& ids, osg::UInt32 count, const std::string& from)
-    {
-        std::string names;
-        const char* text = ids.c_str();
-        for (osg::UInt32 i = 0; i < count; ++i) {
-            char* end = nullptr;
-            const auto id = static_cast<osg::UInt32>(std::strtoul(text, &end, 10));
-            names += nameOf(osg::FieldContainerFactory::the()->getContainer(id), from) + ' ';
-            text = end + std::strspn(end, ", ");
-        }
-        return names;
     }
 
     std::map<osg::UInt32, std::string> m_names;

@@ -108,7 +108,12 @@ private:
     Ptr get(const std::string& role) const
     {
         for (const auto& [name, container] : m_held)
-            if (name == role) return Ptr::dcast(container.get());
+            if (name == role) {
+                if constexpr (std::is_same_v<Ptr, osg::FieldContainerPtr>)
+                    return container.get();
+                else
+                    return Ptr::dcast(container.get());
+            }
         return Ptr();
     }
     template<class Ptr>

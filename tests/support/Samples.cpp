@@ -2,6 +2,7 @@
 
 #include <support/Images.h>
 
+#include <moUndoStack/light/moNodeFlags_p.h>
 #include <moUndoStack/moUndoCommands.h>
 
 #include <moOpenSGUtils/moLights.h>
@@ -9,6 +10,7 @@
 #include <moUndoUtils/moUndoString.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGHandleFields.h>
 
 #include <algorithm>
 #include <cxxabi.h>
@@ -111,13 +113,9 @@ std::vector<osg::AttachmentContainerPtr> lastSource(const Target& t)
 std::vector<unsigned int> oneOf(const osg::FieldContainerPtr& owner, const char* field, int k)
 {
     if (!owner) return {};
-    const std::string ids = owner->getField(field)->getValueByStr();
-    const osg::UInt32 count = owner->getField(field)->getSize();
-    if (count == 0) return {};
-    std::size_t start = 0;
-    for (int i = k % static_cast<int>(count); i > 0; --i)
-        start = ids.find(", ", start) + 2;
-    return {static_cast<unsigned int>(std::stoul(ids.substr(start)))};
+    const auto handles = osg::handlesIn(*owner->getField(field));
+    if (handles.empty()) return {};
+    return {osg::getContainerId(handles[static_cast<std::size_t>(k) % handles.size()])};
 }
 
 /// As many settings as the effect has, all different from it, and the first of its elements.
@@ -309,6 +307,13 @@ Sample row(Merging merging, const char* target, const char* others, const char* 
             {}};
 }
 
+/// The edit of a light, and the one by which its reference is marked where nodes have flags.
+Lines withMark(const char* light, const char* reference)
+{
+    if (!moNodeFlags::exist) return {light};
+    return {light, reference};
+}
+
 /// A further row of a class.
 Sample in(const char* form, Sample sample)
 {
@@ -491,8 +496,8 @@ std::vector<Sample> makeSamples()
         Exception::HoldsTarget, "source, target and backup belong together"),
     again(row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set sceneNodes 1"}, setSet), {}),
     again(in("taking lights out", row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set lights 1"}, takeLightOut)), {}),
-    row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "light", "bare", "lightCommand=uint", {"light core visibilityReference 1", "bare externalFlags 1"}, setVisibilityReference),
-    in("taken away", row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "spot", "node", "lightCommand=uint", {"spot core visibilityReference 1", "node externalFlags 1"}, takeVisibilityReference)),
+    row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "light", "bare", "lightCommand=uint", withMark("light core visibilityReference 1", "bare externalFlags 1"), setVisibilityReference),
+    in("taken away", row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "spot", "node", "lightCommand=uint", withMark("spot core visibilityReference 1", "node externalFlags 1"), takeVisibilityReference)),
 
     // --- material
     row<moMaterialUndoCommand>(merges, "settings", "material", "container=uint material=uint componentSettings=uint",

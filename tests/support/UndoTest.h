@@ -2,6 +2,7 @@
 
 #include <support/Describe.h>
 #include <support/FakeClock.h>
+#include <support/LiveContainers.h>
 #include <support/LogCapture.h>
 
 #include <moUndoStack/core/moUndoStack.h>
@@ -32,6 +33,3 @@ private:
     std::size_t m_containersBefore = 0;
     int m_probesBefore = 0;
 };
-
-/// Number of containers that exist in the process, prototypes included.
-std::size_t liveContainerCount();

@@ -355,7 +355,7 @@ TYPED_TEST(AttachedTag, AttachmentOfAnotherTypeInTheSamePlaceIsLeftAlone)
     const osg::ForeignAttachmentPtr foreign = osg::ForeignAttachment::create();
     foreign->getMFUserTags()->push_back("mine");
     this->node->addAttachment(foreign);
-    ASSERT_EQ(this->node->findAttachment(osg::TagAttachment::getClassGroupId()), foreign);
+    ASSERT_EQ(this->node->findAttachment(osg::TagAttachment::getClassType()), foreign);
 
     command->redo();
     command->undo();

@@ -63,8 +63,9 @@ protected:
     }
     std::string rotation() const
     {
+        const osg::Quaternion q = moNodeUtils::getTransform3D(node, -1)->getRotation();
         std::ostringstream text;
-        text << moNodeUtils::getTransform3D(node, -1)->getRotation();
+        text << q[0] << ' ' << q[1] << ' ' << q[2] << ' ' << q[3];
         return text.str();
     }
 };

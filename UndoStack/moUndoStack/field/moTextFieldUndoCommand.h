@@ -3,8 +3,7 @@
 #include <moUndoStack/core/moUndoCommandId.h>
 #include <moUndoStack/field/moFieldBaseUndoCommand.h>
 
-#include <OpenSG/OSGMFSysTypes.h>
-#include <OpenSG/OSGSFSysTypes.h>
+#include <OpenSG/OSGStringFields.h>
 
 #include <string>
 #include <type_traits>

@@ -1,6 +1,7 @@
 #include <moUndoStack/light/moAddNodeAsVisibilityReferenceUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/light/moNodeFlags_p.h>
 
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moMessage.h>
@@ -44,15 +45,15 @@ void moAddNodeAsVisibilityReferenceUndoCommand::apply(bool remove)
         // held: giving the reference back would destroy it.
         const ContainerReference held(node.getRefCount() > 0 ? node : osg::NodePtr());
         // In this order, so that the light's edit closes first.
-        const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
+        const ContainerEdit nodeEdit(moNodeFlags::exist ? node : osg::NodePtr(), moNodeFlags::externalFlagsMask());
         const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
         moStep::writeThroughSibling([&] { light->setVisibilityReference(remove ? osg::NodePtr() : node); });
         // Found again: the light's former reference may have destroyed a node that nobody else holds.
         const auto marked = findContainer<osg::NodePtr>(m_nodeId);
         if (!marked) return;
-        const osg::UInt32 flags = marked->getExternalFlags();
-        marked->setExternalFlags(remove ? flags & ~visibilityReferenceExternalFlag
-                                        : flags | visibilityReferenceExternalFlag);
+        const osg::UInt32 flags = moNodeFlags::getExternalFlags(marked);
+        moNodeFlags::setExternalFlags(marked, remove ? flags & ~visibilityReferenceExternalFlag
+                                                     : flags | visibilityReferenceExternalFlag);
     });
 }
 

@@ -1,6 +1,7 @@
 #include <moUndoStack/light/moAddNodeToLightLinkSetUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/light/moNodeFlags_p.h>
 
 #include <moOpenSGUtils/moNodeUtils.h>
 #include <moOpenSGUtils/moOpenSGUtils.h>
@@ -27,7 +28,8 @@ osg::NodePtr findRealLight(const osg::NodePtr& standIn)
     if (!core || !scene) return osg::NullFC;
 
     const auto isReal = [sceneNode = scene->getSceneNode()](const osg::NodePtr& node) {
-        return node && !(node->getFlags() & notInSceneFlag) && !(node->getExternalFlags() & sharedCoreExternalFlag) &&
+        return node && !(moNodeFlags::getFlags(node) & notInSceneFlag) &&
+               !(moNodeFlags::getExternalFlags(node) & sharedCoreExternalFlag) &&
                moNodeUtils::hasParent(node, sceneNode);
     };
     osg::NodePtr real;
@@ -78,7 +80,7 @@ void moAddNodeToLightLinkSetUndoCommand::init(const osg::LightLinkSetPtr& set, c
             moLog::error("Cannot add Root to Light Link Set.");
             continue;
         }
-        if (!m_sceneNodes && (node->getExternalFlags() & sharedCoreExternalFlag)) {
+        if (!m_sceneNodes && (moNodeFlags::getExternalFlags(node) & sharedCoreExternalFlag)) {
             node = findRealLight(node);
             if (!node) continue;
         }

@@ -21,7 +21,7 @@ TagField findTagField(const osg::AttachmentContainerPtr& container, osg::UInt32 
 {
     TagField found;
     if (container == osg::NullFC) return found;
-    found.attachment = osg::TagAttachmentPtr::dcast(container->findAttachment(osg::TagAttachment::getClassGroupId()));
+    found.attachment = osg::TagAttachmentPtr::dcast(container->findAttachment(osg::TagAttachment::getClassType()));
     if (found.attachment != osg::NullFC)
         found.tags = dynamic_cast<osg::MField<std::string>*>(found.attachment->getField(fieldId));
     return found;

@@ -1,3 +1,4 @@
+#include <support/Ground.h>
 #include <support/UndoTest.h>
 
 #include <moOpenSGConstraint/OSGAimConstraint.h>
@@ -222,7 +223,7 @@ TEST_P(ConstraintList, CopyHoldsTheSameObjects)
     add(lamp, 1);
     const auto copy = osg::AimConstraintPtr::dcast(aim->shallowCopy());
     EXPECT_EQ(GetParam().find(*copy, lamp), find(lamp));
-    EXPECT_EQ(find(lamp).getRefCount(), 2);
+    EXPECT_EQ(find(lamp).getRefCount(), 1 + ground::objectsPerContainer);
     osg::subRefCP(copy);
     EXPECT_EQ(find(lamp).getRefCount(), 1);
 }
@@ -240,7 +241,6 @@ TEST_P(ConstraintList, GivesItsObjectsBackWhenTheConstraintGoes)
 TEST_F(Constraint, IsAbstractAtTheTop)
 {
     EXPECT_TRUE(osg::AbstractConstraint::getClassType().isAbstract());
-    EXPECT_EQ(osg::AbstractConstraint::create(), osg::NullFC);
     EXPECT_TRUE(osg::AimConstraint::getClassType().isDerivedFrom(osg::AbstractConstraint::getClassType()));
     EXPECT_TRUE(osg::AimConstraint::getClassType().isDerivedFrom(osg::TransformConstraint::getClassType()));
     EXPECT_TRUE(osg::AbstractConstraint::getClassType().isDerivedFrom(osg::NodeCore::getClassType()));
