@@ -5,6 +5,7 @@
 #include <support/Trace.h>
 #include <support/UndoTest.h>
 
+#include <moUndoStack/constraint/moAddConstraintSourcesUndoCommand.h>
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/field/moFieldUndoCommand.h>
 #include <moUndoStack/field/moStringFieldUndoCommand.h>
@@ -12,8 +13,13 @@
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moMessage.h>
 
+#include <moOpenSGConstraint/OSGAimConstraint.h>
+
+#include <OpenSG/OSGNode.h>
+
 #include <QtCore/QScopeGuard>
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 #include <ostream>
@@ -265,5 +271,43 @@ TEST_P(AllocationFaults, LeaveAStackThatWorksWithNothingLeaked)
 
 INSTANTIATE_TEST_SUITE_P(OfEachOperation, AllocationFaults, testing::ValuesIn(operations()),
                          [](const auto& parameter) { return std::string(parameter.param.name); });
+
+// An edit of several parts, each of which takes memory.
+TEST(AllocationFaultsOfSources, AddAllSourcesOrNone)
+{
+    const osg::AimConstraintPtr aim = osg::AimConstraint::create();
+    osg::addRefCP(aim);
+    std::vector<osg::AttachmentContainerPtr> nodes;
+    for (int i = 0; i < 3; ++i) {
+        nodes.push_back(osg::Node::create());
+        osg::addRefCP(nodes.back());
+    }
+    const auto sources = [&] {
+        return std::count_if(nodes.begin(), nodes.end(),
+                             [&](const auto& node) { return aim->findSourceConstraintObject(node) != osg::NullFC; });
+    };
+
+    moAddConstraintSourcesUndoCommand command(aim, nodes, nullptr);
+    long n = 1;
+    for (bool hasFailed = true; hasFailed; ++n) {
+        SCOPED_TRACE("allocation " + std::to_string(n));
+        hasFailed = false;
+        s_failing = n;
+        try {
+            command.redo();
+        } catch (const std::bad_alloc&) {
+            hasFailed = true;
+        }
+        s_failing = 0;
+        EXPECT_EQ(sources(), hasFailed ? 0 : 3);
+    }
+    EXPECT_GT(n, 6) << "each source takes memory";
+    command.undo();
+    EXPECT_EQ(sources(), 0);
+
+    for (osg::AttachmentContainerPtr& node : nodes)
+        osg::subRefCP(node);
+    osg::subRefCP(aim);
+}
 
 } // namespace
