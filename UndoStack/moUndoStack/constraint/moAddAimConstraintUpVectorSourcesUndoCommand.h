@@ -5,7 +5,7 @@
 /// Adds up-vector sources to an aim constraint, each with the weight 1. See moConstraintSourcesUndoCommand.
 ///
 /// Intended: the edit is announced as one of the field `sources`, so that one listener serves both kinds of source. See
-/// `docs/oddities.md#up-vector-sources-are-announced-as-sources`.
+/// docs/oddities.md#up-vector-sources-are-announced-as-sources.
 class MO_UNDO_STACK_EXPORT moAddAimConstraintUpVectorSourcesUndoCommand
     : public moConstraintSourcesUndoCommand<osg::AimConstraintPtr>
 {

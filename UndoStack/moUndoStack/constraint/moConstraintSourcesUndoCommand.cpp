@@ -24,7 +24,7 @@ using Aim = const osg::AimConstraintPtr&;
 using S = const osg::AttachmentContainerPtr&;
 
 // Intended: redo adds a source with the weight 1 again, because the command knows its sources by scene object. See
-// `docs/oddities.md#weights-and-earlier-sources`.
+// docs/oddities.md#weights-and-earlier-sources.
 const moAddConstraintSourcesUndoCommand::Row moAddConstraintSourcesUndoCommand::s_row{
     "Add Constraint Sources",
     [](Any constraint, S source) { constraint->addSource(source, 1.0f); },

@@ -16,7 +16,7 @@
 ///
 /// Intended: undo removes the sources by scene object, whatever their weight is by then, and redo adds them with the
 /// weight 1 again. A scene object that was a source before gets the weight 1, and undo removes it, too. The command
-/// knows its sources by scene object, not by constraint object. See `docs/oddities.md#weights-and-earlier-sources`.
+/// knows its sources by scene object, not by constraint object. See docs/oddities.md#weights-and-earlier-sources.
 ///
 /// For the library's own rows: a command of yours derives from moUndoCommand.
 template<class ConstraintPtr>

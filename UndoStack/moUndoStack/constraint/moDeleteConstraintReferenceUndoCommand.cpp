@@ -12,7 +12,7 @@ MO_UNDO_COMMAND_ID_IMPL(moDeleteConstraintReferenceUndoCommand)
 namespace {
 
 // Sorted by id: an object that is found twice is held once. Intended: undo adds them in this order. See
-// `docs/oddities.md#the-order-of-removed-constraint-objects`.
+// docs/oddities.md#the-order-of-removed-constraint-objects.
 using HeldObjects = std::map<unsigned int, ContainerReference>;
 
 void hold(HeldObjects& objects, const osg::ConstraintObjectPtr& object)

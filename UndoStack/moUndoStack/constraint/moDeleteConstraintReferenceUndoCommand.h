@@ -17,7 +17,7 @@
 /// Old value: the constraint objects, with their weights, are found at construction. The command holds a reference on
 /// each, and undo puts these same constraint objects back. Intended: it puts them at the end of their list, in the
 /// order of their ids, because the command remembers no position. See
-/// `docs/oddities.md#the-order-of-removed-constraint-objects`.
+/// docs/oddities.md#the-order-of-removed-constraint-objects.
 ///
 /// Never merges. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moDeleteConstraintReferenceUndoCommand : public moUndoCommand
@@ -31,7 +31,6 @@ public:
     moDeleteConstraintReferenceUndoCommand(osg::AbstractConstraintPtr constraint,
                                            const std::vector<osg::AttachmentContainerPtr>& references,
                                            QUndoCommand* parent);
-    /// Releases the constraint objects.
     ~moDeleteConstraintReferenceUndoCommand() override;
 
     /// Puts the constraint objects back.

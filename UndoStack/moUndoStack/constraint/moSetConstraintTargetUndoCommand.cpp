@@ -17,7 +17,7 @@ moSetConstraintTargetUndoCommand::moSetConstraintTargetUndoCommand(osg::Abstract
 
 void moSetConstraintTargetUndoCommand::undo()
 {
-    // Intended: the command keeps no old value. See `docs/oddities.md#the-target-before`.
+    // Intended: the command keeps no old value. See docs/oddities.md#the-target-before.
     apply(0);
 }
 

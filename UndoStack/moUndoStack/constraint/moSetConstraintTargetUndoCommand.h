@@ -13,7 +13,7 @@
 ///
 /// Intended: no old value is kept. Undo leaves the constraint without a target, also if it had another one before: to
 /// replace a target, compose this command with a moDeleteConstraintReferenceUndoCommand for the old one. See
-/// `docs/oddities.md#the-target-before`.
+/// docs/oddities.md#the-target-before.
 ///
 /// Never merges. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moSetConstraintTargetUndoCommand : public moUndoCommand

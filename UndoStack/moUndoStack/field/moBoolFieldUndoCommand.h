@@ -10,7 +10,7 @@
 /// left alone.
 ///
 /// Intended: the command keeps a bool, so an integer field that held 5 holds 1 after redo and undo. See
-/// `docs/oddities.md#an-integer-as-a-boolean-comes-back-as-1`.
+/// docs/oddities.md#an-integer-as-a-boolean-comes-back-as-1.
 ///
 /// Never merges; a composite with such a child does not merge either. Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moBoolFieldUndoCommand : public moFieldBaseUndoCommand<>

@@ -15,10 +15,10 @@
 /// back. Each undo and redo releases the field's reference on the image that leaves it and adds one on the image that
 /// enters it: the field must hold a reference on its image, as materials do. If the texture manager gives another image
 /// than the given one, the command releases one reference of the given one. Intended: a caller who makes an image for
-/// the command need not release it. See `docs/oddities.md#an-image-is-handed-over`.
+/// the command need not release it. See docs/oddities.md#an-image-is-handed-over.
 ///
 /// Intended: the text is always "Set Texture", untranslated. It is part of the interface, and no constructor takes
-/// another. See `docs/oddities.md#two-untranslated-texts`.
+/// another. See docs/oddities.md#two-untranslated-texts.
 ///
 /// Never merges; a composite with such a child does not merge either. Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moImageFieldUndoCommand : public moFieldBaseUndoCommand<>
@@ -36,7 +36,6 @@ public:
     /// \param parent   null means the composite being composed, if any.
     moImageFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, osg::ImagePtr image,
                             QUndoCommand* parent = nullptr);
-    /// Releases the references of the command.
     ~moImageFieldUndoCommand() override;
 
     /// Writes the old image.

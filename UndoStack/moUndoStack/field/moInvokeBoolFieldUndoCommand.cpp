@@ -78,7 +78,7 @@ void moInvokeBoolFieldUndoCommand::redo()
 
 void moInvokeBoolFieldUndoCommand::undo()
 {
-    // Intended, part of the interface. See `docs/oddities.md#undo-that-does-nothing`.
+    // Intended, part of the interface. See docs/oddities.md#undo-that-does-nothing.
 }
 
 bool moInvokeBoolFieldUndoCommand::mergeWith(const QUndoCommand* other)

@@ -18,7 +18,7 @@
 /// not a bool, is logged at every redo. Neither keeps the field from being set.
 ///
 /// Intended: undo changes neither the field nor the receiver. It is part of the interface. A redo after it writes, and
-/// passes to the method, the value from before the first redo. See `docs/oddities.md#undo-that-does-nothing`.
+/// passes to the method, the value from before the first redo. See docs/oddities.md#undo-that-does-nothing.
 ///
 /// Never merges; a composite with such a child does not merge either. Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moInvokeBoolFieldUndoCommand : public moBoolFieldUndoCommand

@@ -72,7 +72,7 @@ QString moUndoUtil::makeNameList(const std::vector<std::pair<osg::NodePtr, int>>
         const char* const name = moNodeUtils::getName(node);
         QString text = QString::fromUtf8(name);
         // Intended, part of the interface: for a variant the node's name stands twice. See
-        // `docs/oddities.md#a-name-twice`.
+        // docs/oddities.md#a-name-twice.
         if (!moNodeUtils::getTransformVariantName(node, index).empty()) text += QString::fromUtf8(name);
         if (!text.isEmpty()) names << text;
     });

@@ -111,7 +111,7 @@ bool moTextFieldUndoCommand<Field, Value>::canMergeWith(const QUndoCommand* othe
 {
     const auto* const newer = dynamic_cast<const moTextFieldUndoCommand*>(other);
     // Skips moFieldBaseUndoCommand, which compares containers and fields: intended, a text that continues another
-    // merges. See `docs/oddities.md#texts-merge-by-value`. NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    // merges. See docs/oddities.md#texts-merge-by-value. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return newer && moUndoCommand::canMergeWith(newer) && newer->m_old == m_new;
 }
 

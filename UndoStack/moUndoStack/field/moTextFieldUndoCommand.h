@@ -17,7 +17,7 @@
 /// value byte for byte: typing in a text field is one step. Intended: containers and fields are not compared, because a
 /// text that starts where the one before ended is taken for its continuation. If two fields were edited, the merged
 /// step writes only the older command's: redo gives it the newer value, and the newer command's field keeps what that
-/// command wrote. See `docs/oddities.md#texts-merge-by-value`.
+/// command wrote. See docs/oddities.md#texts-merge-by-value.
 ///
 /// For the library's own rows: a command of yours derives from moStringFieldUndoCommand or moStringsFieldUndoCommand.
 template<class Field, class Value>

@@ -42,10 +42,10 @@ public:
     /// The field's type decides which command it is, not the overload. Integers and bools fit any integer or bool
     /// field: an integer is cut to the field's width, and any number but 0 is true. float and double fit both kinds of
     /// floating field. Intended: integers do not fit floating fields, nor floats integer fields, because a value that
-    /// does not fit the field is left alone. See `docs/oddities.md#integers-and-floats-do-not-mix`.
+    /// does not fit the field is left alone. See docs/oddities.md#integers-and-floats-do-not-mix.
     ///
     /// Intended: the command is recorded also while recording is off, as by moUndoStack::add(), because only
-    /// addOrExecute() asks. See `docs/oddities.md#add-records-while-recording-is-off`. If a composite is being composed
+    /// addOrExecute() asks. See docs/oddities.md#add-records-while-recording-is-off. If a composite is being composed
     /// while recording is off, nothing is made.
     ///
     /// \param fieldName  as findField() takes it.
@@ -105,7 +105,7 @@ public:
 
     /// Sets an image field to the texture manager's image for `image`, without an undo command. Adds a reference on the
     /// image that enters the field and releases one on the image that leaves it. Unlike moImageFieldUndoCommand, it
-    /// does not release the given image if another one enters. See `docs/oddities.md#an-image-is-handed-over`.
+    /// does not release the given image if another one enters. See docs/oddities.md#an-image-is-handed-over.
     static void setImageValue(osg::ImagePtr image, unsigned int containerId, const std::string& fieldName);
 
     /// The node's name in apostrophes, not escaped; '' for a null or nameless node.
@@ -125,6 +125,6 @@ public:
 
     /// The same for pairs of a node and the index of a transform variant. Intended, part of the interface: a node that
     /// has a variant with a name at that index is listed with its own name twice, 'BoxBox', and not with the variant's.
-    /// See `docs/oddities.md#a-name-twice`.
+    /// See docs/oddities.md#a-name-twice.
     static QString makeNameList(const std::vector<std::pair<osg::NodePtr, int>>& nodes, std::uint64_t maxCount);
 };

@@ -9,7 +9,7 @@ class moMessage;
 /// A base class and not free functions, so that only these commands can announce a change without writing.
 ///
 /// Intended: nothing is written, because the renderer listens to the material and an edit of the settings does not
-/// reach it. See `docs/oddities.md#a-change-is-announced-though-nothing-was-written`.
+/// reach it. See docs/oddities.md#a-change-is-announced-though-nothing-was-written.
 class MO_UNDO_STACK_EXPORT moContainerTouch
 {
 protected:

@@ -31,7 +31,7 @@ void moMaterialMultiUndoCommand::redo()
 bool moMaterialMultiUndoCommand::mergeWith(const QUndoCommand* other)
 {
     // Intended: no merge interval here; the children have theirs. See
-    // `docs/oddities.md#composites-have-no-time-of-their-own`.
+    // docs/oddities.md#composites-have-no-time-of-their-own.
     const auto* newer = dynamic_cast<const moMaterialMultiUndoCommand*>(other);
     if (!newer || newer->id() != id()) return false;
     if (newer->m_settingsId != m_settingsId || newer->m_materialId != m_materialId) return false;

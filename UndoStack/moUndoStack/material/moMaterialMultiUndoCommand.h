@@ -19,15 +19,15 @@
 /// After all children were redone, or undone, the settings and then the material are announced, also if a child's
 /// notify function or a listener to its change throws (see moStep). If a child's step does not happen, this one's does
 /// not either, and neither is announced. Intended: nothing is written for it, because the renderer listens to the
-/// material. See `docs/oddities.md#a-change-is-announced-though-nothing-was-written`.
+/// material. See docs/oddities.md#a-change-is-announced-though-nothing-was-written.
 ///
 /// Merges with a newer command of the same material and settings as composites merge, child by child. Intended: it has
 /// no merge interval of its own, because only its children have a time. See
-/// `docs/oddities.md#composites-have-no-time-of-their-own`.
+/// docs/oddities.md#composites-have-no-time-of-their-own.
 ///
 /// Message: the keys of the first child, then "material" and "componentSettings" (left out for null), unsigned int.
 /// Intended: as the first child of another composite it adds no keys to that one's message, because only a first child
-/// that is no composite does. See `docs/oddities.md#a-composite-describes-itself-as-its-first-child`.
+/// that is no composite does. See docs/oddities.md#a-composite-describes-itself-as-its-first-child.
 class MO_UNDO_STACK_EXPORT moMaterialMultiUndoCommand : public moMultiCommand, private moContainerTouch
 {
     MO_UNDO_COMMAND_ID

@@ -9,12 +9,12 @@
 /// also if the field command wrote nothing. If the parent of the field command runs it, both are announced after its
 /// notify function, but only if it wrote; also after this command was deleted. If the notify function or a listener to
 /// one change throws, the rest is done all the same (see moStep). Intended: nothing is written for it, because the
-/// renderer listens to the material. See `docs/oddities.md#a-change-is-announced-though-nothing-was-written`.
+/// renderer listens to the material. See docs/oddities.md#a-change-is-announced-though-nothing-was-written.
 ///
 /// Merging: see moWrappedFieldUndoCommand. Message: "id", "container" (the field command's), "material" and
 /// "componentSettings" (left out for null), unsigned int. Intended: a composite's message has the keys of its first
 /// child. If that is the field command, it has "id", "container" and "fieldId" and names no material. See
-/// `docs/oddities.md#a-composite-describes-itself-as-its-first-child`.
+/// docs/oddities.md#a-composite-describes-itself-as-its-first-child.
 class MO_UNDO_STACK_EXPORT moMaterialUndoCommand : public moWrappedFieldUndoCommand
 {
     MO_UNDO_COMMAND_ID

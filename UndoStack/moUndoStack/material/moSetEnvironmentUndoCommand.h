@@ -14,10 +14,10 @@
 ///
 /// Intended: both environments are kept by id, without a reference, because the scene keeps its containers alive. A
 /// step whose environment was destroyed leaves the material without one. See
-/// `docs/oddities.md#an-environment-that-nobody-holds`.
+/// docs/oddities.md#an-environment-that-nobody-holds.
 ///
 /// Intended: the text is always "Change Environment", untranslated. It is part of the interface, and no constructor
-/// takes another. See `docs/oddities.md#two-untranslated-texts`.
+/// takes another. See docs/oddities.md#two-untranslated-texts.
 ///
 /// Never merges; a composite with such a child does not merge either. Message: "id", "material" (unsigned int, left out
 /// for a null material).

@@ -14,7 +14,7 @@
 ///    the wrapper's is.
 ///  - A field command with a parent, e.g. one made while composing, is run and deleted by that parent, and the wrapper
 ///    does not run it. Intended: a command has one owner, and a child cannot be taken from its parent. See
-///    `docs/oddities.md#a-wrapped-command-may-belong-to-somebody-else`.
+///    docs/oddities.md#a-wrapped-command-may-belong-to-somebody-else.
 ///
 /// The field command's notify function is called in both cases and may be set before or after wrapping.
 ///
@@ -24,7 +24,6 @@
 class MO_UNDO_STACK_EXPORT moWrappedFieldUndoCommand : public moUndoCommand, protected moContainerTouch
 {
 public:
-    /// Deletes the field command if the wrapper runs it.
     ~moWrappedFieldUndoCommand() override;
 
     /// Merges the field command if the wrapper runs it.

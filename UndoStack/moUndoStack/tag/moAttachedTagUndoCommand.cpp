@@ -50,7 +50,7 @@ moAttachedTagUndoCommand::moAttachedTagUndoCommand(const moUndoString& text, osg
 {
     const TagField field = findTagField(container, fieldId);
     // Intended: all lists stay empty, because the command replaces whole lists. One that exists by the time of a redo
-    // is emptied. See `docs/oddities.md#a-late-tag-attachment-is-emptied`.
+    // is emptied. See docs/oddities.md#a-late-tag-attachment-is-emptied.
     if (!field.tags) return;
 
     m_oldTags = *field.tags;
@@ -61,7 +61,7 @@ moAttachedTagUndoCommand::moAttachedTagUndoCommand(const moUndoString& text, osg
     const bool isUserTag = fieldId == osg::TagAttachment::UserTagsFieldId;
     const bool isSystemTag = fieldId == osg::TagAttachment::SystemTagsFieldId;
     // Intended: another list is edited, because types derived from the attachment may have some. See
-    // `docs/oddities.md#an-unsupported-list-of-tags-is-edited`.
+    // docs/oddities.md#an-unsupported-list-of-tags-is-edited.
     if (!isUserTag && !isSystemTag) std::cout << "Tag type is not Undo Redo supported!";
     setTag(std::move(tag), isUserTag ? USER_TAG : SYSTEM_TAG);
 }
@@ -92,7 +92,7 @@ void moAttachedTagUndoCommand::apply(const osg::MField<std::string>& tags, const
         editTagField(getContainer(), m_fieldId, m_fieldMask,
                      [&newTags](const TagField& field) { field.tags->swap(newTags); });
         // Intended: one edit for the caller, so one mask for both. See
-        // `docs/oddities.md#stamps-are-announced-as-tags`.
+        // docs/oddities.md#stamps-are-announced-as-tags.
         editTagField(getContainer(), m_fieldId, m_fieldMask,
                      [&newStamps](const TagField& field) { field.attachment->getMFTagStamps()->swap(newStamps); });
     });

@@ -18,7 +18,7 @@ class ContainerReference;
 ///
 /// Intended: if there is none at construction, the command keeps empty lists, an empty tag and USER_TAG. It replaces
 /// whole lists, so it empties those of an attachment that exists by the time of a redo. See
-/// `docs/oddities.md#a-late-tag-attachment-is-emptied`.
+/// docs/oddities.md#a-late-tag-attachment-is-emptied.
 ///
 /// Never merges. id() is -1; the two derived commands have ids of their own. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moAttachedTagUndoCommand : public moTagUndoCommand
@@ -28,11 +28,11 @@ public:
     /// \param container  the tagged scene object; the command holds a reference on it. Null makes the command inert.
     /// \param fieldMask  for the edit of the tags and that of the stamps. Intended: both are one edit to the caller, so
     ///                   the stamps are announced only if the mask names their field, too. See
-    ///                   `docs/oddities.md#stamps-are-announced-as-tags`.
+    ///                   docs/oddities.md#stamps-are-announced-as-tags.
     /// \param fieldId    the list within the attachment: 4 (user tags) or 5 (system tags). Intended: any other list of
     ///                   strings is edited, too, as SYSTEM_TAG and after a line on standard output, because types
     ///                   derived from osg::TagAttachment may have lists of their own. See
-    ///                   `docs/oddities.md#an-unsupported-list-of-tags-is-edited`.
+    ///                   docs/oddities.md#an-unsupported-list-of-tags-is-edited.
     /// \param tag        the tag that was added or removed, for getTagString().
     /// \param newTags    the whole list after the change. Copied, not owned; null means an empty list.
     /// \param oldValues  the stamps before the change.
@@ -40,7 +40,6 @@ public:
     moAttachedTagUndoCommand(const moUndoString& text, osg::AttachmentContainerPtr container, osg::UInt64 fieldMask,
                              osg::UInt32 fieldId, std::string tag, osg::MField<std::string>* newTags,
                              osg::MField<osg::UInt64> oldValues, osg::MField<osg::UInt64> newValues);
-    /// Releases the scene object.
     ~moAttachedTagUndoCommand() override;
 
     /// Writes the tags and stamps from before the change.

@@ -6,7 +6,7 @@
 /// Shows a tag operation of another system in the history and in the messages.
 ///
 /// Intended: undo() and redo() do nothing, because the other system has done the operation. For one that undo is to
-/// take back use moAddTagUndoCommand or moSubTagUndoCommand. See `docs/oddities.md#commands-of-empty-tags-do-nothing`.
+/// take back use moAddTagUndoCommand or moSubTagUndoCommand. See docs/oddities.md#commands-of-empty-tags-do-nothing.
 ///
 /// Never merges. id() is -1; the two derived commands have ids of their own. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moEmptyTagUndoCommand : public moTagUndoCommand

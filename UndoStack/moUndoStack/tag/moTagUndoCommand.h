@@ -10,7 +10,7 @@
 /// Never merges, also not inside a composite: tag commands switch merging off. Message: "id" only.
 ///
 /// Intended: unlike those of other families, the constructors take no parent; it is the composite being composed, if
-/// any. This is part of the interface. See `docs/oddities.md#parent-callback-variant-index`.
+/// any. This is part of the interface. See docs/oddities.md#parent-callback-variant-index.
 class MO_UNDO_STACK_EXPORT moTagUndoCommand : public moUndoCommand
 {
 public:
