@@ -3,8 +3,8 @@
 #include <OpenSG/OSGField.h>
 #include <OpenSG/OSGFieldContainer.h>
 
-/// The field of that id, if there is a container and the field is a FieldType; else null. The type is the field
-/// object's own: descriptions exist that name another one.
+/// The container's field of that id; null for a null container or if the field is no FieldType. Asks the field for its
+/// type, because some descriptions name another one.
 template<class FieldType>
 FieldType* typedField(const osg::FieldContainerPtr& container, osg::UInt32 fieldId)
 {

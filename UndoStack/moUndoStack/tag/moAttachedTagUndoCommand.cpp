@@ -16,7 +16,7 @@ struct TagField
     osg::MField<std::string>* tags = nullptr;
 };
 
-// Without attachment or list of strings, tags is null.
+/// Leaves tags null if there is no attachment, or if the field is no list of strings.
 TagField findTagField(const osg::AttachmentContainerPtr& container, osg::UInt32 fieldId)
 {
     TagField found;
@@ -49,7 +49,8 @@ moAttachedTagUndoCommand::moAttachedTagUndoCommand(const moUndoString& text, osg
       m_container(std::make_unique<ContainerReference>(container))
 {
     const TagField field = findTagField(container, fieldId);
-    // Intended: a command without a list to edit keeps all its lists empty, and so empties one that turns up later.
+    // Intended: all lists stay empty, because the command replaces whole lists. One that exists by the time of a redo
+    // is emptied. See docs/oddities.md#a-late-tag-attachment-is-emptied.
     if (!field.tags) return;
 
     m_oldTags = *field.tags;
@@ -59,7 +60,8 @@ moAttachedTagUndoCommand::moAttachedTagUndoCommand(const moUndoString& text, osg
 
     const bool isUserTag = fieldId == osg::TagAttachment::UserTagsFieldId;
     const bool isSystemTag = fieldId == osg::TagAttachment::SystemTagsFieldId;
-    // Intended: one line on standard output, without a line end, is all that an unsupported list gets.
+    // Intended: another list is edited, because types derived from the attachment may have some. See
+    // docs/oddities.md#an-unsupported-list-of-tags-is-edited.
     if (!isUserTag && !isSystemTag) std::cout << "Tag type is not Undo Redo supported!";
     setTag(std::move(tag), isUserTag ? USER_TAG : SYSTEM_TAG);
 }
@@ -84,12 +86,13 @@ osg::AttachmentContainerPtr moAttachedTagUndoCommand::getContainer() const
 void moAttachedTagUndoCommand::apply(const osg::MField<std::string>& tags, const osg::MField<osg::UInt64>& values)
 {
     moStep::run([&] {
-        // Copied before the first edit: with no memory for one of them, neither edit is made.
+        // Copied before the first edit: if memory runs out, neither edit is made.
         osg::MField<std::string> newTags = tags;
         osg::MField<osg::UInt64> newStamps = values;
         editTagField(getContainer(), m_fieldId, m_fieldMask,
                      [&newTags](const TagField& field) { field.tags->swap(newTags); });
-        // Intended: the stamps are edited under the mask of the tags, so both notifications name the same field.
+        // Intended: one edit for the caller, so one mask for both. See
+        // docs/oddities.md#stamps-are-announced-as-tags.
         editTagField(getContainer(), m_fieldId, m_fieldMask,
                      [&newStamps](const TagField& field) { field.attachment->getMFTagStamps()->swap(newStamps); });
     });
