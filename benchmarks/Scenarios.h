@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-// What is done with commands, written once for both kinds of stack.
+// The scenarios, written once for both kinds of stack.
 //
 // Each side brings a class of its own that makes its commands:
 //
@@ -25,7 +25,7 @@
 
 namespace bench {
 
-/// Who is told of the steps. A slot is connected in no case.
+/// Which listener gets reports of the steps. No slot is connected in any case.
 enum class Listener
 {
     None,
@@ -79,7 +79,7 @@ private:
     moUndoStack& m_stack = moUndoStack::get();
 };
 
-/// What a host would have without this library. It tells nobody anything.
+/// What a host would have without this library. It reports nothing.
 class BareStack
 {
 public:
@@ -110,7 +110,7 @@ private:
     int m_mark = 0;
 };
 
-/// A stack, and the commands for it. The commands are destroyed after the stack.
+/// A stack and the maker of its commands, which is destroyed after the stack.
 template<class Stack, class Commands>
 class Scenario : public Work
 {
@@ -129,7 +129,7 @@ protected:
     Stack m_stack;
 };
 
-/// Steps added one by one. Also the scenario for merging: with commands that merge, all become one step.
+/// Adds commands one by one. Also the scenario for merging: commands that merge become one step.
 template<class Stack, class Commands>
 class Add : public Scenario<Stack, Commands>
 {
@@ -167,7 +167,7 @@ public:
     }
 };
 
-/// Back over all steps at once, with one notification.
+/// Jumps back over all steps, with one report.
 template<class Stack, class Commands>
 class Jump : public Scenario<Stack, Commands>
 {
@@ -212,8 +212,8 @@ Comparison& compare(const std::string& name, std::vector<int> steps, Listener li
     return comparisons().emplace_back(Comparison{name, std::move(steps), ours, bare, target, false});
 }
 
-/// The usual three of a command class: "name/add", "name/undo", "name/redo" with a thousand steps and nobody listening.
-/// Its commands must not merge.
+/// The usual three scenarios of a command class: "name/add", "name/undo", "name/redo" with a thousand steps and no
+/// listener. Its commands must not merge.
 template<class Ours, class Bare>
 void compareCommands(const std::string& name, const Target& add = {}, const Target& step = {})
 {

@@ -20,7 +20,7 @@ protected:
 
     osg::NodePtr share(const osg::NodePtr& parent, const std::string& name) { return place(parent, name, core); }
 
-    /// What the list of lights holds after the stand-in was added.
+    /// The nodes in the list of lights after the stand-in was added.
     std::string added()
     {
         stack.addOrExecute(new Command(set, standIn, lights, adding, nullptr));

@@ -10,7 +10,7 @@
 inline constexpr bool adding = false, removing = true;
 inline constexpr unsigned int lights = 3;
 
-/// The set, its node in the scene, and what all tests ask of it.
+/// The set, its node in the scene, and the helpers of all tests on it.
 class LightLinkTest : public LightTest
 {
 protected:

@@ -192,7 +192,7 @@ TEST_F(SetLensFlareEffect, ANullSourceChangesNothingTakesNoReferenceAndMakesNoBa
 {
     const std::size_t containers = liveContainerCount();
     const std::string before = describeEffect(target);
-    osg::addRefCP(target); // handed over, see the next test
+    osg::addRefCP(target); // the one that the command gives back, see the next test
     EditLog edits;
     stack.addOrExecute(new moSetLensFlareEffectCommand(osg::NullFC, target, nullptr));
     EXPECT_EQ(target.getRefCount(), 2);
@@ -229,7 +229,7 @@ TEST_F(SetLensFlareEffect, ATargetDestroyedByOthersMakesEveryStepANoOp)
     stack.addOrExecute(new moSetLensFlareEffectCommand(source, target, nullptr));
     osg::LensFlareEffectPtr commands = target;
     drop(target);
-    osg::subRefCP(commands); // somebody gives back the command's reference by mistake
+    osg::subRefCP(commands); // gives back the command's reference by mistake
     EditLog edits;
     stack.undo();
     stack.redo();

@@ -55,7 +55,7 @@ protected:
         q.setValueAsQuat(x, y, z, w);
         return q;
     }
-    /// Half a turn about z unless told otherwise.
+    /// By default half a turn about z.
     moUndoCommand* command(const osg::NodePtr& edited, const osg::Quaternion& q = quaternion(0, 0, 1, 0))
     {
         return new moRotationAsQuaternionUndoCommand(moUndoString("Align", "Align to view", "Views"), edited, q,
