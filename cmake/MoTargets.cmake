@@ -9,7 +9,8 @@ function(mo_setup_target target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                            $<$<BOOL:${MO_WARNINGS_AS_ERRORS}>:-Werror>)
     if(MO_SANITIZE)
-        target_compile_options(${target} PRIVATE -fsanitize=${MO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_compile_options(${target} PRIVATE -fsanitize=${MO_SANITIZE} -fno-omit-frame-pointer
+                               $<$<NOT:$<BOOL:${MO_SANITIZE_RECOVER}>>:-fno-sanitize-recover=all>)
         target_link_options(${target} PRIVATE -fsanitize=${MO_SANITIZE})
     endif()
 endfunction()

@@ -16,6 +16,8 @@ Node::Node(const Node& source) : Inherited(source), m_occlusionMask(source.m_occ
 
 Node::~Node()
 {
+    // Nobody is told of the volume any more.
+    _sfVolume.getValue().setValid(false);
     setCore(NullFC);
     MFNodePtr children;
     children.swap(_mfChildren);
@@ -56,6 +58,7 @@ void Node::setCore(const NodeCorePtr& core)
         next->addParent(getPtr());
         endEditCP(next, NodeCore::ParentsFieldMask);
     }
+    invalidateVolume();
 }
 
 NodePtr Node::getChild(UInt32 index) const

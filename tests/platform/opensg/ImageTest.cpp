@@ -213,6 +213,7 @@ TEST_F(MaterialTest, HoldsAReferenceForEveryEntryOfAChunk)
     const ChunkMaterialPtr material = ChunkMaterial::create();
     const ChunkProbePtr chunk = ChunkProbe::create();
     addRefCP(chunk);
+    EXPECT_EQ(+StateChunk::IgnoreFieldId, 3u);
     EXPECT_TRUE(material->addChunk(chunk));
     EXPECT_TRUE(material->getSlots().empty()) << "none is named";
     EXPECT_TRUE(material->addChunk(chunk, 2));

@@ -1,4 +1,5 @@
 #include "Probe.h"
+#include <support/OSGAllFields.h>
 
 #include <OpenSG/OSGSimpleAttachments.h>
 
@@ -187,6 +188,35 @@ TEST_F(NodeTree, ACoreThatIsReplacedMayBeDestroyedAndBothCoresAreEdited)
                 ElementsAre(Pair(firstId, NodeCore::ParentsFieldMask),
                             Pair(getContainerId(second), NodeCore::ParentsFieldMask)));
     EXPECT_EQ(factory->getContainer(firstId), NullFC);
+}
+
+TEST_F(NodeTree, ACoreThatIsReplacedIsStillSetWhenItIsTold)
+{
+    const AllSingleFieldsPtr former = AllSingleFields::create();
+    addRefCP(former);
+    root->setCore(former);
+    NodeCorePtr seen;
+    former->onChanged = [&](BitVector, UInt32) { seen = root->getCore(); };
+    root->setCore(NullFC);
+    EXPECT_EQ(seen, former);
+    former->onChanged = {};
+    subRefCP(former);
+}
+
+TEST_F(NodeTree, ANewCoreAndNoneInvalidateTheVolumeBeforeTheBracketCloses)
+{
+    const GroupPtr group = Group::create();
+    const UInt32 coreId = getContainerId(group), id = getContainerId(root);
+    root->updateVolume();
+    EXPECT_THAT(editsOf([&] {
+                    const CPEditor edit(root, Node::CoreFieldMask);
+                    root->setCore(group);
+                }),
+                ElementsAre(Pair(coreId, NodeCore::ParentsFieldMask), Pair(id, Node::VolumeFieldMask),
+                            Pair(id, Node::CoreFieldMask)));
+    root->updateVolume();
+    EXPECT_THAT(editsOf([&] { root->setCore(NullFC); }),
+                ElementsAre(Pair(coreId, NodeCore::ParentsFieldMask), Pair(id, Node::VolumeFieldMask)));
 }
 
 TEST_F(NodeTree, ADestroyedParentLeavesItsChildrenWithoutOneAndEditsThem)
