@@ -298,7 +298,7 @@ TEST_P(NamedFieldTest, ANullContainerMakesTheCommandInert)
     expectUnresolved(form.make(osg::NullFC, form.fieldName, nullptr), "null");
 }
 
-TEST_P(NamedFieldTest, AContainerThatGoesBetweenUndoAndRedoMakesTheCommandInert)
+TEST_P(NamedFieldTest, AContainerDestroyedBetweenUndoAndRedoMakesTheCommandInert)
 {
     expectInertWhenTheContainerGoes(form.make(target, form.fieldName, nullptr));
 }
@@ -347,7 +347,7 @@ TEST_P(NumberedFieldTest, ANullContainerMakesTheCommandInert)
     expectUnresolved(form.make(osg::NullFC, static_cast<int>(fieldId), nullptr), "null");
 }
 
-TEST_P(NumberedFieldTest, AContainerThatGoesBetweenUndoAndRedoMakesTheCommandInert)
+TEST_P(NumberedFieldTest, AContainerDestroyedBetweenUndoAndRedoMakesTheCommandInert)
 {
     expectInertWhenTheContainerGoes(form.make(target, static_cast<int>(fieldId), nullptr));
 }

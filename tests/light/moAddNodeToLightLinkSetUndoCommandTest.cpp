@@ -220,7 +220,7 @@ TEST_P(LightLinkList, ASetDestroyedBetweenRedoAndUndoMakesBothNoOps)
     EXPECT_EQ(a.getRefCount(), 1);
 }
 
-TEST_P(LightLinkList, ANodeThatHasGoneIsSkippedAndTheOthersKeepTheirIndices)
+TEST_P(LightLinkList, ANodeThatWasDestroyedIsSkippedAndTheOthersKeepTheirIndices)
 {
     const auto nodes = listed("abcd");
     stack.addOrExecute(new Command(set, {nodes[0], nodes[1], nodes[2]}, listType(), removing, nullptr));
@@ -256,7 +256,7 @@ TEST_P(LightLinkList, NodesThatAreNotTakenLeaveTheIndicesWithTheirNodes)
     EXPECT_THAT(log.take(), testing::SizeIs(1));
 }
 
-TEST_P(LightLinkList, ASetTakenAwayByAListenerIsNotEditedAnyMore)
+TEST_P(LightLinkList, ASetDestroyedByAListenerIsNotEditedAnyMore)
 {
     const auto a = make("a"), b = make("b");
     const osg::NodePtr holder = place(root, "traced set", makeTracedSet());
@@ -282,7 +282,7 @@ TEST_P(LightLinkList, TakesAllNodesThoughAListenerToTheFirstThrows)
                                           [this] { return list(); });
 }
 
-TEST_P(LightLinkList, ASetThatGoesWithTheNodeTakenOutIsNotEditedAnyMore)
+TEST_P(LightLinkList, ASetDestroyedWithTheNodeTakenOutIsNotEditedAnyMore)
 {
     const auto above = make("above"), b = make("b");
     const osg::NodePtr holder = place(above, "set", osg::LightLinkSet::create());

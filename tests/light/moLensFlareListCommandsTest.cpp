@@ -244,7 +244,7 @@ TYPED_TEST(LensFlareList, ANullOwnerIsHarmlessAndItsIdIsZero)
     EXPECT_EQ(item.getRefCount(), 1);
 }
 
-TYPED_TEST(LensFlareList, AnOwnerThatHasGoneMakesEveryStepHarmless)
+TYPED_TEST(LensFlareList, AnOwnerThatWasDestroyedMakesEveryStepHarmless)
 {
     USING_KIND
     const ItemPtr item = this->keep(Item::create());

@@ -248,7 +248,7 @@ TEST_P(LightProperty, ANullLightMakesTheCommandInert)
     EXPECT_EQ(describeLight(light), before);
 }
 
-TEST_P(LightProperty, ALightThatHasGoneMakesEveryStepANoOp)
+TEST_P(LightProperty, ALightThatWasDestroyedMakesEveryStepANoOp)
 {
     const unsigned int id = idOf(light);
     stack.addOrExecute(the.first(light));
@@ -357,7 +357,7 @@ TEST_F(LightPropertyDetails, UndoOfAnAttenuationKeepsALightValueThatWasSetAfterI
     EXPECT_EQ(moLights::getLightValue(light), 77.f);
 }
 
-TEST_F(LightPropertyDetails, ALightTakenAwayByAListenerOfTheModeIsNotWrittenAnyMore)
+TEST_F(LightPropertyDetails, ALightDestroyedByAListenerOfTheModeIsNotWrittenAnyMore)
 {
     light = makeTracedLight();
     EditTrace edits;

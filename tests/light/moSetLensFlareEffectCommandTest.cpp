@@ -164,7 +164,7 @@ TEST_F(SetLensFlareEffect, ElementsOfTheTargetLiveAsLongAsUndoCanBringThemBack)
     EXPECT_FALSE(isAlive(element));
 }
 
-TEST_F(SetLensFlareEffect, ASourceThatTheCallerLetsGoIsStillApplied)
+TEST_F(SetLensFlareEffect, ASourceThatTheCallerReleasesIsStillApplied)
 {
     const std::string wanted = describeEffect(source);
     auto* command = new moSetLensFlareEffectCommand(source, target, nullptr);

@@ -68,7 +68,7 @@ TEST_F(SetEnvironment, NullTakesTheEnvironmentAway)
     EXPECT_EQ(glass->getEnvironment(), sky);
 }
 
-TEST_F(SetEnvironment, NewEnvironmentThatHasGoneLeavesNone)
+TEST_F(SetEnvironment, NewEnvironmentThatWasDestroyedLeavesNone)
 {
     glass->setEnvironment(otherMaterial);
     const auto command = make(sky);
@@ -111,7 +111,7 @@ TEST_F(SetEnvironment, NullMaterialMakesItInertAndIsLeftOutOfTheMessage)
     EXPECT_EQ(messageOf(command), "id=int:" + std::to_string(moSetEnvironmentUndoCommand::commandId()));
 }
 
-TEST_F(SetEnvironment, MaterialThatHasGoneIsPassedOver)
+TEST_F(SetEnvironment, MaterialThatWasDestroyedIsPassedOver)
 {
     const auto command = make(sky);
     command->redo();

@@ -17,5 +17,5 @@ std::string differenceOf(const Program& program, Counts* counts = nullptr);
 /// The shortest program found that is still wrong, by leaving out parts that are not needed.
 Program shrunk(Program program, const std::function<bool(const Program&)>& isWrong);
 
-/// Everything that somebody needs who wants to see the difference again: what differs, and the shrunk program as code.
+/// What it takes to see the difference again: what differs, and the shrunk program as code.
 std::string reportOf(const Program& program, const std::string& name);

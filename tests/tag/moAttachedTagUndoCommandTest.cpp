@@ -332,7 +332,7 @@ TYPED_TEST(AttachedTag, AttachmentThatIsAwayForAStepIsPassedOver)
     EXPECT_EQ(this->state(), this->before);
 }
 
-TYPED_TEST(AttachedTag, AttachmentThatIsTakenAwayByAListenerIsNotWrittenAnyMore)
+TYPED_TEST(AttachedTag, AttachmentDestroyedByAListenerIsNotWrittenAnyMore)
 {
     const auto command = this->make();
     this->edits.onChange([this] { this->detach(); });

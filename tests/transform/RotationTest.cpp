@@ -392,7 +392,7 @@ TEST_F(RotationAsQuaternion, ThatIsNoRotationLeavesTheNodeAsItIs)
     }
 }
 
-TEST_F(RotationAsQuaternion, DoesNothingOnceItsNodeHasGone)
+TEST_F(RotationAsQuaternion, DoesNothingOnceItsNodeWasDestroyed)
 {
     stack.add(command(node));
     destroy(node);

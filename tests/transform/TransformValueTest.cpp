@@ -595,7 +595,7 @@ TEST_P(TransformValue, IsAChildOfTheCompositeBeingComposed)
     EXPECT_EQ(value(), before);
 }
 
-TEST_P(TransformValue, DoesNothingOnceItsNodeHasGone)
+TEST_P(TransformValue, DoesNothingOnceItsNodeWasDestroyed)
 {
     row.synchronise(tellSync());
     Arguments a = arguments();

@@ -120,7 +120,7 @@ TEST_F(VariantList, TheFirstInsertMakesAListWhichUndoTakesOffAndRedoPutsBack)
     }
 }
 
-TEST_F(VariantList, RedoOfTheFirstInsertMakesAnotherListWhenTheOneItMadeHasGone)
+TEST_F(VariantList, RedoOfTheFirstInsertMakesAnotherListWhenTheOneItMadeWasDestroyed)
 {
     insert(0, variant("A"));
     const unsigned int first = attachmentId();
@@ -577,7 +577,7 @@ TEST_F(VariantValue, NeverMergesAndHoldsNoReference)
     EXPECT_EQ(v.getRefCount(), 1);
 }
 
-TEST_F(VariantValue, OfAVariantThatHasGoneDoesAndTellsNothing)
+TEST_F(VariantValue, OfAVariantThatWasDestroyedDoesAndTellsNothing)
 {
     const osg::TransformVariantPtr v = addVariant(node, "A");
     const auto renamed = [this](const std::string&, const std::string&) { told.push_back("renamed"); };

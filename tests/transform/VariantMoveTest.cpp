@@ -231,7 +231,7 @@ TEST_F(VariantMove, HoldsVariantsOnlyOnTheWay)
     EXPECT_EQ(a.getRefCount(), 1);
 }
 
-TEST_F(VariantMove, SkipsAVariantThatHasGone)
+TEST_F(VariantMove, SkipsAVariantThatWasDestroyed)
 {
     fill("ABC");
     move(std::vector<int>{0, 2}, 0);
@@ -292,7 +292,7 @@ TEST_F(VariantMove, OfAVariantThatIsListedTwiceLeavesItTwice)
     expectCycles("ABA", "BAA");
 }
 
-TEST_F(VariantMove, DoesAndTellsNothingOnceItsNodeHasGone)
+TEST_F(VariantMove, DoesAndTellsNothingOnceItsNodeWasDestroyed)
 {
     fill("AB");
     move(0, 1);

@@ -176,7 +176,7 @@ TEST_P(ConstraintList, RemovedObjectTakesTheOneMadeMeanwhileWithIt)
     osg::subRefCP(object);
 }
 
-TEST_P(ConstraintList, ObjectsWhoseSceneObjectsHaveGoneAreToldApart)
+TEST_P(ConstraintList, ObjectsWhoseSceneObjectsWereDestroyedAreToldApart)
 {
     add(lamp, 0.25f);
     add(door, 0.5f);
@@ -208,7 +208,7 @@ TEST_P(ConstraintList, IgnoresNullAndUnknownObjects)
     osg::subRefCP(stranger);
 }
 
-TEST_P(ConstraintList, ObjectOfASceneObjectThatHasGoneStaysListedButIsNotFound)
+TEST_P(ConstraintList, ObjectOfASceneObjectThatWasDestroyedStaysListedButIsNotFound)
 {
     add(lamp, 1);
     const auto object = find(lamp);
@@ -274,7 +274,7 @@ TEST_F(Constraint, HoldsItsTargetUntilItIsReplaced)
     osg::subRefCP(target);
 }
 
-TEST_F(Constraint, TargetWhoseSceneObjectHasGoneIsNobodysTarget)
+TEST_F(Constraint, TargetWhoseSceneObjectWasDestroyedIsNobodysTarget)
 {
     aim->createTarget(lamp);
     osg::subRefCP(lamp);
