@@ -60,8 +60,8 @@ std::string treeOf(const QUndoCommand& command)
     return line;
 }
 
-/// Whether done or not done is all that can be seen of a sample. Samples whose targets are not compared could merge with
-/// commands that are no samples.
+/// Whether done or not done is all that can be seen of a sample. Samples whose targets are not compared could merge
+/// with commands that are no samples.
 bool isOpaque(const Sample& sample)
 {
     return sample.commandId && sample.commandId() != moMultiCommand::commandId() &&
