@@ -17,7 +17,7 @@ find_package_handle_standard_args(OpenSG
 
 if(OpenSG_FOUND AND NOT TARGET OpenSG::OpenSG)
     find_package(Threads REQUIRED)
-    # Seen by the whole project, not only by the folder that looked for it.
+    # GLOBAL: for the whole project, not only for the folder that calls find_package.
     add_library(OpenSG::OpenSG INTERFACE IMPORTED GLOBAL)
     target_include_directories(OpenSG::OpenSG SYSTEM INTERFACE ${OpenSG_INCLUDE_DIR} ${OpenSG_INCLUDE_DIR}/OpenSG)
     target_compile_definitions(OpenSG::OpenSG INTERFACE _OSG_HAVE_CONFIGURED_H_ OSG_BUILD_DLL)

@@ -11,7 +11,7 @@ refuse() {
     exit 2
 }
 
-# Refuses what the tools take for no regular expression.
+# Refuses what is no regular expression.
 check_filter() {
     local status=0
     grep -qE -e "$1" /dev/null 2>/dev/null || status=$?

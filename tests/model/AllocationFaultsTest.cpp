@@ -1,4 +1,4 @@
-// What happens when memory runs out: a program of its own, as it replaces operator new.
+// Runs out of memory at each allocation in turn. A program of its own because it replaces operator new.
 
 #include <support/OSGAllFields.h>
 #include <support/ProbeCommand.h>
@@ -26,12 +26,12 @@
 
 namespace {
 
-/// The allocation that fails, counted from now; 0: none does.
+/// Which of the next allocations fails, counted from 1; 0: none.
 long s_failing = 0;
 
 } // namespace
 
-// Not inlined: the compiler would see one half of a pair only, and warn.
+// Not inlined: the compiler would see only one of new and delete, and warn.
 __attribute__((noinline)) void* operator new(std::size_t size)
 {
     if (s_failing > 0 && --s_failing == 0) throw std::bad_alloc();
@@ -56,7 +56,7 @@ const std::string longText = "a text that is too long to be kept within a string
 struct Operation
 {
     const char* name;
-    /// At least so many of its allocations can fail.
+    /// It has at least so many allocations.
     int allocations;
     std::function<void(moUndoStack&, const osg::AllSingleFieldsPtr&)> prepare;
     std::function<void(moUndoStack&, const osg::AllSingleFieldsPtr&)> act;
@@ -165,7 +165,7 @@ const std::vector<Operation>& operations()
         {"UndoOfAComposition", 3,
          [](Stack& s, const Core& core) { compose(s, core); s.endMultiCommand(); },
          [](Stack& s, const Core&) { s.undo(); }},
-        // Not the begin of a macro: Qt loses a few bytes of its own when there is no memory for one.
+        // Beginning a macro is left out: Qt itself leaks a few bytes if memory runs out there.
         {"PushIntoAMacro", 2, [](Stack& s, const Core&) { s.beginMacro("macro"); },
          [](Stack& s, const Core&) { pushProbe(s, "a"); }},
         {"EndOfAMacro", 3, [](Stack& s, const Core&) { s.beginMacro("macro"); pushProbe(s, "a"); },
@@ -178,7 +178,7 @@ const std::vector<Operation>& operations()
          [](Stack& s, const Core&) {
              s.add(callingProbe([&s] {
                  s.beginMultiCommand("composite", "", true);
-                 // No scope guard: the end of the composition may find no memory either.
+                 // No scope guard: the end of the composition may run out of memory, too.
                  try {
                      new ProbeCommand("child");
                  } catch (...) {
@@ -216,7 +216,7 @@ protected:
         UndoTest::TearDown();
     }
 
-    /// One run in which the n-th allocation fails. Returns false when there are fewer.
+    /// One run in which the n-th allocation fails. Returns false if there are fewer.
     bool run(long n)
     {
         SCOPED_TRACE("allocation " + std::to_string(n));
@@ -240,7 +240,7 @@ protected:
             EXPECT_TRUE(wasComposing || !hasFailed) << "a composition was begun by a call that failed";
         }
 
-        // Whatever is open is closed again, and nothing is left.
+        // Closes what is open; nothing may be left.
         stack.clear();
         EXPECT_FALSE(moUndoStack::isComposing());
         EXPECT_EQ(describe(stack), "0 steps, at start, no undo, no redo");

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-// Containers with a field of every type there is. Two of them, since a field mask has room for 63 fields.
+// Containers with a field of every type. There are two of them because a field mask has room for 63 fields.
 
 namespace osg {
 
@@ -21,7 +21,7 @@ typedef FCPtr<NodeCorePtr, ObservedCore> ObservedCorePtr;
 
 OSG_ABSTRACT_CONTAINER_BASE(ObservedCore, NodeCore, OSG_OBSERVEDCORE_FIELDS)
 
-/// Tells a test of every edit. May throw.
+/// Called for every change; a test sets it. May throw.
 class ObservedCore : public ObservedCoreBase
 {
     OSG_CONTAINER(ObservedCore)
@@ -180,7 +180,8 @@ class AllMultiFields : public AllMultiFieldsBase
 
 } // namespace osg
 
-/// The value of a field other than of handles. An installed OpenSG has no text for some types and logs that there is none.
+/// The value of a field other than of handles. An installed OpenSG has no text for some types and logs that there is
+/// none.
 std::string valueText(const osg::Field& field);
 /// The values of all fields of a container, one line each, to be compared.
 std::vector<std::string> contents(const osg::FieldContainerPtr& container);

@@ -49,7 +49,7 @@ osg::NodePtr makeNode(const std::string& name, const osg::NodeCorePtr& core)
     return node;
 }
 
-/// Values that are all different, so that one written into the place of another shows.
+/// Sets values that all differ, so that a value in a wrong place shows.
 void placeSomewhere(const osg::Transform3DPtr& transform, float first)
 {
     transform->setTranslation(osg::Vec3f(first, first + 1, first + 2));
@@ -63,7 +63,7 @@ void placeSomewhere(const osg::Transform3DPtr& transform, float first)
     osg::changedCP(transform, osg::Transform3D::EulerRotationFieldMask);
 }
 
-/// What a transform has in common with most others: where its rotation comes from.
+/// Sets what most transforms have in common: where the rotation comes from.
 void turnInItsOwnWay(const osg::Transform3DPtr& transform, int number)
 {
     static constexpr const char* orders[] = {"YZX", "ZXY", "XZY"};
@@ -234,7 +234,8 @@ void SampleTarget::destroy(const std::string& role)
     m_held.erase(held);
 }
 
-/// What the application does before it gives a container up: others must not be left with a handle of it.
+/// Removes the container where others refer to it, as the application does before it releases it: no handle to a
+/// destroyed container must be left.
 void SampleTarget::detach(const std::string& role)
 {
     if (const auto asNode = osg::NodePtr::dcast(container(role)); asNode && set()) {
@@ -256,7 +257,7 @@ void SampleTarget::detach(const std::string& role)
             if (shining) shining->setEnvironment(osg::NullFC);
     }
     if (role == "values") {
-        // The field's own; the image's handle goes with the field.
+        // Releases the field's reference, and sets the handle to null.
         osg::ImagePtr image = values()->getSingleImagePtr();
         values()->setSingleImagePtr(osg::NullFC);
         osg::subRefCP(image);
@@ -279,7 +280,7 @@ std::vector<std::pair<std::string, osg::FieldContainerPtr>> SampleTarget::named(
 
 namespace {
 
-/// Goes through all that can be reached from the named containers, field by field.
+/// Visits all containers that can be reached from the named ones, field by field.
 class Walk
 {
 public:
@@ -291,7 +292,7 @@ public:
                 m_reached.push_back(container);
             }
         }
-        // The list grows while it is walked along.
+        // The list grows in the loop.
         for (std::size_t i = 0; i < m_reached.size(); ++i)
             addContainer(osg::FieldContainerPtr(m_reached[i]));
     }
@@ -335,7 +336,7 @@ private:
         return osg::holdsHandles(field) ? Kind::Handles : Kind::Value;
     }
 
-    /// What is of interest of a container's fields; looked up once for each type.
+    /// The fields of a container that the walk reads; looked up once for each type.
     static const std::vector<Column>& columnsOf(const osg::FieldContainerPtr& container)
     {
         static std::map<osg::UInt32, std::vector<Column>> known;

@@ -54,7 +54,7 @@ std::string word(int k)
     return "word " + std::to_string(k);
 }
 
-/// Off, off, off, off, on, on ...: a series has one text, and a long one sees both values.
+/// Off, off, off, off, on, on ...: the first commands of a series have one text, and a long series has both values.
 bool offThenOn(int k)
 {
     return k / 4 % 2 != 0;
@@ -99,7 +99,8 @@ std::vector<osg::AttachmentContainerPtr> newUpVectorSource(const Target& t)
     })};
 }
 
-/// What stands last wherever it stands, since undo puts it back at the end; nothing if there is no such object.
+/// The last source, since undo puts it back at the end. Empty if there is none, or if its scene object is also an
+/// up-vector source that is not the last one.
 std::vector<osg::AttachmentContainerPtr> lastSource(const Target& t)
 {
     if (!t.aim() || t.aim()->getSources().empty()) return {};
@@ -118,7 +119,7 @@ std::vector<unsigned int> oneOf(const osg::FieldContainerPtr& owner, const char*
     return {osg::getContainerId(handles[static_cast<std::size_t>(k) % handles.size()])};
 }
 
-/// As many settings as the effect has, all different from it, and the first of its elements.
+/// An effect whose settings all differ from those of the target's effect, with the first element of that.
 osg::LensFlareEffectPtr newEffect(const Target& t, int k)
 {
     if (!t.effect()) return osg::NullFC;
@@ -176,7 +177,7 @@ moUndoCommandBase* setSet(Target& t, int k)
     return new moAddNodeToLightLinkSetUndoCommand(t.set(), node, 0, remove, nullptr);
 }
 
-/// Takes a light out, or puts one in where there is none.
+/// Removes a light, or adds one.
 moUndoCommandBase* takeLightOut(Target& t, int k)
 {
     if (!t.set()) return new moAddNodeToLightLinkSetUndoCommand(osg::NullFC, t.node(), 3, true, nullptr);
@@ -187,21 +188,21 @@ moUndoCommandBase* takeLightOut(Target& t, int k)
     return new moAddNodeToLightLinkSetUndoCommand(t.set(), node, 3, remove, nullptr);
 }
 
-/// Undo forgets a target that was there before, so there is a new one only where there is none.
+/// Inert if there is a target already: undo does not put that one back.
 moUndoCommandBase* setTarget(Target& t, int)
 {
     const bool isFree = t.aim() && !t.aim()->getTarget();
     return new moSetConstraintTargetUndoCommand(isFree ? t.aim() : osg::AimConstraintPtr(), t.bare(), nullptr);
 }
 
-/// The same: undo forgets the reference that was there before.
+/// Adds a visibility reference, or removes it if there is one: undo of adding does not put an earlier one back.
 moUndoCommandBase* setVisibilityReference(Target& t, int)
 {
     const bool remove = t.lightCore() && t.lightCore()->getVisibilityReference() != osg::NullFC;
     return new moAddNodeAsVisibilityReferenceUndoCommand(t.lightCore(), t.bare(), remove, nullptr);
 }
 
-/// On a light that has one.
+/// The same on a light that has one at first.
 moUndoCommandBase* takeVisibilityReference(Target& t, int)
 {
     const bool remove = t.spotCore() && t.spotCore()->getVisibilityReference() != osg::NullFC;
@@ -286,7 +287,7 @@ std::string demangled(const char* name)
     return readable.get();
 }
 
-/// A row; EditTrace tells the same of undo as of redo unless `undoing` says otherwise.
+/// A row; undo announces the same changes as redo unless undoing() says otherwise.
 template<class Command>
 Sample row(Merging merging, const char* target, const char* others, const char* messageKeys, Lines edits,
            Sample::Make make)
@@ -307,7 +308,7 @@ Sample row(Merging merging, const char* target, const char* others, const char* 
             {}};
 }
 
-/// The edit of a light, and the one by which its reference is marked where nodes have flags.
+/// The edit of a light and, where nodes have flags, that of the node that is its visibility reference.
 Lines withMark(const char* light, const char* reference)
 {
     if (!moNodeFlags::exist) return {light};
@@ -321,7 +322,7 @@ Sample in(const char* form, Sample sample)
     return sample;
 }
 
-/// What is announced where nothing is left to change, if that is not what is announced otherwise.
+/// For a row that announces other changes if the scene has the new values already.
 Sample again(Sample sample, Lines edits)
 {
     sample.againEdits = std::move(edits);
@@ -340,7 +341,7 @@ Sample except(Sample sample, Exception exception, const char* reason)
     return sample;
 }
 
-// The columns that a family has in common.
+// Columns that are the same in several rows of a family.
 constexpr const char* fieldKeys = "container=uint fieldId=uint";
 constexpr const char* transformKeys = "node=uint transformCommand=bool";
 constexpr const char* lightKeys = "lightCommand=bool";
@@ -568,7 +569,7 @@ const std::vector<Sample>& samples()
 
 namespace {
 
-/// Qt hands children out as const only; a test's commands are its own.
+/// Qt returns children as const only; a test may change its own commands.
 template<class Function>
 void forEach(QUndoCommand& command, Function function)
 {

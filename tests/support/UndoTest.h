@@ -10,11 +10,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-/// A test of recorded commands: recording is on, time stands still unless `clock` is told to go on, and the log is
+/// A test of recorded commands: recording is on, time stands still until the test advances `clock`, and the log is
 /// captured.
 ///
-/// At the end both stacks are cleared, and the process must be as it was found: no step, no composition, counters at
-/// zero, no container and no probe command more than before.
+/// At the end both stacks are cleared, and nothing may be left: no step, no composition, counters at zero, no container
+/// and no probe command more than before.
 class UndoTest : public testing::Test
 {
 protected:
