@@ -1,6 +1,6 @@
 // Counts what both sides of the comparisons allocate per operation: calls of malloc and its relatives, Qt's own
 // included, and the bytes that are still held after the work. Takes a filter as its only argument. Ends with exit
-// status 1 if a case allocates that must not.
+// status 1 if a case that must not allocate does.
 
 #include <Compare.h>
 
@@ -28,7 +28,7 @@ void* counted(void* block)
 
 } // namespace
 
-// operator new, QString and QList all end here. The names are glibc's, as is the heap behind them.
+// operator new, QString and QList all call these. The names are those of glibc, and so is the heap.
 extern "C" {
 
 void* __libc_malloc(std::size_t size);
@@ -72,7 +72,7 @@ struct Count
 
 Count count(const MakeWork& make, int steps)
 {
-    // What is made once and kept is no cost of a step: a first run pays for it.
+    // Memory that is allocated once and kept is no cost of a step, so a first run is not counted.
     make(steps)->run();
     const std::unique_ptr<Work> work = make(steps);
     const long calls = s_calls;

@@ -30,18 +30,18 @@ namespace {
 
 using namespace bench;
 
-// Many short repetitions of all cases in random order: what else the machine does meets all of them alike.
+// Many short repetitions of all cases in random order, so that other load of the machine affects all cases alike.
 constexpr const char* defaultArguments[] = {"--benchmark_repetitions=21", "--benchmark_min_time=0.005",
                                             "--benchmark_enable_random_interleaving=true"};
 
-/// Runs of one side in a block, so that both are measured in about the same heap that they would make for themselves.
+/// Runs of one side in a block, so that each side is measured with about the heap that it makes for itself.
 int runsInABlock(int steps)
 {
     constexpr int stepsInABlock = 20000;
     return std::max(1, stepsInABlock / steps);
 }
 
-/// Time that this thread was given: what others do while it waits for its turn is not in it.
+/// Processor time of this thread, without the time in which it waits for its turn.
 double secondsUsed()
 {
     timespec time{};
@@ -49,7 +49,7 @@ double secondsUsed()
     return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-/// Time of a block; a run that is not measured comes before it.
+/// Time of a block. One run before it is not measured.
 double secondsFor(const MakeWork& make, int steps)
 {
     double seconds = 0.0;
@@ -151,7 +151,7 @@ std::vector<Row> measureTimes(int argc, char** argv, const std::vector<Case>& ca
     return rows;
 }
 
-/// The total of a part that callgrind has written; 0 if there is none.
+/// The total of a part of callgrind's output; 0 if there is none.
 double instructionsIn(const std::string& file)
 {
     std::ifstream part(file);
@@ -165,7 +165,7 @@ double instructionsIn(const std::string& file)
 
 void runCounted(const MakeWork& make, int steps)
 {
-    // What happens only the first time is no cost of a step: the first runs pay for it.
+    // Work that is done only the first time is no cost of a step, so the first runs are not measured.
     for (int i = 0; i < 3; ++i)
         make(steps)->run();
     const std::unique_ptr<Work> work = make(steps);

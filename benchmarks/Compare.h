@@ -29,7 +29,7 @@ public:
 
 using MakeWork = std::function<std::unique_ptr<Work>(int steps)>;
 
-/// How many times the bare side's cost ours may have, and how many we would like it to have. 0: no target.
+/// The highest ratio of our cost to the bare side's that is allowed, and the one that we would like. 0: no target.
 struct Target
 {
     double hard = 0.0;
@@ -38,7 +38,7 @@ struct Target
 
 struct Comparison
 {
-    /// Path-like, e.g. "undo/callback"; what filters are matched against, together with the steps.
+    /// Path-like, e.g. "undo/callback". Filters are matched against the name and the steps.
     std::string name;
     /// Numbers of operations to measure with; counting of instructions and allocations uses the first only.
     std::vector<int> steps;

@@ -13,7 +13,7 @@ struct Row
     Case measured;
     double ours;
     double bare;
-    /// Of ours to bare; the median over the repetitions, each of which measures both sides.
+    /// Ours divided by bare; the median over the repetitions, each of which measures both sides.
     double ratio;
     /// How wide the middle half of the ratios lies, relative to their median; 0 for counts.
     double spread = 0.0;
@@ -26,7 +26,8 @@ void printTable(const std::vector<Row>& rows, const std::string& unit);
 /// The same for tools: an array of objects. Throws std::runtime_error if the file cannot be written.
 void writeJson(const std::string& file, const std::vector<Row>& rows, const std::string& unit);
 
-/// For comparisons measured from few to a thousand times as many steps: how much the cost of one operation grew.
+/// For comparisons whose last case has at least a thousand times the steps of the first: how much the cost of one
+/// operation grew.
 void printGrowth(const std::vector<Row>& rows);
 
 } // namespace bench

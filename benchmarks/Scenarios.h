@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-// What is done with commands, written once for both kinds of stack.
+// The scenarios, written once for both kinds of stack.
 //
 // Each side brings a class of its own that makes its commands:
 //
@@ -105,7 +105,7 @@ private:
     int m_heard = 0;
 };
 
-/// What a host would have without this library. It tells nobody anything.
+/// What a host would have without this library. It reports nothing.
 class BareStack
 {
 public:
@@ -136,7 +136,7 @@ private:
     int m_mark = 0;
 };
 
-/// A stack, and the commands for it. The commands are destroyed after the stack.
+/// A stack and the maker of its commands, which is destroyed after the stack.
 template<class Stack, class Commands>
 class Scenario : public Work
 {
@@ -155,7 +155,7 @@ protected:
     Stack m_stack;
 };
 
-/// Steps added one by one. Also the scenario for merging: with commands that merge, all become one step.
+/// Adds commands one by one. Also the scenario for merging: commands that merge become one step.
 template<class Stack, class Commands>
 class Add : public Scenario<Stack, Commands>
 {
@@ -193,7 +193,7 @@ public:
     }
 };
 
-/// Back over all steps at once, with one notification.
+/// Jumps back over all steps, with one report.
 template<class Stack, class Commands>
 class Jump : public Scenario<Stack, Commands>
 {
@@ -254,8 +254,8 @@ Comparison& compare(const std::string& name, std::vector<int> steps, Listener li
     return comparisons().emplace_back(Comparison{name, std::move(steps), ours, bare, target, false});
 }
 
-/// The usual three of a command class: "name/add", "name/undo", "name/redo" with nobody listening.
-/// Its commands must not merge.
+/// The usual three scenarios of a command class: "name/add", "name/undo", "name/redo" without a listener. Its commands
+/// must not merge.
 template<class Ours, class Bare>
 void compareCommands(const std::string& name, const Target& add = {}, const Target& step = {}, int steps = 1000)
 {

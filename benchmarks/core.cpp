@@ -10,8 +10,7 @@ namespace {
 
 using namespace bench;
 
-// The edit of both sides: the activity of a node, found by id. Texts are shared by all commands, as those of a
-// real editor are.
+// The edit of both sides: switches a node, found by id, on or off. All commands share their texts, as in a real editor.
 
 const QString& editText()
 {
@@ -52,7 +51,7 @@ public:
 };
 MO_UNDO_COMMAND_ID_IMPL(OurMergingEdit)
 
-/// As little as a QUndoCommand can do for the same edit.
+/// The least that a QUndoCommand must do for the same edit.
 class BareEdit : public QUndoCommand
 {
 public:
@@ -107,7 +106,7 @@ public:
 
 protected:
     const osg::NodePtr& node() const { return m_nodes[0]; }
-    /// Never the same one twice in a row.
+    /// Never the same node twice in a row.
     const osg::NodePtr& alternatingNode(int step) const { return m_nodes[step % 2]; }
     static bool active(int step) { return step % 2 != 0; }
 
@@ -115,7 +114,7 @@ private:
     osg::NodePtr m_nodes[2];
 };
 
-/// Commands without an id: nobody thinks of merging.
+/// Commands without an id: merging is not considered.
 struct Ours : Nodes
 {
     QUndoCommand* operator()(int step, QUndoCommand*) const { return new OurEdit(node(), active(step)); }

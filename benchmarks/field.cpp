@@ -29,7 +29,7 @@ const moUndoString& undoString()
     return s_string;
 }
 
-/// What a host writes by hand for one field of one class: the value and that of the field change places.
+/// What a host writes by hand for one field of one class: exchanges its value and that of the field.
 template<class Ptr, class T, class Get, class Set>
 class BareEdit : public QUndoCommand
 {
@@ -95,7 +95,7 @@ public:
 
 protected:
     const osg::SimpleMaterialPtr& material() const { return m_materials[0]; }
-    /// Never the same one twice in a row: merging is considered and refused.
+    /// Never the same container twice in a row, so that merging is considered and refused.
     const osg::SimpleMaterialPtr& alternating(int step) const { return m_materials[step % 2]; }
 
 private:
@@ -150,7 +150,7 @@ struct BareLit : Materials
     }
 };
 
-/// Typing: each text starts where the one before ended.
+/// Typing: the old text of each command is the new text of the one before.
 class NamedImage
 {
 public:
@@ -182,7 +182,7 @@ struct BareTyping : NamedImage
     }
 };
 
-/// Looks a name up, again and again. The bare side asks the type for the field by its exact name.
+/// Looks one name up repeatedly. The bare side asks the type for the field by its exact name.
 class Lookup : public Work, private Materials
 {
 public:

@@ -22,7 +22,7 @@ Ptr found(unsigned int id)
     return Ptr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
 }
 
-// A slider is dragged: every step sets the intensity of the same light, and all merge into the first.
+// Drags a slider: every command sets the intensity of the same light, and all merge into the first.
 
 struct Light
 {
@@ -53,7 +53,7 @@ public:
     }
 
 private:
-    /// Translated for each command, as a host does.
+    /// Translates the text for each command, as a host does.
     static QString text() { return QCoreApplication::translate("LightUndoCommand", "Light Intensity"); }
 
     unsigned int m_lightId;
@@ -87,8 +87,8 @@ struct BareSteps
     BareDrag m_lights[2];
 };
 
-// One command takes all nodes out of a link set and puts them back in order. One operation is one node, so that what a
-// case costs with ten times the nodes shows how the cost of a node grows with their number.
+// One command removes all nodes from a link set and puts them back in order. One operation is one node, so a case with
+// ten times the nodes shows how the cost of a node grows with their number.
 
 class LinkSet
 {

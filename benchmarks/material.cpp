@@ -50,7 +50,7 @@ private:
     osg::RefPtr<osg::UberMaterialPtr> m_material;
 };
 
-/// One command for what ours is two for: the edit of the settings, and the news of it.
+/// One command for what are two of ours: edits the settings and announces the change.
 class BareRed : public QUndoCommand
 {
 public:
@@ -92,7 +92,7 @@ private:
     float m_red;
 };
 
-/// A slider is dragged: all commands merge into the first.
+/// Drags a slider: all commands merge into the first.
 struct OurDrag : Material
 {
     QUndoCommand* operator()(int step, QUndoCommand*) const

@@ -27,10 +27,10 @@ const moUndoString& undoString()
 
 osg::TagAttachmentPtr tagsOf(const osg::NodePtr& node)
 {
-    return osg::TagAttachmentPtr::dcast(node->findAttachment(osg::TagAttachment::getClassGroupId()));
+    return osg::TagAttachmentPtr::dcast(node->findAttachment(osg::TagAttachment::getClassType()));
 }
 
-/// A node with a thousand tags, and two lists of a thousand that take turns in replacing them.
+/// A node with a thousand tags, and two lists of a thousand that replace them in turn.
 class TaggedNode
 {
 public:
@@ -60,7 +60,7 @@ private:
     Stamps m_stamps;
 };
 
-/// Both lists before and after, in a command that holds the node.
+/// Keeps both lists before and after, and holds the node.
 class BareTagCommand : public QUndoCommand
 {
 public:

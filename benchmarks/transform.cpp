@@ -53,7 +53,7 @@ const QString& editText()
     return s_text;
 }
 
-// Translation. The bare side writes the field itself; it has no description, callback, mirror or message.
+// Translation. The bare side writes the field itself and has no description, callback, synchronisation or message.
 
 class BareTranslation : public QUndoCommand
 {
@@ -94,7 +94,7 @@ struct OursTranslating : Scene
     OursTranslating() : Scene(0) {}
     QUndoCommand* operator()(int step, QUndoCommand*) const
     {
-        // Merging without a limit: the clock must not decide what is measured.
+        // No merge interval, so that the clock does not decide what is measured.
         if constexpr (merges)
             return new moTranslationUndoCommand(node(), value(step), false, -1.0, nullptr, {}, -1);
         else
@@ -111,7 +111,7 @@ struct BareTranslating : Scene
     }
 };
 
-// Applying a variant. The bare side keeps copies of the fields as well, and writes them in one edit.
+// Applying a variant. The bare side, too, keeps copies of the fields and writes them in one edit.
 
 class BareApply : public QUndoCommand
 {

@@ -1,26 +1,27 @@
 include_guard(GLOBAL)
 
-# What every target of the tree has in common: standard, warnings, sanitizers.
+# Sets what all targets of the tree have in common: standard, warnings, sanitizers.
 function(mo_setup_target target)
     target_compile_features(${target} PUBLIC cxx_std_17)
-    # Nobody replaces single functions of these libraries: the compiler may inline what they export.
+    # No program replaces single functions of these libraries, so the compiler may inline exported ones.
     target_compile_options(${target} PRIVATE -fno-semantic-interposition)
     set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                            $<$<BOOL:${MO_WARNINGS_AS_ERRORS}>:-Werror>)
     if(MO_SANITIZE)
-        target_compile_options(${target} PRIVATE -fsanitize=${MO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_compile_options(${target} PRIVATE -fsanitize=${MO_SANITIZE} -fno-omit-frame-pointer
+                               $<$<NOT:$<BOOL:${MO_SANITIZE_RECOVER}>>:-fno-sanitize-recover=all>)
         target_link_options(${target} PRIVATE -fsanitize=${MO_SANITIZE})
     endif()
 endfunction()
 
-# mo_add_library(<name> ALIAS <mo::name> [SHARED] BASE_DIR <dir> HEADERS <public>... SOURCES <files>... LINK <public targets>...
+# mo_add_library(<name> ALIAS <mo::name> [SHARED] BASE_DIR <dirs>... HEADERS <public>... SOURCES <files>... LINK <public targets>...
 #                [EXTRA_BASE_DIR <dir> EXTRA_HEADERS <public>...])
 #
-# BASE_DIR is what goes on the include path: a header is included by its path below it, in the tree and installed alike.
-# EXTRA_HEADERS have an include path of their own.
+# BASE_DIR is the include path: a header is included by its path below it, in the tree and installed alike.
+# EXTRA_HEADERS have EXTRA_BASE_DIR as theirs.
 function(mo_add_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED" "ALIAS;BASE_DIR;EXTRA_BASE_DIR" "HEADERS;EXTRA_HEADERS;SOURCES;LINK")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SHARED" "ALIAS;EXTRA_BASE_DIR" "BASE_DIR;HEADERS;EXTRA_HEADERS;SOURCES;LINK")
     set(kind)
     if(arg_SHARED)
         set(kind SHARED)
@@ -45,8 +46,8 @@ endfunction()
 
 # mo_add_test(<name> SOURCES <files>... [LINK <targets>...])
 #
-# One executable, GoogleTest's main replaced by the one of tests/support. With MO_WHOLE_SUITES it is one test of ctest's that
-# runs all in one process, shuffled; otherwise each TEST is one of ctest's tests and has a process of its own.
+# An executable with the main function of tests/support. With MO_WHOLE_SUITES it is one ctest test, which runs all in one
+# process, shuffled; otherwise each TEST is a ctest test with a process of its own.
 function(mo_add_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
     add_executable(${name} ${arg_SOURCES})

@@ -23,8 +23,7 @@ void prepareConstraints(Model& model)
     model.containers.emplace_back(osg::AimConstraint::create());
 }
 
-/// An aim constraint is built and taken apart, and a new one is begun. In a model of one node that node plays all
-/// roles.
+/// Builds an aim constraint, takes it apart and begins a new one. In a model of one node, that node has all roles.
 void constraintChapter(Context& context)
 {
     const osg::AimConstraintPtr aim = aimOf(context.model);

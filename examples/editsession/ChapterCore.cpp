@@ -25,8 +25,7 @@ bool sameBits(const osg::Vec3f& a, const osg::Vec3f& b)
     return std::equal(a.getValues(), a.getValues() + 3, b.getValues());
 }
 
-/// A command of the application's own: a new name for a node. To say how the value is read and written is all that it
-/// takes.
+/// A command of the application's own: renames a node. It only says how the value is read and written.
 class RenameCommand : public moFunctionUndoCommand<std::string>
 {
     MO_UNDO_COMMAND_ID
@@ -43,7 +42,7 @@ protected:
         const char* name = osg::getName(node);
         return name ? name : "";
     }
-    /// A node without name has no attachment for one; with the empty name it is as it was before.
+    /// An empty name removes the attachment, because a node without a name has none.
     void set(osg::NodePtr node, std::string name) override
     {
         const osg::CPEditor edit(node, osg::Node::AttachmentsFieldMask);
@@ -56,11 +55,11 @@ protected:
 
 MO_UNDO_COMMAND_ID_IMPL(RenameCommand)
 
-/// The mouse is pressed, moved thirty times and released. The editor hands in a command for each move.
+/// Drags a node: the mouse is pressed, moved thirty times and released. The editor adds a command for each move.
 void drag(Context& context, const osg::NodePtr& node)
 {
     constexpr int moves = 30;
-    // Seconds: the hand may rest in the middle of a drag.
+    // In seconds: longer than the user may rest in the middle of a drag.
     constexpr double mergeInterval = 10.;
 
     const osg::Vec3f start = translation(node);
@@ -77,7 +76,7 @@ void drag(Context& context, const osg::NodePtr& node)
     context.report.check("core: one redo makes the whole drag again", sameBits(translation(node), moved(moves)));
 }
 
-/// A selection is moved: one step, with a command for each node.
+/// Moves a selection: one step, with a command for each node.
 void moveSelection(Context& context, const std::vector<osg::NodePtr>& selection)
 {
     const int before = context.stack.size();
@@ -94,7 +93,7 @@ void moveSelection(Context& context, const std::vector<osg::NodePtr>& selection)
                              composite->childCount() == static_cast<int>(selection.size()));
 }
 
-/// Recording is blocked as long as this lives.
+/// Blocks recording while it exists.
 class Unrecorded
 {
 public:
@@ -104,8 +103,8 @@ public:
     Unrecorded& operator=(const Unrecorded&) = delete;
 };
 
-/// A tool tries something out and puts it back itself, with recording blocked. The history must not hear of it, and
-/// undo-all could not take it back.
+/// A tool tries an edit out with recording blocked. The edit is no step, and undo-all cannot take it back, so the tool
+/// does.
 void tryOut(Context& context, const osg::NodePtr& node)
 {
     const SceneState before = context.scene.state();
@@ -134,7 +133,7 @@ void setTravMask(const osg::NodePtr& node, osg::UInt32 mask)
     node->setTravMask(mask);
 }
 
-/// Two functions make a command; they find the node again through a handle that cannot dangle.
+/// Makes a command from two functions. They look the node up by its id, as it may be destroyed before they run.
 void hide(Context& context, const osg::NodePtr& node)
 {
     const osg::UInt32 shown = node->getTravMask();
@@ -146,7 +145,7 @@ void hide(Context& context, const osg::NodePtr& node)
     context.report.check("core: a generic function command hides a node", !node->getActive());
 }
 
-/// A command that adds something holds a reference on it, since undo takes it out of the scene.
+/// A command that adds a node holds a reference on it, because undo removes it from the scene.
 void addMarker(Context& context, const osg::NodePtr& parent)
 {
     const osg::NodeRefPtr marker(osg::makeNodeFor(osg::Transform3D::create()));
@@ -164,8 +163,8 @@ void addMarker(Context& context, const osg::NodePtr& parent)
     context.report.check("core: a generic function command adds a node", parent->getNChildren() == children + 1);
 }
 
-/// A dialog marks where it was opened; cancelled, it goes back over all of its steps at once. Then the user wants them
-/// after all.
+/// A dialog remembers the index at which it was opened. When it is cancelled, it jumps back over all of its steps; then
+/// the user redoes them.
 void cancelDialog(Context& context, const osg::NodePtr& node)
 {
     const SceneState before = context.scene.state();

@@ -8,7 +8,7 @@
 
 #include <QtCore/QObject>
 
-/// A switch of a user interface that shows whether a paint is lit.
+/// A check box of a user interface that shows whether a paint is lit.
 class Switch : public QObject
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ std::vector<osg::PaintPtr> paints(const Model& model)
     return found;
 }
 
-/// Any field of any container by its name; the field's own type decides what the number becomes.
+/// Edits any field of any container by its name. The type of the field decides what the number becomes.
 void setByName(Context& context, const osg::NodePtr& node, const osg::PaintPtr& paint)
 {
     const int before = context.stack.size();
@@ -60,7 +60,7 @@ void setByName(Context& context, const osg::NodePtr& node, const osg::PaintPtr& 
                          context.stack.size() == before + 4 && context.scene.state().digest == scene);
 }
 
-/// Three fields in one step: the parent owns the commands.
+/// Edits three fields in one step. The parent owns the commands.
 void setTogether(Context& context, const osg::PaintPtr& paint)
 {
     auto* const parent = new moMultiCommand(text("Varnish"), nullptr);
@@ -73,7 +73,7 @@ void setTogether(Context& context, const osg::PaintPtr& paint)
                                                                  paint->getShininess() == 96.F);
 }
 
-/// Each key pressed hands in a command with the text so far.
+/// Types a text: each key adds a command with the text so far.
 void type(Context& context, const osg::PaintPtr& paint, const std::string& label)
 {
     constexpr double noLimit = -1.;
@@ -107,7 +107,7 @@ osg::ImagePtr chequered()
     return image;
 }
 
-/// A texture is assigned, taken back and assigned again. Two paints with the same picture share one image.
+/// Assigns a texture, undoes it and redoes it. Two paints with the same picture share one image.
 void assignTexture(Context& context, const osg::PaintPtr& paint, const osg::PaintPtr& other)
 {
     context.stack.addOrExecute(new moImageFieldUndoCommand(paint, "texture", chequered()));
@@ -124,11 +124,11 @@ void assignTexture(Context& context, const osg::PaintPtr& paint, const osg::Pain
     context.report.check("field: a texture is removed", paint == other || paint->getTexture() == image);
 }
 
-/// A switch follows a field. The invoking command tells it at each redo, and does nothing at undo: what an undo means
-/// to the switch is told by the changed callback of the step.
+/// A check box follows a field. The invoking command sets it at each redo and does nothing at undo. So the changed
+/// callback of the step sets it after an undo.
 void follow(Context& context, const osg::PaintPtr& paint)
 {
-    // Lives as long as the history, which holds commands that call it.
+    // Exists as long as the commands in the stack, which call it.
     auto* const lit = new Switch(&context.stack);
     lit->setOn(paint->getLit());
     const bool before = lit->isOn();

@@ -9,6 +9,7 @@
 #include <moOpenSGUtils/moLights.h>
 #include <moSceneData/moSceneDataManager.h>
 
+#include <OpenSG/OSGSFSysTypes.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
@@ -21,14 +22,20 @@ constexpr osg::UInt32 sharedCoreFlag = 0x2;
 constexpr unsigned int lightList = 3, sceneNodeList = 0;
 constexpr bool adding = false, removing = true;
 
-/// What prepare() puts into the scene, found again below the root by its name.
+/// Names of the nodes that prepareLights() puts below the root. The chapter finds them by these.
 constexpr const char* areaLightName = "Area Light";
 constexpr const char* standInName = "Area Light as seen by the Library";
 constexpr const char* linkSetName = "Light Links";
 
-/// As many nodes are linked to lights. A link set looks through its list for each node that comes in or leaves: listing
-/// all nodes of a big scene one by one would cost the square of their number.
+/// How many nodes are linked to lights at most. A link set searches its list for each node that is added or removed, so
+/// linking all nodes of a big scene would cost the square of their number.
 constexpr std::size_t linkedNodes = 1000;
+
+/// The external flags of a node; null on an OpenSG whose nodes have none.
+osg::SFUInt32* externalFlags(const osg::NodePtr& node)
+{
+    return dynamic_cast<osg::SFUInt32*>(node->getField("externalFlags"));
+}
 
 UberLight::LightType typeOf(LoadedLight::Kind kind)
 {
@@ -46,7 +53,7 @@ UberLight::LightType typeOf(LoadedLight::Kind kind)
     return UberLight::PointLight;
 }
 
-/// A core that shines as the file says and stands where the node's transform puts it.
+/// A light core with the properties from the file and the transform of the node.
 osg::UberLightPtr lightCore(const LoadedLight& loaded)
 {
     const osg::UberLightPtr light = UberLight::create();
@@ -92,7 +99,7 @@ osg::NodePtr childOfRoot(const Model& model, const char* name)
     return osg::NullFC;
 }
 
-/// Scene 0 is the model, as long as this lives: a command that looks for the real node of a light looks there.
+/// Makes the model scene 0 while it exists: a link command looks there for the real node of a light.
 class SceneZero
 {
 public:
@@ -102,12 +109,12 @@ public:
     SceneZero& operator=(const SceneZero&) = delete;
 };
 
-/// A slider is dragged: a command for each move, and one step in the history.
+/// Drags a slider: a command for each move, one step in all.
 template<class Command, class T>
 void drag(Context& context, const osg::NodePtr& light, T (*value)(const osg::NodePtr&), const T& first, const T& last)
 {
     constexpr int moves = 20;
-    // Seconds: the hand may rest in the middle of a drag.
+    // In seconds: longer than the user may rest in the middle of a drag.
     constexpr double mergeInterval = 10.;
 
     const SceneState before = context.scene.state();
@@ -151,7 +158,7 @@ void editProperties(Context& context, const osg::NodePtr& light)
     context.report.check("light: showing and hiding stay steps of their own", context.stack.size() == steps + 3);
 }
 
-/// A lens flare is built from parts, thinned out, and replaced by another one.
+/// Builds a lens flare, removes parts of it, and replaces it by another one.
 void editLensFlare(Context& context, const osg::NodePtr& light)
 {
     const osg::LensFlareEffectPtr flare = moLights::getLensFlareEffect(light);
@@ -205,13 +212,15 @@ void editLinks(Context& context, const osg::NodePtr& areaLight)
     const auto set = osg::LightLinkSetPtr::dcast(childOfRoot(context.model, linkSetName)->getCore());
     const SceneZero scene(context.model);
 
-    // Whatever stands in for the area light, it is the area light that goes in.
+    // For a stand-in of the area light, the area light itself is added.
     const osg::NodePtr standIn = childOfRoot(context.model, standInName);
-    context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, standIn, lightList, adding, nullptr));
-    context.report.check("light: a light with a shared core is listed by its real node",
-                         set->containsLight(areaLight) && !set->containsLight(standIn));
+    if (standIn != osg::NullFC) {
+        context.stack.addOrExecute(new moAddNodeToLightLinkSetUndoCommand(set, standIn, lightList, adding, nullptr));
+        context.report.check("light: a light with a shared core is listed by its real node",
+                             set->containsLight(areaLight) && !set->containsLight(standIn));
+    }
 
-    // A link set refuses the root, which a file may have put a light on.
+    // Without the root, which a link set refuses: the node of a light may be the root of the file.
     std::vector<osg::NodePtr> lights;
     for (const LoadedLight& loaded : context.model.lights) {
         if (loaded.node != context.model.root.get()) lights.push_back(loaded.node);
@@ -225,7 +234,7 @@ void editLinks(Context& context, const osg::NodePtr& areaLight)
     context.report.check("light: a link set takes every node that it is given",
                          set->getSceneNodes().size() == nodes.size());
 
-    // Reordering: every other node leaves its place and comes in again behind the others.
+    // Reorders: every other node is removed and added again at the end.
     std::vector<osg::NodePtr> moved;
     for (std::size_t i = 0; i < nodes.size(); i += 2)
         moved.push_back(nodes[i]);
@@ -239,7 +248,8 @@ void editLinks(Context& context, const osg::NodePtr& areaLight)
     if (nodes.empty()) return;
     context.stack.addOrExecute(new moAddNodeAsVisibilityReferenceUndoCommand(
         osg::UberLightPtr::dcast(areaLight->getCore()), nodes.back(), adding, nullptr));
-    context.report.check("light: a visibility reference is marked", (nodes.back()->getExternalFlags() & 0x10) != 0);
+    if (const auto* flags = externalFlags(nodes.back()))
+        context.report.check("light: a visibility reference is marked", (flags->getValue() & 0x10) != 0);
 }
 
 } // namespace
@@ -251,8 +261,8 @@ void prepareLights(Model& model)
         loaded.node->setCore(lightCore(loaded));
     }
 
-    // What model files do not bring along: an area light with a profile and a lens flare, another node with its core,
-    // and a link set.
+    // Model files do not have these: an area light with a profile and a lens flare, a link set and, if nodes can be
+    // marked as stand-ins, a second node with the light's core.
     const osg::UberLightPtr core = UberLight::create();
     const osg::NodePtr areaLight = addNode(model.root.get(), areaLightName, core);
     moLights::changeLightType(areaLight, "Area");
@@ -263,7 +273,8 @@ void prepareLights(Model& model)
         core->setScale(osg::Vec3f(2.f, 1.f, 1.f));
     }
     model.lights.push_back({LoadedLight::Kind::Area, areaLight, osg::Color3f(1.f, 1.f, 1.f)});
-    addNode(model.root.get(), standInName, core)->setExternalFlags(sharedCoreFlag);
+    if (externalFlags(model.root.get()))
+        externalFlags(addNode(model.root.get(), standInName, core))->setValue(sharedCoreFlag);
     addNode(model.root.get(), linkSetName, osg::LightLinkSet::create());
 }
 

@@ -42,7 +42,7 @@ moFieldUndoCommand<float>* setChannel(const osg::ColorComponentSettingsPtr& sett
                                          parent);
 }
 
-/// A slider is dragged; the renderer sees every move of it.
+/// Drags a slider; every move is announced to the renderer.
 void dragRed(Context& context, const osg::UberMaterialPtr& material)
 {
     constexpr int moves = 20;
@@ -58,7 +58,7 @@ void dragRed(Context& context, const osg::UberMaterialPtr& material)
         auto* const red = setChannel(settings, "red", moved(move));
         auto* const command = new moMaterialUndoCommand(moUndoString("Change Red", "Material Commands"), red, material,
                                                         settings, nullptr);
-        // The hand may rest in the middle of a drag.
+        // Longer than the user may rest in the middle of a drag.
         red->setMergeResponseDelta(10.);
         command->setMergeResponseDelta(10.);
         context.stack.addOrExecute(command);
@@ -71,7 +71,7 @@ void dragRed(Context& context, const osg::UberMaterialPtr& material)
     context.stack.redo();
 }
 
-/// All materials get the same grey: one step, with one composite for each material.
+/// Gives all materials the same grey: one step, with one composite for each material.
 void paintGrey(Context& context, const std::vector<osg::UberMaterialPtr>& materials)
 {
     static constexpr float grey = 0.5f;
@@ -96,7 +96,7 @@ void paintGrey(Context& context, const std::vector<osg::UberMaterialPtr>& materi
                          context.stack.size() == before + 1 && std::all_of(materials.begin(), materials.end(), isGrey));
 }
 
-/// The label of a colour is the business of the editor alone: no renderer need know.
+/// Edits the label of a colour, which only the editor reads: the renderer gets no announcement.
 void label(Context& context, const osg::UberMaterialPtr& material)
 {
     const osg::ColorComponentSettingsPtr settings = material->getColorComponents(0);
@@ -107,7 +107,7 @@ void label(Context& context, const osg::UberMaterialPtr& material)
     context.report.check("material: a colour is labelled", settings->getLabel().find("(grey)") != std::string::npos);
 }
 
-/// An environment is set and replaced. Both are held by the scene: a command would not keep them.
+/// Sets an environment and replaces it. The scene holds both, because a command holds no reference on them.
 void setEnvironments(Context& context, const osg::UBRDFMaterialPtr& glass, const osg::MaterialPtr& studio,
                      const osg::MaterialPtr& sky)
 {

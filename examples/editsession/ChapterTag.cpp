@@ -14,7 +14,7 @@ using Tags = osg::TagAttachment;
 
 osg::TagAttachmentPtr tagsOf(const osg::NodePtr& node)
 {
-    return osg::TagAttachmentPtr::dcast(node->findAttachment(Tags::getClassGroupId()));
+    return osg::TagAttachmentPtr::dcast(node->findAttachment(Tags::getClassType()));
 }
 
 bool hasTag(const osg::NodePtr& node, const std::string& tag)
@@ -23,7 +23,7 @@ bool hasTag(const osg::NodePtr& node, const std::string& tag)
     return tags.find(tag) != tags.end();
 }
 
-/// A command is given the whole lists after the change; each edit adds its number to the stamps.
+/// A command takes the whole lists after the change. Each edit adds its number to the stamps.
 template<class Command>
 void changeTags(Context& context, const osg::NodePtr& node, const char* text, const std::string& tag,
                 osg::MField<std::string> tags)
@@ -85,7 +85,7 @@ void tagChapter(Context& context)
         context.stack.size() == before + 1 &&
             std::all_of(nodes.begin(), nodes.end(), [](const auto& each) { return hasTag(each, "session"); }));
 
-    // The asset server has been told of a tag; the scene holds none of it, the history shows it.
+    // A tag on the asset server: the history shows it, and the scene does not have it.
     context.stack.addOrExecute(new moAddEmptyTagUndoCommand(moUndoString("Add Server Tag", "Tag Commands"), "published",
                                                             moTagUndoCommand::SYSTEM_TAG));
 }

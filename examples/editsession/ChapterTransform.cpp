@@ -16,7 +16,7 @@
 
 namespace {
 
-// Seconds: the hand may rest in the middle of a drag.
+// In seconds: longer than the user may rest in the middle of a drag.
 constexpr double mergeInterval = 10.;
 constexpr int dragMoves = 20;
 
@@ -25,8 +25,8 @@ osg::Vec3f at(const osg::Vec3f& start, const osg::Vec3f& step, int move)
     return start + step * static_cast<float>(move);
 }
 
-/// A node is turned, stretched, sheared and re-pivoted with the mouse: each drag is one step. The last one places the
-/// pivot in the world, whatever the parents do.
+/// Rotates, scales and shears a node and moves its pivots. Each drag is one step. The last command places the pivot in
+/// the world, independent of the parents.
 void pose(Context& context, const osg::NodePtr& node)
 {
     using namespace moNodeUtils;
@@ -59,13 +59,13 @@ void pose(Context& context, const osg::NodePtr& node)
     const osg::Vec3f place(1.f, 2.f, 3.f);
     context.stack.addOrExecute(new moRotationPivotUndoCommand(node, place, true, false, nullptr, -1));
     const osg::Vec3f reached = getTransformNodeRotatePivot(node, true, -1);
-    // Parents may flatten space or blow it up, and then there is no way to that place.
+    // If the parents scale by almost 0 or by a huge factor, the place cannot be reached.
     const float volume = std::abs(node->getParent() ? node->getParent()->getToWorld().det3() : 1.f);
     context.report.check("transform: a pivot is placed in the world",
                          !(volume > 1e-6f && volume < 1e6f) || (reached - place).length() < 1e-2f);
 }
 
-/// The scene is aligned with the view: the caller brings the wording, and a quaternion.
+/// Aligns the scene with the view: the caller gives a text and a quaternion.
 void align(Context& context, const osg::NodePtr& node)
 {
     osg::Quaternion rotation;
@@ -77,7 +77,7 @@ void align(Context& context, const osg::NodePtr& node)
                          moNodeUtils::getTransform3D(node, -1)->getRotation() == rotation);
 }
 
-/// A second view that follows the variants that are applied, as long as this lives.
+/// A second view that follows the applied variants while it exists.
 class Mirror
 {
 public:
@@ -103,16 +103,16 @@ std::string variantNames(const osg::NodePtr& node)
     return names;
 }
 
-/// Poses of a node are recorded, put into order, renamed and tried on. The editor's list follows through callbacks, a
-/// second view through the synchronisation function.
+/// Records poses of a node as variants, moves, renames and applies them. The editor's list follows by callbacks, a
+/// second view by the synchronisation function.
 void variants(Context& context, const osg::NodePtr& node)
 {
-    // Shared with the commands, which stay in the history and call back at every later undo and redo.
+    // Shared with the commands, which stay in the stack and call back at every later undo and redo.
     const auto notified = std::make_shared<int>(0);
     const auto listChanged = [notified](unsigned int, int, bool) { ++*notified; };
     const auto moved = [notified](unsigned int, const QList<int>&, const QList<int>&) { ++*notified; };
 
-    // What was recorded: "Open" turned by 90 degrees, "Half Open" by 45, "Closed" as the node was.
+    // The poses: "Open" rotated by 90 degrees, "Half Open" by 45, "Closed" as the node was.
     const std::vector<std::pair<const char*, float>> poses{{"Open", 90.f}, {"Half Open", 45.f}, {"Closed", 0.f}};
     const osg::Vec3f start = moNodeUtils::getTransformNodeRotation(node, -1);
     for (std::size_t i = 0; i < poses.size(); ++i) {
@@ -133,7 +133,7 @@ void variants(Context& context, const osg::NodePtr& node)
     const osg::TransformVariantPtr open = moNodeUtils::getTransformVariant(node, 2);
     context.stack.addOrExecute(new moTransformVariantNameUndoCommand(
         open, "Wide Open", nullptr, [notified](const std::string&, const std::string&) { ++*notified; }));
-    // Everything but the scale: a pose says nothing about the size.
+    // Everything except the scale, because a pose has no size.
     context.stack.addOrExecute(new moTransformVariantOptionsUndoCommand(
         open, osg::TransformVariant::ApplyAll & ~osg::UInt64(osg::TransformVariant::ApplyScale), nullptr,
         [notified] { ++*notified; }));

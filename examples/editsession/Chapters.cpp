@@ -12,9 +12,9 @@ void Context::checkScene(const QString& what, const SceneState& then)
 
 const std::vector<Chapter>& chapters()
 {
-    // A new family: a file Chapter<Family>.cpp with its function, declared in Chapters.h, and a row here. What it needs
-    // in the scene beyond the model's nodes (cores for the lights, materials, attachments) is made by a prepare
-    // function in the same file. A chapter must do with any model, down to a single node without light and material.
+    // A new family: a file Chapter<Family>.cpp with its function, declared in Chapters.h, and a row here. If it needs
+    // more in the scene than the model's nodes (cores for lights, materials, attachments), a prepare function in the
+    // same file makes it. A chapter must work with any model, down to a single node without light and material.
 
     // clang-format off
     static const std::vector<Chapter> table = {

@@ -20,7 +20,7 @@ struct Context
     SceneWatch& scene;
     Progress& progress;
 
-    /// Adds a check to the report: the scene is what it was then, but for rounding.
+    /// Adds a check to the report: the scene is the same as then, up to rounding.
     void checkScene(const QString& what, const SceneState& then);
 };
 
@@ -29,12 +29,11 @@ struct Chapter
 {
     const char* name;
 
-    /// Puts things into the scene that a model file does not bring along, before the session's first digest. May be
-    /// null.
+    /// Adds to the scene what a model file does not have, before the session's first digest. May be null.
     void (*prepare)(Model& model);
 
-    /// Edits the scene. All that it changes must be in the history when it returns, with nothing left to redo; it adds
-    /// checks to the report.
+    /// Edits the scene and adds checks to the report. When it returns, all changes must be steps of the stack, and none
+    /// of them undone.
     void (*run)(Context& context);
 };
 

@@ -44,7 +44,7 @@ void addValues(const T* values, std::size_t count, FieldContents& contents)
     contents.exact.append(reinterpret_cast<const char*>(values), count * sizeof(T));
 }
 
-/// The same for what is made of floats.
+/// The same for values made of floats.
 template<class T>
 void addFloats(const T* values, std::size_t count, FieldContents& contents)
 {
@@ -56,7 +56,7 @@ void addFloats(const T* values, std::size_t count, FieldContents& contents)
     contents.numbers.insert(contents.numbers.end(), numbers, numbers + count * size);
 }
 
-/// Handles, texts and all that has to be the same to the bit.
+/// Handles, texts and all values that are compared to the bit.
 template<class T>
 void addExact(const T* values, std::size_t count, FieldContents& contents)
 {
@@ -88,7 +88,7 @@ void readMulti(const osg::Field& field, FieldContents& contents)
     if (!values.empty()) add(&values[0], values.size(), contents);
 }
 
-/// The elements of a list of truth values have no address.
+/// For lists of bool, whose elements have no address.
 void readBools(const osg::Field& field, FieldContents& contents)
 {
     const auto& values = static_cast<const osg::MFBool&>(field);
@@ -97,7 +97,7 @@ void readBools(const osg::Field& field, FieldContents& contents)
         contents.exact += values[i] ? '\1' : '\0';
 }
 
-/// By the name of their group: its number is only the order in which the groups were registered.
+/// By the name of the group: its number depends on the order in which the groups were registered.
 void readAttachments(const osg::Field& field, FieldContents& contents)
 {
     const osg::AttachmentMap& attachments = static_cast<const osg::SFAttachmentMap&>(field).getValue();

@@ -9,9 +9,9 @@ namespace osg {
 class Field;
 }
 
-/// What is in the fields of a container, in three lists: what is compared to the bit, the numbers that may differ by
-/// rounding (single precision: what goes through the world is rounded to floats), and the containers that its handles
-/// lead to, by id (0 for null).
+/// The values of a container's fields, in three lists: those that are compared to the bit, the numbers that may differ
+/// by rounding (of single precision, as places in the world are rounded to floats), and the containers that its handles
+/// point to, by id (0 for null).
 struct FieldContents
 {
     /// The numbers of one field, or of one element of a list.
@@ -31,7 +31,7 @@ struct FieldContents
 
     void clear();
     void addNumber(osg::UInt64 number);
-    /// With its length, so that no two lists of texts look alike.
+    /// Writes the length, too, so that different lists of texts never give the same bytes.
     void addText(const std::string& text);
 };
 
@@ -39,6 +39,5 @@ using FieldReader = void (*)(const osg::Field& field, FieldContents& contents);
 
 /// How to read fields of this field's type. Caches (volumes) and plain pointers have no contents.
 ///
-/// \throws std::logic_error  for a type that stands in no table: nothing is left unread in silence. A new type of handle
-/// needs a row in FieldContents.cpp.
+/// \throws std::logic_error  for a type that has no row in FieldContents.cpp, so that no field is skipped silently.
 FieldReader readerOf(const osg::Field& field);

@@ -2,14 +2,14 @@
 
 #include <exception>
 
-/// Ctrl-C as a question that can be asked. From here on the first SIGINT is only remembered; the second one ends the
-/// process as it would without this. A SIGINT that was blocked when the process started arrives now.
+/// Makes Ctrl-C a question for wasInterrupted(). From now on the first SIGINT is only remembered, and the second one
+/// ends the process as usual. A SIGINT that was blocked when the process started arrives now.
 void rememberInterrupt();
 
 /// Whether a SIGINT was remembered.
 bool wasInterrupted();
 
-/// Thrown where work breaks off because of one.
+/// Thrown where work is broken off because of a SIGINT.
 class Interrupted : public std::exception
 {
 public:

@@ -22,14 +22,14 @@ namespace {
 
 constexpr float degreesPerRadian = 57.2957795f;
 
-/// A matrix as translation, rotation, shear and scale that make the matrix again: any matrix that can be inverted,
-/// mirrored and sheared ones included, and those that only flatten.
+/// Splits a matrix into translation, rotation, shear and scale that compose it again. For every matrix that has an
+/// inverse, mirrored and sheared ones included, and for those that only flatten.
 struct Decomposed
 {
     explicit Decomposed(const aiMatrix4x4& m) : translation(m.a4, m.b4, m.c4)
     {
         const aiVector3D a(m.a1, m.b1, m.c1), b(m.a2, m.b2, m.c2), c(m.a3, m.b3, m.c3);
-        // Gram-Schmidt. What each column has of the axes found before is shear, the rest is scale.
+        // Gram-Schmidt. The part of each column along the axes found before is shear, the rest is scale.
         const aiVector3D x = direction({a, b ^ c, perpendicular(b), perpendicular(c), aiVector3D(1, 0, 0)});
         const aiVector3D y = direction({b - x * (x * b), c ^ x, perpendicular(x)}, s_negligible * b.Length());
         const aiVector3D z = x ^ y;
@@ -46,7 +46,7 @@ struct Decomposed
 private:
     static constexpr float s_negligible = 1e-6f;
 
-    /// Of the first candidate that is long enough to have one.
+    /// The axis of the first candidate that is long enough to have one.
     static aiVector3D direction(std::initializer_list<aiVector3D> candidates, float smallest = 0.f)
     {
         for (const aiVector3D& candidate : candidates) {
@@ -80,16 +80,16 @@ osg::Color3f color(const aiColor3D& c)
     return osg::Color3f(c.r, c.g, c.b);
 }
 
-/// A transform keeps the rotation as angles and as a quaternion and derives each from the other, which rounds. Looks
-/// for a pair close by of which each gives exactly the other: an edit of either that is undone then gives back both to
-/// the bit.
+/// Makes angles and quaternion of a rotation an exact pair. A transform derives each from the other, which rounds. This
+/// searches close by for a pair of which each gives exactly the other, so that undo of an edit restores both to the
+/// bit.
 void settleRotation(const osg::Transform3DPtr& transform)
 {
     using T = osg::Transform3D;
 
     constexpr int rounds = 200;
     for (int round = 1; round <= rounds; ++round) {
-        // Mostly it takes a few rounds; where they go in a circle, start anew beside it.
+        // Usually a few rounds suffice. If they repeat in a circle, start again a little beside it.
         if (round % 8 == 0)
             transform->getEulerRotation() += osg::Vec3f(1.f, -1.f, 1.f) * (1e-6f * static_cast<float>(round));
         const osg::Vec3f angles = transform->getEulerRotation();
@@ -172,7 +172,7 @@ private:
         return result;
     }
 
-    /// A light has its place from the node of the same name; one without is nowhere, and left out.
+    /// The node of the same name gives the light its place. A light without one is left out.
     void addLight(const aiLight& source)
     {
         const std::string name(source.mName.data, source.mName.length);
@@ -240,11 +240,11 @@ Model loadModel(const QString& fileName, Progress& progress)
     if (info.size() == 0) fail(fileName, QStringLiteral("the file is empty"));
 
     Assimp::Importer importer;
-    // Validated, so that every index can be followed.
+    // Validated, so that every index in the file is valid.
     const auto import = [&importer, &fileName] {
         return importer.ReadFile(QFile::encodeName(fileName).constData(), aiProcess_ValidateDataStructure);
     };
-    constexpr qint64 bytesPerSecond = 1'000'000; // far below what any format takes
+    constexpr qint64 bytesPerSecond = 1'000'000; // readers of all formats are much faster
     progress.step("trying the file out");
     const auto complaint = [&importer, &import] { return std::string(import() ? "" : importer.GetErrorString()); };
     const Trial trial = tryOut(complaint, static_cast<unsigned int>(5 + info.size() / bytesPerSecond));

@@ -12,7 +12,7 @@
 
 class Progress;
 
-/// A light as the file describes it. The node that it shines from is an ordinary transform node.
+/// A light as the file describes it. Its node is an ordinary transform node.
 struct LoadedLight
 {
     enum class Kind
@@ -45,10 +45,9 @@ struct LoadedMaterial
 /// A model file as a scene graph. Each of the file's nodes is an osg::Node with its name and an osg::Transform3D;
 /// meshes are left out, undo does not touch them.
 ///
-/// The model owns the scene: its nodes live until the last copy of it is destroyed. Lights and materials are kept as
-/// data. A chapter that edits them turns them into containers of its own kind in its prepare function: a core is put on
-/// the light's node, and what hangs on no node goes into `containers`, which keeps it alive and makes it part of the
-/// digest.
+/// The model owns the scene: its nodes exist until the last copy of the model is destroyed. Lights and materials are
+/// kept as data. A chapter that edits them makes containers from them in its prepare function: a core for the light's
+/// node. Containers that belong to no node go into `containers`, which holds them and makes them part of the digest.
 struct Model
 {
     osg::RefPtr<osg::NodePtr> root;
@@ -58,18 +57,18 @@ struct Model
     std::vector<osg::FieldContainerRefPtr> containers;
 };
 
-/// What is wrong with a model file, in one line.
+/// Says in one line what is wrong with a model file.
 class ModelError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Reads a model in any format that Assimp reads, and names its root as the scene's root.
+/// Reads a model in any format that Assimp reads, and makes its root the scene's root.
 ///
-/// \throws ModelError   when the file is missing, cannot be read, is damaged or holds nothing that could be edited.
-/// \throws Interrupted  when \a progress breaks it off, or a remembered SIGINT does while the file is tried out.
+/// \throws ModelError   if the file is missing, cannot be read, is damaged or has nothing that could be edited.
+/// \throws Interrupted  if \a progress breaks it off, or a SIGINT is remembered while the file is tried out.
 Model loadModel(const QString& fileName, Progress& progress);
 
-/// The same without a word on the way.
+/// The same without progress.
 Model loadModel(const QString& fileName);

@@ -23,7 +23,7 @@ OSG_CONTAINER_BASE(Paint, SimpleMaterial, OSG_PAINT_FIELDS)
 
 /// A material of the example's own: undo needs no class of commands to edit its fields.
 ///
-/// The texture carries a reference, which the setter of the field counts and the paint gives back at its end.
+/// Code that sets the texture takes one reference on it; the destructor gives it back.
 class Paint : public PaintBase
 {
     OSG_CONTAINER_OWNING(Paint)

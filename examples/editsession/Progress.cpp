@@ -6,7 +6,7 @@
 
 namespace {
 
-// To the line's begin, and empty it.
+// Back to the start of the line, and erase it.
 constexpr const char* eraseLine = "\r\033[K";
 
 } // namespace

@@ -5,29 +5,29 @@
 
 #include <functional>
 
-/// Says how far the work is, in one line of a terminal that is written over, and breaks it off when it shall end.
+/// Shows how far the work is, in one line of a terminal that is overwritten, and breaks it off when asked to.
 class Progress
 {
 public:
     using Write = std::function<void(const QByteArray& text)>;
     using Stop = std::function<bool()>;
 
-    /// \param write  gets what goes to the terminal; without it nothing is said.
-    /// \param stop   asked at every step whether to break off; without it never.
+    /// \param write  called with what goes to the terminal; if empty, nothing is shown.
+    /// \param stop   called at every step, returns whether to break off; if empty, the work is never broken off.
     explicit Progress(Write write = {}, Stop stop = {});
     ~Progress() { end(); }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// What is being done from now on: the chapter.
+    /// Begins a phase of the work, such as a chapter.
     void begin(const QString& phase);
 
-    /// One of its activities, and how far that is. The line is written when it says something new.
+    /// An activity of the phase, and how far it is. Writes the line if it changed.
     /// \param all  0 if it is not known.
-    /// \throws Interrupted  if the work is to break off.
+    /// \throws Interrupted  if the work is to be broken off.
     void step(const char* activity, std::size_t done = 0, std::size_t all = 0);
 
-    /// Takes the line away. The end of the object does so, too.
+    /// Erases the line. The destructor does so, too.
     void end();
 
     const QString& phase() const { return m_phase; }

@@ -84,7 +84,7 @@ Report::Entry entry(const moMessage::Entry& source)
     return result;
 }
 
-/// As many elements of a list does a reader get to see.
+/// How many elements of a list are shown to a reader.
 constexpr int shownElements = 20;
 
 /// The value as JSON writes it: text quoted, lists in brackets. A long list is cut off.
@@ -205,7 +205,7 @@ void Report::print(QTextStream& stream) const
         const auto next = std::find_if_not(message + 1, messages.end(),
                                            [&](const Message& other) { return isSame(*message, other); });
         stream << "    " << written(*message);
-        // A drag sends the same message at each move.
+        // A drag sends the same message for each move.
         if (next - message > 1) stream << "  (" << static_cast<int>(next - message) << " times)";
         stream << '\n';
         message = next;

@@ -24,7 +24,7 @@ struct Report
 
     struct Message
     {
-        QString phase; ///< the chapter, or which way the history was being walked
+        QString phase; ///< the chapter, or whether steps were being undone or redone
         QString name;
         std::vector<Entry> entries;
     };
@@ -42,7 +42,7 @@ struct Report
     {
         QString what;
         bool passed;
-        std::size_t rounded = 0; ///< values that are the same but for rounding, where scenes were compared
+        std::size_t rounded = 0; ///< where scenes were compared: values that differ by rounding only
     };
 
     QString modelFile;
@@ -59,7 +59,7 @@ struct Report
     QByteArray digestAfterUndoAll;
     QByteArray digestAfterRedoAll;
 
-    QString interruptedIn; ///< the phase in which the session broke off; null if it came to its end
+    QString interruptedIn; ///< the phase in which the session was broken off; null if it was not
 
     void addMessage(const QString& phase, const char* name, const moMessage& message);
     void check(const QString& what, bool passed, std::size_t rounded = 0) { checks.push_back({what, passed, rounded}); }
@@ -67,8 +67,8 @@ struct Report
     /// Whether every check passed.
     bool passed() const;
 
-    /// For a reader: long lists are shortened, what differs by rounding is counted.
+    /// As text for a reader: long lists are shortened, values that differ by rounding are counted.
     void print(QTextStream& stream) const;
-    /// Everything.
+    /// Everything, as JSON.
     QByteArray toJson() const;
 };

@@ -18,7 +18,7 @@ namespace {
 using osg::UInt32;
 using osg::UInt64;
 
-/// A hash that is fed in blocks.
+/// Computes a hash from data that is added in blocks.
 class Hash
 {
 public:
@@ -79,8 +79,8 @@ double largest(const float* numbers, UInt32 count)
     return result;
 }
 
-/// How much a length may grow at most on the way from the world into the space of the matrix: the Frobenius norm of the
-/// inverse. Not finite where there is no way.
+/// The most by which a length may grow from the world into the space of the matrix: the Frobenius norm of the inverse.
+/// Not finite if there is no inverse.
 double growthFromWorld(const osg::Matrix& toWorld)
 {
     double squares = 0.;
@@ -190,7 +190,7 @@ SceneState SceneWatch::walk()
     Hash hash;
     for (const UInt32 root : roots)
         hash.add(reach(root));
-    // The list grows while it is walked along.
+    // By index: the list grows during the loop.
     for (std::size_t i = 0; i < m_reached.size(); ++i) {
         if (m_progress && i % progressInterval == 0) m_progress(i, expected);
         readIfChanged(m_reached[i]);
@@ -207,7 +207,7 @@ SceneState SceneWatch::walk()
     return {m_latestDigest, static_cast<UInt32>(m_roots.size() - 1)};
 }
 
-/// Gives the container's place in the walk, 0 for null, and lets the walk come to it.
+/// Returns the container's place in the walk, 0 for null. A container that was not reached yet is queued.
 UInt32 SceneWatch::reach(UInt32 id)
 {
     if (id == 0) return 0;
@@ -278,7 +278,7 @@ void SceneWatch::readIfChanged(UInt32 id)
     m_nodesMoved = m_nodesMoved || plan.movesNodes;
 }
 
-/// Each matrix is made from the parent's, so that a deep scene costs no more than a flat one.
+/// Computes each matrix from the parent's, so that a deep scene costs no more than a flat one.
 void SceneWatch::hashWorldMatrices()
 {
     std::vector<osg::NodePtr> nodes;
@@ -292,7 +292,7 @@ void SceneWatch::hashWorldMatrices()
     std::vector<bool> isKnown(nodes.size());
     std::vector<UInt32> way;
     for (UInt32 i = 0; i < nodes.size(); ++i) {
-        // Up to the first one that is known, and down again. A node may be reached before its parent.
+        // Up to the first node whose matrix is known, and down again: a node may be reached before its parent.
         osg::Matrix matrix;
         for (UInt32 node = i;;) {
             if (isKnown[node]) {
@@ -303,7 +303,7 @@ void SceneWatch::hashWorldMatrices()
             const osg::NodePtr parent = nodes[node]->getParent();
             if (parent == osg::NullFC) break;
             const Container& reached = container(idOf(parent));
-            if (reached.walk != m_walk) { // stands in a tree of its own, of which only this node belongs to the scene
+            if (reached.walk != m_walk) { // the parent belongs to another tree and not to the scene
                 matrix = parent->getToWorld();
                 break;
             }
@@ -331,7 +331,7 @@ SceneComparison SceneWatch::compareWith(const SceneState& earlier)
     if (m_roots[earlier.number] != m_roots.back()) return {};
 
     SceneComparison result;
-    // Where all handles lead to the same containers, no container is reached in only one of the states.
+    // Only the latest walk: if all handles point to the same containers, both states reach the same ones.
     for (const UInt32 id : m_reached) {
         const UInt32 now = m_containers[id].version;
         UInt32 then = now;

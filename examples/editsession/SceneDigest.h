@@ -17,34 +17,34 @@ class FieldContainerPtr;
 
 struct Model;
 
-/// What a scene was at one moment.
+/// The state of a scene at one moment.
 struct SceneState
 {
     /// An XXH3 hash of 128 bits as 32 hexadecimal digits: two scenes have the same digest exactly when every name, the
     /// hierarchy, every value (bit by bit) and every world matrix are the same.
     QByteArray digest;
 
-    osg::UInt32 number = 0; ///< of the moments that its SceneWatch was asked for
+    osg::UInt32 number = 0; ///< its place among the states that its SceneWatch made
 };
 
-/// Called every now and then with how many containers were seen of how many, 0 if that is not known yet. It may throw; the
-/// state is then not made.
+/// Called now and then with the number of containers read so far and of all, 0 if that is not known yet. If it throws,
+/// the state is not made.
 using SceneProgress = std::function<void(std::size_t seen, std::size_t all)>;
 
-/// How two states compare: equal to the bit, equal but for rounding, or different.
+/// How two states compare: equal to the bit, equal up to rounding, or different.
 struct SceneComparison
 {
     bool same = false;
-    std::size_t rounded = 0; ///< values that differ, all of them by no more than rounding; 0 if the states differ
+    std::size_t rounded = 0; ///< values that differ by rounding only; 0 if the states differ
 };
 
-/// Keeps track of a model's scene and tells at any time what it is: as a digest, and by comparison with what it was.
+/// Keeps track of a model's scene: makes a digest of its state at any time, and compares it with earlier states.
 ///
-/// The scene is whatever can be reached from the model's root and containers through attachments and handles in fields.
-/// Containers are told apart by the order in which they are reached, not by their ids, which differ from run to run. Left
-/// out are links upwards, which follow from those downwards, and volumes, which are caches.
+/// The scene is all that can be reached from the model's root and containers through attachments and handles in fields.
+/// Containers are identified by the order in which they are reached, because their ids differ from run to run. Handles
+/// to parents are left out, which follow from the others, and volumes, which are caches.
 ///
-/// While it lives, the change list of the calling thread records, and a container is read again only when the list names
+/// While it exists, the change list of the calling thread records, and a container is read again only if the list names
 /// it. So state() does not see what is written outside an edit bracket; readAll() does. One watch at a time.
 class SceneWatch
 {
@@ -54,23 +54,23 @@ public:
     SceneWatch(const SceneWatch&) = delete;
     SceneWatch& operator=(const SceneWatch&) = delete;
 
-    /// Reads what was changed since the last call.
+    /// Reads the containers that were changed since the last call.
     SceneState state();
-    /// Reads everything. The digest is the one that state() has if each change was made in a bracket.
+    /// Reads all containers. The digest equals that of state() if each change was made in a bracket.
     SceneState readAll();
 
-    /// How the latest state compares with an earlier one. They are the same when their digests are. If those differ, the
-    /// states are looked at value by value: numbers of single precision may differ by 1e-5 of the largest in their field.
-    /// What makes up the place of a transform may differ by 1e-5 of the distance, in the units of the transform, from
-    /// there to the world's origin: a value that is placed in the world makes that journey and comes back rounded.
+    /// Compares the latest state with an earlier one. They are the same if their digests are. Otherwise they are
+    /// compared value by value: numbers of single precision may differ by 1e-5 of the largest in their field. The
+    /// components that place a transform may differ by 1e-5 of its distance from the world's origin, in the units of
+    /// the transform: a value in world space is rounded there and back.
     SceneComparison compareWith(const SceneState& earlier);
 
 private:
-    /// What a container was from one state on, until the next version of it.
+    /// The contents of a container from one state on, until its next version.
     struct Version
     {
-        osg::UInt64 exactHash; ///< of what has no tolerance
-        osg::UInt64 hash;      ///< of that and the numbers
+        osg::UInt64 exactHash; ///< of the values that are compared to the bit
+        osg::UInt64 hash;      ///< of those and the numbers
         osg::UInt32 previous;  ///< its index, s_none if there is none
         osg::UInt32 firstState;
         osg::UInt32 numbers; ///< where they begin in m_numbers
@@ -78,13 +78,13 @@ private:
         osg::UInt32 targetCount;
     };
 
-    /// What is known of a container, at the index of its id.
+    /// The bookkeeping of a container, at the index of its id.
     struct Container
     {
         osg::UInt32 version = s_none; ///< the latest
         osg::UInt32 walk = 0;         ///< the latest walk that reached it
-        osg::UInt32 place = 0;        ///< and where in that walk, from 1 on
-        osg::UInt32 node = 0;         ///< among the nodes of that walk
+        osg::UInt32 place = 0;        ///< its place in that walk, from 1 on
+        osg::UInt32 node = 0;         ///< its index among the nodes of that walk
         bool isNode = false;
         bool changed = false;
     };
@@ -98,10 +98,10 @@ private:
     /// How containers of one type are read.
     struct TypePlan
     {
-        osg::UInt64 names; ///< a hash of the type's name and its fields'
+        osg::UInt64 names; ///< a hash of the names of the type and of its fields
         std::vector<FieldPlan> fields;
         bool isNode;
-        bool movesNodes; ///< whether world matrices follow from it
+        bool movesNodes; ///< whether world matrices depend on it
     };
 
     static constexpr osg::UInt32 s_none = 0xFFFFFFFFu;
@@ -129,7 +129,7 @@ private:
     Recording m_recording;
     std::unordered_map<osg::UInt32, TypePlan> m_plans;
     std::vector<Container> m_containers;
-    // Queues where indices last and growing moves nothing.
+    // Deques: indices stay valid, and growing moves no element.
     std::deque<Version> m_versions;
     std::deque<float> m_numbers;
     std::vector<osg::UInt32> m_targets;
@@ -142,5 +142,5 @@ private:
     bool m_nodesMoved = true;
 };
 
-/// The digest of all that a model's scene is at this moment. Leaves the change list alone.
+/// The digest of a model's scene at this moment. Does not touch the change list.
 QByteArray sceneDigest(const Model& model);

@@ -12,8 +12,8 @@
 
 namespace {
 
-/// Recording is on, and all messages of the default stack are written to the report, as long as this lives. The
-/// history, whose commands hold parts of the scene, ends with it.
+/// While it exists, recording is on and all messages of the default stack are written to the report. Its destructor
+/// clears the stack, because the commands hold parts of the scene.
 class Recording
 {
 public:
@@ -42,7 +42,7 @@ private:
         return true;
     }
 
-    // The callback is a plain function, without a place for an object.
+    // Static, because the callback is a plain function and has no object.
     static inline Report* s_report = nullptr;
     static inline QString s_phase;
 };
@@ -75,7 +75,7 @@ public:
             while (m_stack.canUndo())
                 undo();
         }
-        // It was written down on the way back.
+        // goBack() wrote it from the last step to the first.
         std::reverse(m_report.history.begin(), m_report.history.end());
     }
 
@@ -151,7 +151,7 @@ private:
         m_stack.undo();
     }
 
-    /// Whether the scene is what it was then.
+    /// Adds a check to the report: the scene is the same as then, up to rounding.
     void check(const QString& what, const SceneState& then)
     {
         const SceneComparison comparison = m_scene.compareWith(then);
@@ -170,7 +170,7 @@ private:
     SceneState m_loaded;
     SceneState m_edited;
     SceneComparison m_undone;
-    bool m_wentBack = false; ///< the whole history was written down
+    bool m_wentBack = false; ///< the report has the whole history
 };
 
 } // namespace

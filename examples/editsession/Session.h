@@ -4,13 +4,12 @@
 #include <editsession/Progress.h>
 #include <editsession/Report.h>
 
-/// Edits a model the way a user's editor would: one chapter after the other, then back to the start and forward to the
-/// end.
+/// Edits a model as an editor would: one chapter after the other, then undoes all steps and redoes all.
 ///
-/// Recording is on meanwhile; at the end the history is cleared. The scene is left as the edits made it.
+/// Recording is on meanwhile; at the end the stack is cleared. The scene is left as the edits made it.
 ///
-/// When \a progress breaks it off, the report tells what was done so far, and all of it is taken back.
+/// If \a progress breaks the session off, the report has what was done so far, and all of it is taken back.
 Report runSession(Model& model, const std::vector<Chapter>& chapters, Progress& progress);
 
-/// The same without a word on the way.
+/// The same without progress.
 Report runSession(Model& model, const std::vector<Chapter>& chapters);

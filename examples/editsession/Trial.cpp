@@ -51,7 +51,7 @@ Trial tryOut(const std::function<std::string()>& action, unsigned int cpuSeconds
         trial.end = Trial::DidNotEnd;
     else if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
         trial.end = Trial::Crashed;
-    // A pipe keeps so much: the child process never waited for a reader.
+    // A pipe buffers this much, so the child process never waited for a reader.
     char complaint[PIPE_BUF];
     const ssize_t size = child > 0 ? read(ends[0], complaint, sizeof(complaint)) : 0;
     if (size > 0) trial.complaint.assign(complaint, static_cast<std::size_t>(size));

@@ -19,9 +19,9 @@ namespace {
 enum ExitStatus
 {
     Passed = 0,
-    Failed = 1,     ///< undo or redo did not give back what it had to
+    Failed = 1,     ///< a check failed, e.g. undo did not restore the scene
     Unusable = 2,   ///< the arguments, the model or the JSON file
-    BrokenOff = 130 ///< by Ctrl-C; the number by which shells know that
+    BrokenOff = 130 ///< by Ctrl-C; the status that shells use for it
 };
 
 ExitStatus unusable(const QString& reason)
@@ -30,7 +30,7 @@ ExitStatus unusable(const QString& reason)
     return Unusable;
 }
 
-/// A terminal sees how far the work is; a file or a pipe gets none of it.
+/// Writes the progress to a terminal, and nothing to a file or a pipe.
 Progress::Write terminal()
 {
     if (!isatty(STDERR_FILENO)) return {};

@@ -23,7 +23,7 @@ int main(int argc, char** argv)
     stack.addOrExecute(move(2));
     std::cout << "merged: " << stack.size() << " step, undo gives ";
     stack.undo();
-    std::cout << transform->getTranslation() << '\n';
+    std::cout << transform->getTranslation()[1] << '\n';
     stack.clear();
 
     stack.addOrExecute(move(1));
@@ -32,7 +32,7 @@ int main(int argc, char** argv)
     stack.addOrExecute(apart);
     std::cout << "apart: " << stack.size() << " steps, undo gives ";
     stack.undo();
-    std::cout << transform->getTranslation() << '\n';
+    std::cout << transform->getTranslation()[1] << '\n';
     //! [merge]
     return 0;
 }

@@ -17,9 +17,9 @@ int main(int argc, char** argv)
     moUndoStack::beginUndo(); // record from now on
     moUndoStack& stack = moUndoStack::get();
     stack.addOrExecute(new moTranslationUndoCommand(box, osg::Vec3f(0, 2, 0), false, nullptr, {}, -1));
-    std::cout << stack.currentCommand()->text().toStdString() << ": " << transform->getTranslation() << '\n';
+    std::cout << stack.currentCommand()->text().toStdString() << ": y is " << transform->getTranslation()[1] << '\n';
 
     stack.undo();
-    std::cout << "undone: " << transform->getTranslation() << '\n';
+    std::cout << "undone: y is " << transform->getTranslation()[1] << '\n';
     return 0;
 }

@@ -2,6 +2,8 @@
 
 #include "OSGConstraintObjectList_p.h"
 
+#include <OpenSG/OSGCountedField.h>
+
 namespace osg {
 
 OSG_ABSTRACT_CONTAINER_IMPL(AbstractConstraint, NodeCore, OSG_ABSTRACTCONSTRAINT_FIELDS)
@@ -15,7 +17,7 @@ AbstractConstraint::AbstractConstraint(const AbstractConstraint& source) : Inher
 AbstractConstraint::~AbstractConstraint()
 {
     releaseList(_mfSources);
-    subRefCP(getTarget());
+    assignCounted(_sfTarget.getValue(), NullFC);
 }
 
 ConstraintObjectPtr AbstractConstraint::findSourceConstraintObject(const AttachmentContainerPtr& object) const
@@ -55,7 +57,7 @@ void AbstractConstraint::createTarget(const AttachmentContainerPtr& object)
 
 void AbstractConstraint::setTarget(const ConstraintObjectPtr& target)
 {
-    setRefdCP(_sfTarget.getValue(), target);
+    assignCounted(_sfTarget.getValue(), target);
 }
 
 } // namespace osg

@@ -2,6 +2,7 @@
 
 #include <moOpenSGConstraint/OSGConstraintObject.h>
 
+#include <OpenSG/OSGFieldTable.h>
 #include <OpenSG/OSGNodeCore.h>
 
 namespace osg {
@@ -17,7 +18,7 @@ typedef FCPtr<NodeCorePtr, AbstractConstraint> AbstractConstraintPtr;
     SINGLE(ConstraintObjectPtr, Target,   "target",    NullFC)
 // clang-format on
 
-OSG_CONTAINER_BASE(AbstractConstraint, NodeCore, OSG_ABSTRACTCONSTRAINT_FIELDS)
+OSG_ABSTRACT_CONTAINER_BASE(AbstractConstraint, NodeCore, OSG_ABSTRACTCONSTRAINT_FIELDS)
 
 /// What all constraints have: weighted sources that govern one target.
 ///

@@ -2,6 +2,8 @@
 
 #include <moOpenSGConstraint/OSGTransformConstraint.h>
 
+#include <OpenSG/OSGFieldTable.h>
+
 namespace osg {
 
 class AimConstraint;

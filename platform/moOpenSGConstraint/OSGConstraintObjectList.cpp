@@ -1,5 +1,7 @@
 #include "OSGConstraintObjectList_p.h"
 
+#include <OpenSG/OSGCountedField.h>
+
 #include <algorithm>
 
 namespace osg {
@@ -37,7 +39,7 @@ void addToList(MFConstraintObjectPtr& list, const ConstraintObjectPtr& object)
 {
     if (object == NullFC) return;
     const auto taken = place(list, object);
-    if (taken != list.end()) return setRefdCP(*taken, object);
+    if (taken != list.end()) return assignCounted(*taken, object);
     addRefCP(object);
     list.push_back(object);
 }
@@ -57,9 +59,11 @@ void holdList(const MFConstraintObjectPtr& list)
         addRefCP(object);
 }
 
-void releaseList(const MFConstraintObjectPtr& list)
+void releaseList(MFConstraintObjectPtr& list)
 {
-    for (const ConstraintObjectPtr& object : list)
+    MFConstraintObjectPtr released;
+    released.swap(list);
+    for (const ConstraintObjectPtr& object : released)
         subRefCP(object);
 }
 

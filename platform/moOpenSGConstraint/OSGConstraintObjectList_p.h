@@ -15,6 +15,6 @@ void removeFromList(MFConstraintObjectPtr& list, const ConstraintObjectPtr& obje
 
 // For the copy constructor and the destructor of the owner of the list.
 void holdList(const MFConstraintObjectPtr& list);
-void releaseList(const MFConstraintObjectPtr& list);
+void releaseList(MFConstraintObjectPtr& list);
 
 } // namespace osg

@@ -2,6 +2,8 @@
 
 #include <moOpenSGConstraint/OSGAbstractConstraint.h>
 
+#include <OpenSG/OSGFieldTable.h>
+
 namespace osg {
 
 class TransformConstraint;

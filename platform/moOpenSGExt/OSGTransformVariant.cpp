@@ -1,5 +1,7 @@
 #include <moOpenSGExt/OSGTransformVariant.h>
 
+#include <OpenSG/OSGCountedField.h>
+
 namespace osg {
 
 OSG_CONTAINER_IMPL(TransformVariant, FieldContainer, OSG_TRANSFORMVARIANT_FIELDS)
@@ -9,15 +11,14 @@ TransformVariant::TransformVariant(const TransformVariant& source) : Inherited(s
     _sfTransform.setValue(NullFC);
 }
 
-void TransformVariant::setTransform(const Transform3DPtr& transform)
-{
-    setRefdCP(_sfTransform.getValue(), transform);
-}
-
-void TransformVariant::onDestroy()
+TransformVariant::~TransformVariant()
 {
     setTransform(NullFC);
-    Inherited::onDestroy();
+}
+
+void TransformVariant::setTransform(const Transform3DPtr& transform)
+{
+    assignCounted(_sfTransform.getValue(), transform);
 }
 
 } // namespace osg

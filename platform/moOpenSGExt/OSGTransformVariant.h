@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenSG/OSGFieldTable.h>
 #include <OpenSG/OSGTransform3D.h>
 
 namespace osg {
@@ -50,8 +51,7 @@ protected:
     TransformVariant() = default;
     /// A copy has no core.
     TransformVariant(const TransformVariant& source);
-
-    void onDestroy() override;
+    ~TransformVariant() override;
 };
 
 } // namespace osg

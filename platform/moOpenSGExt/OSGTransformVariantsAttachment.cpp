@@ -11,6 +11,12 @@ TransformVariantsAttachment::TransformVariantsAttachment(const TransformVariants
     _mfVariants.clear();
 }
 
+TransformVariantsAttachment::~TransformVariantsAttachment()
+{
+    while (getVariantCount() > 0)
+        removeVariant(getVariantCount() - 1);
+}
+
 UInt64 TransformVariantsAttachment::getVariantCount() const
 {
     return _mfVariants.size();
@@ -34,13 +40,6 @@ void TransformVariantsAttachment::removeVariant(UInt64 index)
     const TransformVariantPtr variant = _mfVariants[UInt32(index)];
     _mfVariants.erase(_mfVariants.begin() + std::ptrdiff_t(index));
     subRefCP(variant);
-}
-
-void TransformVariantsAttachment::onDestroy()
-{
-    while (getVariantCount() > 0)
-        removeVariant(getVariantCount() - 1);
-    Inherited::onDestroy();
 }
 
 } // namespace osg

@@ -3,6 +3,7 @@
 #include <moOpenSGExt/OSGTransformVariant.h>
 
 #include <OpenSG/OSGAttachment.h>
+#include <OpenSG/OSGFieldTable.h>
 
 namespace osg {
 
@@ -40,8 +41,7 @@ protected:
     TransformVariantsAttachment() = default;
     /// A copy is an empty list.
     TransformVariantsAttachment(const TransformVariantsAttachment& source);
-
-    void onDestroy() override;
+    ~TransformVariantsAttachment() override;
 };
 
 } // namespace osg

@@ -2,6 +2,8 @@
 
 #include <moOpenSGUberLight/OSGLensFlareElement.h>
 
+#include <OpenSG/OSGFieldTable.h>
+
 OSG_BEGIN_NAMESPACE
 
 class LensFlareEffect;

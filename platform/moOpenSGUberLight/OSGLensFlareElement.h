@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OpenSG/OSGAttachmentContainer.h>
+#include <OpenSG/OSGFieldTable.h>
 
 OSG_BEGIN_NAMESPACE
 

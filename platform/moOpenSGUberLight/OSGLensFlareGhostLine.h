@@ -3,6 +3,8 @@
 #include <moOpenSGUberLight/OSGLensFlareElement.h>
 #include <moOpenSGUberLight/OSGLensFlareGhost.h>
 
+#include <OpenSG/OSGFieldTable.h>
+
 OSG_BEGIN_NAMESPACE
 
 class LensFlareGhostLine;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenSG/OSGFieldTable.h>
 #include <OpenSG/OSGNode.h>
 
 OSG_BEGIN_NAMESPACE

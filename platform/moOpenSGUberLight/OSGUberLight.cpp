@@ -1,5 +1,7 @@
 #include <moOpenSGUberLight/OSGUberLight.h>
 
+#include <OpenSG/OSGCountedField.h>
+
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -56,8 +58,8 @@ UberLight::UberLight(const UberLight& source) : Inherited(source)
 
 UberLight::~UberLight()
 {
-    clearRefCP(_sfVisibilityReference.getValue());
-    clearRefCP(_sfLensFlareEffect.getValue());
+    assignCounted(_sfVisibilityReference.getValue(), NullFC);
+    assignCounted(_sfLensFlareEffect.getValue(), NullFC);
 }
 
 const char* UberLight::lightTypeName(LightType type)
@@ -124,12 +126,12 @@ void UberLight::setLightUnit(LightUnit unit)
 
 void UberLight::setVisibilityReference(const NodePtr& node)
 {
-    setRefdCP(_sfVisibilityReference.getValue(), node);
+    assignCounted(_sfVisibilityReference.getValue(), node);
 }
 
 void UberLight::setLensFlareEffect(const LensFlareEffectPtr& effect)
 {
-    setRefdCP(_sfLensFlareEffect.getValue(), effect);
+    assignCounted(_sfLensFlareEffect.getValue(), effect);
 }
 
 OSG_END_NAMESPACE

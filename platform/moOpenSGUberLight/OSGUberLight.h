@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OpenSG/OSGFieldTable.h>
 #include <OpenSG/OSGTransform3D.h>
 #include <moOpenSGUberLight/OSGLensFlareEffect.h>
 

@@ -1,8 +1,10 @@
 #include <moOpenSGUberMaterial/OSGUBRDFMaterial.h>
 
+#include <OpenSG/OSGCountedField.h>
+
 namespace osg {
 
-OSG_CONTAINER_IMPL(UBRDFMaterial, Material, OSG_UBRDFMATERIAL_FIELDS)
+OSG_CONTAINER_IMPL(UBRDFMaterial, ChunkMaterial, OSG_UBRDFMATERIAL_FIELDS)
 
 UBRDFMaterial::UBRDFMaterial(const UBRDFMaterial& source) : Inherited(source)
 {
@@ -11,12 +13,12 @@ UBRDFMaterial::UBRDFMaterial(const UBRDFMaterial& source) : Inherited(source)
 
 UBRDFMaterial::~UBRDFMaterial()
 {
-    subRefCP(getEnvironment());
+    assignCounted(_sfEnvironment.getValue(), NullFC);
 }
 
 void UBRDFMaterial::setEnvironment(const MaterialPtr& environment)
 {
-    if (environment.getCPtr() != this) setRefdCP(_sfEnvironment.getValue(), environment);
+    if (environment.getCPtr() != this) assignCounted(_sfEnvironment.getValue(), environment);
 }
 
 } // namespace osg

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <OpenSG/OSGChunkMaterial.h>
 #include <OpenSG/OSGFieldTable.h>
-#include <OpenSG/OSGMaterial.h>
 
 namespace osg {
 
 class UBRDFMaterial;
-typedef FCPtr<MaterialPtr, UBRDFMaterial> UBRDFMaterialPtr;
+typedef FCPtr<ChunkMaterialPtr, UBRDFMaterial> UBRDFMaterialPtr;
 
 // clang-format off
 //         type         Name          description    default
@@ -14,9 +14,11 @@ typedef FCPtr<MaterialPtr, UBRDFMaterial> UBRDFMaterialPtr;
     SINGLE(MaterialPtr, Environment,  "environment", NullFC)
 // clang-format on
 
-OSG_CONTAINER_BASE(UBRDFMaterial, Material, OSG_UBRDFMATERIAL_FIELDS)
+OSG_CONTAINER_BASE(UBRDFMaterial, ChunkMaterial, OSG_UBRDFMATERIAL_FIELDS)
 
 /// A material with a measured reflectance, lit by the environment that another material describes.
+///
+/// A chunk material without chunks: osg::Material itself leaves drawing to its derived classes.
 class UBRDFMaterial : public UBRDFMaterialBase
 {
     OSG_CONTAINER_OWNING(UBRDFMaterial)

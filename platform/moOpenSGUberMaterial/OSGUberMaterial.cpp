@@ -2,7 +2,7 @@
 
 namespace osg {
 
-OSG_CONTAINER_IMPL(UberMaterial, Material, OSG_UBERMATERIAL_FIELDS)
+OSG_CONTAINER_IMPL(UberMaterial, ChunkMaterial, OSG_UBERMATERIAL_FIELDS)
 
 UberMaterial::UberMaterial(const UberMaterial& source) : Inherited(source)
 {
@@ -12,7 +12,9 @@ UberMaterial::UberMaterial(const UberMaterial& source) : Inherited(source)
 
 UberMaterial::~UberMaterial()
 {
-    for (const ColorComponentSettingsPtr& settings : _mfColorComponents)
+    MFColorComponentSettingsPtr released;
+    released.swap(_mfColorComponents);
+    for (const ColorComponentSettingsPtr& settings : released)
         subRefCP(settings);
 }
 

@@ -2,12 +2,13 @@
 
 #include <moOpenSGUberMaterial/OSGColorComponentSettings.h>
 
-#include <OpenSG/OSGMaterial.h>
+#include <OpenSG/OSGChunkMaterial.h>
+#include <OpenSG/OSGFieldTable.h>
 
 namespace osg {
 
 class UberMaterial;
-typedef FCPtr<MaterialPtr, UberMaterial> UberMaterialPtr;
+typedef FCPtr<ChunkMaterialPtr, UberMaterial> UberMaterialPtr;
 
 // clang-format off
 //         type                       Name                 description
@@ -16,10 +17,10 @@ typedef FCPtr<MaterialPtr, UberMaterial> UberMaterialPtr;
     MULTI (Real32,                    ColorComponentData,  "colorComponentData")
 // clang-format on
 
-OSG_CONTAINER_BASE(UberMaterial, Material, OSG_UBERMATERIAL_FIELDS)
+OSG_CONTAINER_BASE(UberMaterial, ChunkMaterial, OSG_UBERMATERIAL_FIELDS)
 
 /// A material whose colours stand in separate containers, the colour component settings, which several materials may
-/// share.
+/// share. A chunk material without chunks: osg::Material itself leaves drawing to its derived classes.
 ///
 /// The renderer reads colorComponentData: for each component red, green and blue (times the intensity, zero when the
 /// component is off) and a fourth number, 1 for planar projection and 0 otherwise. The material packs the data anew

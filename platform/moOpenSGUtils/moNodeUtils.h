@@ -10,7 +10,7 @@
 /// Operations on the nodes of the scene.
 ///
 /// A node's transform is its own core when that is an osg::Transform3D (or a derived type, such as a light). \a
-/// variantIndex says which transform is meant: -1 the node's own, from 0 on the core of the node's transform variant at
+/// variantIndex says which transform to use: -1 the node's own, from 0 on the core of the node's transform variant at
 /// that position. Where there is no such transform (null node, another core, no such variant, a variant without core),
 /// a getter answers with the default (zero; scale one; order "XYZ") and a setter does nothing. Setters edit in a
 /// bracket of their own (origin 1). When a listener to an edit throws, all that the function writes is written, and the
@@ -106,7 +106,7 @@ void setTransformVariantsAttachment(const osg::NodePtr& node, const osg::Transfo
 /// for null.
 osg::TransformVariantsAttachmentPtr createTransformVariantsAttachment(const osg::NodePtr& node);
 
-/// Takes the attachment off the node, which destroys it unless somebody else holds a reference on it.
+/// Takes the attachment off the node, which destroys it unless it has another reference.
 void removeTransformVariantsAttachment(const osg::NodePtr& node);
 
 /// 0 for a node without attachment.

@@ -1,6 +1,8 @@
 #include <moSceneData/moSceneData.h>
 
+#include <OpenSG/OSGCountedField.h>
+
 void moSceneData::setSceneNode(const osg::NodePtr& node)
 {
-    osg::setRefdCP(m_sceneNode, node);
+    osg::assignCounted(m_sceneNode, node);
 }

@@ -18,7 +18,7 @@ public:
 
     /// Sets the top node; null unsets it. The scene data keeps a reference on the node until another one is set.
     ///
-    /// The reference of the last node is not given back at process end, when the scene graph may be gone already: an
+    /// The reference of the last node is not given back at process end, when the scene graph may be destroyed already: an
     /// application that closes its scene sets null.
     void setSceneNode(const osg::NodePtr& node);
 

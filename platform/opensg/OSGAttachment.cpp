@@ -28,12 +28,7 @@ void Attachment::subParent(const FieldContainerPtr& parent)
     if (found != _mfParents.end()) _mfParents.erase(found);
 }
 
-void Attachment::subParent(UInt32 index)
-{
-    if (index < _mfParents.size()) _mfParents.erase(_mfParents.begin() + index);
-}
-
-Int32 Attachment::findParent(const FieldContainerPtr& parent) const
+Int32 Attachment::findParent(const FieldContainerPtr& parent)
 {
     const auto found = _mfParents.find(parent);
     return found == _mfParents.end() ? -1 : static_cast<Int32>(found - _mfParents.begin());

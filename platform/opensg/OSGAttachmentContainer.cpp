@@ -25,7 +25,7 @@ AttachmentContainer::~AttachmentContainer()
     AttachmentMap attachments;
     attachments.swap(_sfAttachments.getValue());
     for (const auto& [key, attachment] : attachments)
-        release(attachment);
+        release(attachment, attachment);
 }
 
 void AttachmentContainer::addAttachment(const AttachmentPtr& attachment, UInt16 binding)
@@ -40,7 +40,7 @@ void AttachmentContainer::addAttachment(const AttachmentPtr& attachment, UInt16 
     beginEditCP(added, Attachment::ParentsFieldMask);
     added->addParent(getPtr());
     endEditCP(added, Attachment::ParentsFieldMask);
-    release(former);
+    release(former, former);
 }
 
 void AttachmentContainer::subAttachment(const AttachmentPtr& attachment, UInt16 binding)
@@ -51,7 +51,7 @@ void AttachmentContainer::subAttachment(const AttachmentPtr& attachment, UInt16 
     if (found == attachments.end()) return;
     const AttachmentPtr former = found->second;
     attachments.erase(found);
-    release(former);
+    release(former, attachment);
 }
 
 AttachmentPtr AttachmentContainer::findAttachment(UInt32 groupId, UInt16 binding) const
@@ -66,7 +66,7 @@ AttachmentPtr AttachmentContainer::findAttachment(const FieldContainerType& type
     return findAttachment(type.getGroupId(), binding);
 }
 
-void AttachmentContainer::release(const AttachmentPtr& attachment)
+void AttachmentContainer::release(const AttachmentPtr& attachment, const AttachmentPtr& told)
 {
     if (!attachment) return;
     // Given back at the end, also if a listener to the edit throws.
@@ -79,9 +79,9 @@ void AttachmentContainer::release(const AttachmentPtr& attachment)
         AttachmentPtr held;
     };
     const Reference reference(attachment);
-    beginEditCP(attachment, Attachment::ParentsFieldMask);
+    beginEditCP(told, Attachment::ParentsFieldMask);
     attachment->subParent(getPtr());
-    endEditCP(attachment, Attachment::ParentsFieldMask);
+    endEditCP(told, Attachment::ParentsFieldMask);
 }
 
 } // namespace osg

@@ -19,7 +19,7 @@ bool osgInit(Int32, Char8**, UInt16 major, UInt16 minor, UInt16, bool, bool, boo
     if (GlobalSystemState == Running) return true;
 
     ChangeList* const changes = Thread::getCurrentChangeList();
-    changes->setReadOnly(!ChangeList::getReadWriteDefault());
+    changes->setReadOnly(!ChangeList::s_readWriteDefault);
     const bool complete = FieldContainerFactory::the()->initialize();
     changes->clearAll();
 

@@ -8,7 +8,7 @@ namespace osg {
 
 namespace {
 
-FieldContainerType s_type("FieldContainer", "", "FieldContainer");
+FieldContainerType s_type("FieldContainer", nullptr, "FieldContainer");
 
 } // namespace
 
@@ -73,8 +73,8 @@ void FieldContainer::onDestroy() {}
 
 void FieldContainer::destroy()
 {
-    // References that come and go while the container is dying must not destroy it again.
-    m_refCount = 1 << 30;
+    // References that come and go meanwhile must not destroy it again.
+    m_dying = true;
     Thread::getCurrentChangeList()->addDestroyed(m_id);
     FieldContainerFactory::the()->unregisterFieldContainer(m_id);
     onDestroy();

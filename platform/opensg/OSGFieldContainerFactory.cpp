@@ -70,15 +70,12 @@ AttachmentPtr FieldContainerFactory::createAttachment(const Char8* typeName) con
 UInt32 FieldContainerFactory::registerFieldContainer(FieldContainer& container)
 {
     m_store.push_back(FieldContainerPtr(container));
-    ++m_numLive;
     return static_cast<UInt32>(m_store.size() - 1);
 }
 
 void FieldContainerFactory::unregisterFieldContainer(UInt32 id)
 {
-    if (!m_store[id]) return;
     m_store[id] = NullFC;
-    --m_numLive;
 }
 
 void FieldContainerFactory::registerType(FieldContainerType& type)

@@ -3,6 +3,8 @@
 #include <OpenSG/OSGLog.h>
 #include <OpenSG/OSGNode.h>
 
+#include <algorithm>
+
 namespace osg {
 
 FieldContainerType::FieldContainerType(const Char8* name, const Char8* parentName, const Char8* groupName,
@@ -89,7 +91,7 @@ AttachmentPtr FieldContainerType::createAttachment() const
 bool FieldContainerType::initialize()
 {
     if (m_initialized) return true;
-    if (*getCParentName() != '\0') {
+    if (getCParentName()) {
         FieldContainerType* const parent = FieldContainerFactory::the()->findType(getCParentName());
         if (!parent || !parent->initialize()) return false;
         m_parent = parent;
@@ -98,6 +100,12 @@ bool FieldContainerType::initialize()
     if (m_describe) {
         for (FieldDescription& description : m_describe())
             m_descriptions.push_back(description);
+    }
+    if (std::any_of(m_descriptions.begin(), m_descriptions.end(),
+                    [](const FieldDescription& description) { return *description.getCName() == '\0'; })) {
+        SWARNING << getCName() << " has a field without a name: the type stays uninitialised" << std::endl;
+        m_descriptions.clear();
+        return false;
     }
     if (m_descriptions.size() >= 64) SWARNING << getCName() << " has more fields than a mask has bits" << std::endl;
     for (const FieldDescription& description : m_descriptions)

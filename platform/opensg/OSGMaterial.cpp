@@ -1,3 +1,4 @@
+#include <OpenSG/OSGLog.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSimpleMaterial.h>
 
@@ -23,37 +24,58 @@ ChunkMaterial::~ChunkMaterial()
         subRefCP(chunk);
 }
 
-bool ChunkMaterial::addChunk(const StateChunkPtr& chunk, Int32 slot)
+bool ChunkMaterial::addChunk(StateChunkPtr chunk, Int32 slot)
 {
-    if (!chunk) return false;
     addRefCP(chunk);
     _mfChunks.push_back(chunk);
-    _mfSlots.push_back(slot);
+    if (slot != anySlot) {
+        _mfSlots.resize(_mfChunks.size(), anySlot);
+        _mfSlots[_mfChunks.size() - 1] = slot;
+    }
     return true;
 }
 
-bool ChunkMaterial::subChunk(const StateChunkPtr& chunk, Int32 slot)
+bool ChunkMaterial::subChunk(StateChunkPtr chunk, Int32 slot)
 {
-    const Int32 index = findChunk(chunk, slot);
-    if (index < 0) return false;
+    const Int32 index = findSlot(chunk, slot);
+    if (index < 0) {
+        SWARNING << "ChunkMaterial::subChunk: no such chunk in slot " << slot << std::endl;
+        return true;
+    }
     const StateChunkPtr former = _mfChunks[static_cast<UInt32>(index)];
     _mfChunks.erase(_mfChunks.begin() + index);
-    _mfSlots.erase(_mfSlots.begin() + index);
+    if (static_cast<UInt32>(index) < _mfSlots.size()) _mfSlots.erase(_mfSlots.begin() + index);
     subRefCP(former);
-    return true;
+    return false;
 }
 
-Int32 ChunkMaterial::findChunk(const StateChunkPtr& chunk, Int32 slot) const
+Int32 ChunkMaterial::find(StateChunkPtr chunk) const
 {
-    for (UInt32 i = 0; i < std::min(_mfChunks.size(), _mfSlots.size()); ++i) {
-        if (_mfChunks[i] == chunk && _mfSlots[i] == slot) return static_cast<Int32>(i);
+    const auto found = _mfChunks.find(chunk);
+    return found == _mfChunks.end() ? -1 : static_cast<Int32>(found - _mfChunks.begin());
+}
+
+Int32 ChunkMaterial::findSlot(const StateChunkPtr& chunk, Int32 slot) const
+{
+    for (UInt32 i = 0; i < _mfChunks.size(); ++i) {
+        if (_mfChunks[i] == chunk && (i < _mfSlots.size() ? _mfSlots[i] : anySlot) == slot)
+            return static_cast<Int32>(i);
     }
     return -1;
 }
 
 bool SimpleMaterial::isTransparent() const
 {
-    return getTransparencyMode() == TransparencyAutoDetection ? getTransparency() > 0.0f : Inherited::isTransparent();
+    return getTransparency() > 0.0f || Inherited::isTransparent();
+}
+
+void MaterialGroup::setMaterial(const MaterialPtr& material)
+{
+    const MaterialPtr next = material;
+    addRefCP(next);
+    const MaterialPtr former = _sfMaterial.getValue();
+    _sfMaterial.setValue(next);
+    subRefCP(former);
 }
 
 MaterialGroup::MaterialGroup(const MaterialGroup& source) : Inherited(source)

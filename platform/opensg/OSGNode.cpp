@@ -9,7 +9,6 @@ OSG_CONTAINER_IMPL(Node, AttachmentContainer, OSG_NODE_FIELDS)
 
 Node::Node(const Node& source) : Inherited(source), m_occlusionMask(source.m_occlusionMask)
 {
-    _sfVolume.getValue().setValid(false);
     _sfParent.setValue(NullFC);
     _mfChildren.clear();
     _sfCore.setValue(NullFC);
@@ -17,13 +16,22 @@ Node::Node(const Node& source) : Inherited(source), m_occlusionMask(source.m_occ
 
 Node::~Node()
 {
+    // Nobody is told of the volume any more.
+    _sfVolume.getValue().setValid(false);
+    setCore(NullFC);
     MFNodePtr children;
     children.swap(_mfChildren);
     for (const NodePtr& child : children) {
         setParentOf(child, NullFC);
         subRefCP(child);
     }
-    setCore(NullFC);
+}
+
+void Node::onCreate(const Node* source)
+{
+    if (!source) return;
+    if (source->getCore()) setCore(source->getCore());
+    invalidateVolume();
 }
 
 void Node::initMethod()
@@ -37,20 +45,20 @@ void Node::setCore(const NodeCorePtr& core)
 {
     const NodeCorePtr former = _sfCore.getValue();
     const NodeCorePtr next = core;
-    if (former == next) return;
     addRefCP(next);
-    _sfCore.setValue(next);
     if (former) {
         beginEditCP(former, NodeCore::ParentsFieldMask);
         former->subParent(getPtr());
         endEditCP(former, NodeCore::ParentsFieldMask);
-        subRefCP(former);
     }
+    _sfCore.setValue(next);
+    subRefCP(former);
     if (next) {
         beginEditCP(next, NodeCore::ParentsFieldMask);
         next->addParent(getPtr());
         endEditCP(next, NodeCore::ParentsFieldMask);
     }
+    invalidateVolume();
 }
 
 NodePtr Node::getChild(UInt32 index) const
@@ -94,9 +102,9 @@ bool Node::replaceChildBy(const NodePtr& oldChild, const NodePtr& newChild)
     addRefCP(next);
     detachFromParent(next);
     _mfChildren[static_cast<UInt32>(findChild(former))] = next;
-    setParentOf(next, getPtr());
     setParentOf(former, NullFC);
     subRefCP(former);
+    setParentOf(next, getPtr());
     invalidateVolume();
     return true;
 }
@@ -108,7 +116,7 @@ void Node::subChild(const NodePtr& child)
         SWARNING << "Node::subChild: not a child of this node" << std::endl;
         return;
     }
-    subChild(static_cast<UInt32>(index));
+    removeChild(static_cast<UInt32>(index), child);
 }
 
 void Node::subChild(UInt32 index)
@@ -118,6 +126,11 @@ void Node::subChild(UInt32 index)
         return;
     }
     const NodePtr child = _mfChildren[index];
+    removeChild(index, child);
+}
+
+void Node::removeChild(UInt32 index, const NodePtr& child)
+{
     _mfChildren.erase(_mfChildren.begin() + index);
     setParentOf(child, NullFC);
     subRefCP(child);
@@ -158,12 +171,12 @@ void Node::updateVolume()
 {
     DynamicVolume& volume = _sfVolume.getValue();
     if (volume.isValid() || volume.isStatic()) return;
-    // Marked first, so that a cycle ends.
-    beginEditCP(getPtr(), VolumeFieldMask);
+    // Marked first, so that a cycle ends; told after the children.
     volume.setValid();
-    endEditCP(getPtr(), VolumeFieldMask);
     for (UInt32 i = 0; i < getNChildren(); ++i)
         getChild(i)->updateVolume();
+    beginEditCP(getPtr(), VolumeFieldMask);
+    endEditCP(getPtr(), VolumeFieldMask);
 }
 
 void Node::invalidateVolume()
@@ -180,7 +193,14 @@ void Node::changed(BitVector whichField, UInt32 origin)
 {
     if (whichField & (CoreFieldMask | ChildrenFieldMask)) invalidateVolume();
     if (whichField & TravMaskFieldMask) {
-        if (const NodePtr parent = getParent()) parent->invalidateVolume();
+        if (const NodePtr parent = getParent()) {
+            // The parent is told once more, also when its volume was invalid before: intended, it has always been so.
+            beginEditCP(parent, VolumeFieldMask);
+            parent->invalidateVolume();
+            endEditCP(parent, VolumeFieldMask);
+        } else {
+            invalidateVolume();
+        }
     }
     Inherited::changed(whichField, origin);
 }
@@ -197,12 +217,13 @@ NodePtr makeNodeFor(const NodeCorePtr& core)
 NodePtr cloneTree(const NodePtr& root)
 {
     if (!root) return NullFC;
-    const NodePtr copy = NodePtr::dcast(root->shallowCopy());
-    beginEditCP(copy, Node::CoreFieldMask | Node::ChildrenFieldMask);
+    const NodePtr copy = Node::create();
+    beginEditCP(copy);
+    copy->setTravMask(root->getTravMask());
     copy->setCore(root->getCore());
     for (UInt32 i = 0; i < root->getNChildren(); ++i)
         copy->addChild(cloneTree(root->getChild(i)));
-    endEditCP(copy, Node::CoreFieldMask | Node::ChildrenFieldMask);
+    endEditCP(copy);
     return copy;
 }
 

@@ -116,7 +116,7 @@ TYPED_TEST(AddSourcesTest, NothingToAddOpensNoEdit)
     EXPECT_EQ(this->describe(this->aim), TypeParam::list(""));
 }
 
-TYPED_TEST(AddSourcesTest, SourceThatHasGoneIsPassedOver)
+TYPED_TEST(AddSourcesTest, SourceThatWasDestroyedIsPassedOver)
 {
     const auto command = this->make({this->lamp, this->door});
     this->destroy(this->lamp);
@@ -138,7 +138,7 @@ TYPED_TEST(AddSourcesTest, NullConstraintMakesItInert)
     EXPECT_THAT(this->edits.take(), IsEmpty());
 }
 
-TYPED_TEST(AddSourcesTest, ConstraintThatHasGoneIsPassedOver)
+TYPED_TEST(AddSourcesTest, ConstraintThatWasDestroyedIsPassedOver)
 {
     const auto command = this->make({this->lamp});
     command->redo();

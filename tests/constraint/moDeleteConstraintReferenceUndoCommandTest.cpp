@@ -190,7 +190,7 @@ TEST_F(DeleteConstraintReference, EachRoleIsToldOfAlsoWhenSomebodyElseWasThereBe
     osg::subRefCP(target);
 }
 
-TEST_F(DeleteConstraintReference, SceneObjectThatHasGoneComesBackAsARoleWithoutObject)
+TEST_F(DeleteConstraintReference, SceneObjectThatWasDestroyedComesBackAsARoleWithoutObject)
 {
     Command command(aim, {lamp}, nullptr);
     command.redo();
@@ -258,7 +258,7 @@ TEST_F(DeleteConstraintReference, NullAndDestroyedConstraintsArePassedOver)
     EXPECT_THAT(edits.take(), IsEmpty());
 }
 
-TEST_F(DeleteConstraintReference, ConstraintTakenAwayByAListenerIsNotEditedAnyMore)
+TEST_F(DeleteConstraintReference, ConstraintDestroyedByAListenerIsNotEditedAnyMore)
 {
     Command command(aim, {lamp}, nullptr);
     edits.onChange([this] { destroy(aim); });

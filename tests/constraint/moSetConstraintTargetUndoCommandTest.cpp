@@ -77,7 +77,7 @@ TEST_F(SetConstraintTarget, NullTargetTakesTheTargetAway)
     EXPECT_THAT(edits.take(), ElementsAre("aim target 1"));
 }
 
-TEST_F(SetConstraintTarget, TargetThatHasGoneLeavesTheConstraintUneditedAtRedo)
+TEST_F(SetConstraintTarget, TargetThatWasDestroyedLeavesTheConstraintUneditedAtRedo)
 {
     aim->createTarget(door);
     moSetConstraintTargetUndoCommand command(aim, lamp, nullptr);

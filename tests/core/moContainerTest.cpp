@@ -66,7 +66,7 @@ TEST(ContainerReference, IsHandedOnByMoving)
     osg::subRefCP(node);
 }
 
-TEST(ContainerReference, DoesNothingAtItsEndWhenTheContainerHasGone)
+TEST(ContainerReference, DoesNothingAtItsEndWhenTheContainerWasDestroyed)
 {
     osg::NodePtr node = osg::Node::create();
     {
@@ -102,7 +102,7 @@ TEST(ContainerEdit, ClosesOnceWithItsMaskAlsoWhenTheEditThrows)
     osg::subRefCP(node);
 }
 
-TEST(ContainerEdit, IsNotClosedForAContainerThatHasGoneMeanwhile)
+TEST(ContainerEdit, IsNotClosedForAContainerThatWasDestroyedMeanwhile)
 {
     osg::ChangeList& changes = *osg::Thread::getCurrentChangeList();
     osg::NodePtr node = osg::Node::create();

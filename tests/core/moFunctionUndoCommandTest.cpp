@@ -167,7 +167,7 @@ TEST_F(FunctionUndoCommand, RefusesToMergeWithACommandThatOnlyPretendsToHaveItsI
     EXPECT_EQ(stack.size(), 2);
 }
 
-TEST_F(FunctionUndoCommand, OfANodeThatHasGoneDoesNothingAndKeepsItsValue)
+TEST_F(FunctionUndoCommand, OfANodeThatWasDestroyedDoesNothingAndKeepsItsValue)
 {
     rename("after");
     osg::subRefCP(node);

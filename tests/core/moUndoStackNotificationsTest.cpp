@@ -242,6 +242,17 @@ TEST_F(Notifications, WithoutAMessageCallbackBuildNoMessageAndStillReachTheOther
                                           "signal undo \"a\"", "changed \"a\" false"));
 }
 
+TEST_F(Notifications, SendNoMessageOnceMakingItTookTheCallbackAway)
+{
+    struct Last : FamilyCommand
+    {
+        using FamilyCommand::FamilyCommand;
+        void makeMessage(moMessage&) const override { moUndoStack::get().setMessageCallback(nullptr); }
+    };
+    stack.add(trace.watch(new Last("a"), "a"));
+    EXPECT_THAT(trace.take(), ElementsAre("signal redo \"a\" added", "changed \"a\" true"));
+}
+
 TEST_F(Notifications, SeeTheEditMadeAndTheIndexMoved)
 {
     int value = 0;

@@ -1,6 +1,5 @@
 #include <editsession/FieldContents.h>
 
-#include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGMFSysTypes.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSFMathTypes.h>
@@ -76,18 +75,6 @@ TEST(FieldContents, OfHandlesAreIdsAndZeroForNull)
 TEST(FieldContents, CannotBeReadOfATypeThatStandsInNoTable)
 {
     EXPECT_THROW(readerOf(osg::SFVec2s()), std::logic_error);
-}
-
-/// Whatever a container of the scene's libraries has, the digest can read.
-TEST(FieldContents, CanBeReadOfEveryFieldOfEveryTypeThatHasContainers)
-{
-    const osg::FieldContainerFactory& factory = *osg::FieldContainerFactory::the();
-    for (osg::UInt32 id = 1; id < 10000; ++id) {
-        const osg::FieldContainerPtr container = factory.getContainer(id);
-        if (container == osg::NullFC) continue;
-        for (osg::UInt32 field = 1; field <= container->getType().getNumFieldDescs(); ++field)
-            EXPECT_NO_THROW(readerOf(*container->getField(field))) << container->getType().getCName() << ' ' << field;
-    }
 }
 
 } // namespace

@@ -159,7 +159,9 @@ TEST_F(ModelLoader, ARotationIsTheSameToTheBitAfterItsAnglesOrItsQuaternionWereW
     const Model model = loadModel(files.write("turned.gltf", gltf(nodes)));
     ASSERT_EQ(model.nodes.size(), count + 1U);
     const auto bits = [](const osg::Transform3DPtr& t) {
-        return t->getSFEulerRotation()->getValueByStr() + " | " + t->getSFRotation()->getValueByStr();
+        std::string euler;
+        std::string rotation;
+        return t->getSFEulerRotation()->getValueByStr(euler) + " | " + t->getSFRotation()->getValueByStr(rotation);
     };
     for (const osg::NodePtr& node : model.nodes) {
         const osg::Transform3DPtr t = transform(node);

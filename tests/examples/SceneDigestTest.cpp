@@ -176,7 +176,8 @@ TEST_F(SceneDigest, OfAWatchIsThatOfTheWholeSceneAfterEachEdit)
         [&] { move(model.root.get(), 2.f); },
         [&] {
             const osg::CPEditor edit(second, osg::Node::ChildrenFieldMask);
-            second->addChild(child = osg::makeNodeFor(osg::Transform3D::create()));
+            child = osg::makeNodeFor(osg::Transform3D::create());
+            second->addChild(child);
         },
         [&] { move(child, 3.f); },
         [&] {

@@ -4,7 +4,7 @@
 #include <QtCore/QString>
 #include <QtCore/QTemporaryDir>
 
-/// Model files of a test, in a directory that goes with it.
+/// Model files of a test, in a directory that is removed with it.
 class ModelFiles
 {
 public:

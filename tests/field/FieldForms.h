@@ -4,7 +4,7 @@
 
 #include <OpenSG/OSGField.h>
 #include <OpenSG/OSGFieldContainer.h>
-#include <OpenSG/OSGFieldTypes.h>
+#include <OpenSG/OSGFieldTable.h>
 
 #include <functional>
 #include <iosfwd>

@@ -208,7 +208,7 @@ TEST_F(ImageFieldTest, AnUnresolvedFieldKeepsNoOldImageAndStillReleasesTheNewOne
     EXPECT_EQ(references(), "old 1, new gone, field old");
 }
 
-TEST_F(ImageFieldTest, ImagesOutliveAContainerThatHasGoneUntilTheStepIsCleared)
+TEST_F(ImageFieldTest, ImagesOutliveAContainerThatWasDestroyedUntilTheStepIsCleared)
 {
     setField(watch("old", makeImage({1})));
     const auto image = watch("new", makeImage({2}));

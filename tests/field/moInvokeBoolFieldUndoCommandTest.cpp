@@ -279,7 +279,7 @@ TEST_F(InvokeBoolFieldTest, TheReceiverIsToldEvenWhenTheFieldIsNotThere)
     EXPECT_EQ(receiver.take(), Lines({"setOn true"})) << "nothing was exchanged";
 }
 
-TEST_F(InvokeBoolFieldTest, TheReceiverIsToldWhenTheContainerHasGone)
+TEST_F(InvokeBoolFieldTest, TheReceiverIsToldWhenTheContainerWasDestroyed)
 {
     stack.add(command(true, "setOn(bool)"));
     stack.undo();

@@ -20,7 +20,7 @@ std::set<std::string> exportedCommandClasses()
         const std::size_t kind = line.find(' ');
         if (kind == std::string::npos || kind + 3 > line.size()) continue;
         const std::string name = line.substr(kind + 3);
-        // Also ending like this: "guard variable for X::commandId()::cmdId".
+        // Other symbols end like this: "guard variable for X::commandId()::cmdId".
         if (name.size() <= suffix.size() || name.compare(name.size() - suffix.size(), suffix.size(), suffix) != 0)
             continue;
         classes.insert(name.substr(0, name.size() - suffix.size()));

@@ -3,5 +3,5 @@
 #include <set>
 #include <string>
 
-/// The names of the classes that the built library exports a commandId() of.
+/// The names of the classes whose commandId() the built library exports.
 std::set<std::string> exportedCommandClasses();

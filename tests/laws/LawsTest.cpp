@@ -1,13 +1,12 @@
-// The laws of undo: what holds for every command of the library, whatever it edits.
+// The laws of undo: what holds for every command of the library.
 //
 // Each law is written once and runs for every class, through the table of samples in tests/support/Samples.cpp, which
-// says how to make a command of the class on a fresh scene. A class without a row fails the first law. The few classes
-// that are excepted from a law, on purpose, say so in their row, with the reason; the law then asks for what the
-// exception promises instead.
+// says how to make a command of the class on a new scene. A class without a row fails the first law. An intended
+// exception of a class from a law stands in its row, with the reason; the law then asks for what the exception says.
 //
-// Read from top to bottom: there is a row for each class (1); undo and redo (2); merging (3); what commands hold and
-// what happens when their targets go (4); what is told to the scene (5) and to listeners (6); the places where a
-// command can stand (7).
+// In this order: there is a row for each class (1); undo and redo (2); merging (3); references, and targets that are
+// destroyed (4); changes that are announced to the scene (5); reports to the stack's listeners (6); the places where a
+// command can be (7).
 
 #include <laws/ExportedClasses.h>
 
@@ -43,7 +42,7 @@ using Lines = std::vector<std::string>;
 constexpr double interval = 0.5;
 constexpr double tick = 1.0 / (1 << 20);
 
-/// A law of every class: a fresh scene, and the commands of the row.
+/// A law of every class: a new scene, and the commands of the row.
 class EveryClass : public UndoTest, public testing::WithParamInterface<Sample>
 {
 protected:
@@ -60,7 +59,7 @@ protected:
         UndoTest::TearDown();
     }
 
-    /// Empty stacks and a new scene.
+    /// Empties the stacks and makes a new scene.
     void startAnew()
     {
         moUndoStack::clearAll();
@@ -69,7 +68,7 @@ protected:
         scene->target.mergeInterval = scene->other.mergeInterval = interval;
     }
 
-    /// The k-th command of a series on the target.
+    /// Makes the k-th command of a series on the target.
     moUndoCommandBase* make(int k) { return GetParam().make(scene->target, k); }
 
     void push(int k) { stack.addOrExecute(make(k)); }
@@ -90,7 +89,7 @@ protected:
         return entry == GetParam().exceptions.end() ? std::string() : entry->second;
     }
 
-    /// Expects the steps of the stack to lead back to the scene that was before the first, and from there forth again.
+    /// Expects that undoing all steps gives the scene from before the first one, and that redoing them gives this one.
     void expectToGoBackTo(const Lines& before)
     {
         if (!isUndoable()) return;
@@ -289,7 +288,7 @@ TEST_P(NeverMergingClass, KeepsTheStepsOfAFastSeriesApart)
 
 TEST_P(EveryClass, DoesNotMergeWithACommandOnAnotherTarget)
 {
-    execute(scene->other, 0); // both targets have been given the same then
+    execute(scene->other, 0); // now both targets have the same values
     const Lines before = scene->digest();
     push(0);
     stack.addOrExecute(GetParam().make(scene->other, 1));
@@ -423,7 +422,7 @@ TEST_P(UndoableClass, HoldsNothingMoreWhenItGoesAfterUndo)
 
     push(0);
     stack.undo();
-    push(1); // takes the undone command off the stack
+    push(1); // deletes the undone command
     stack.undo();
     stack.clear();
     EXPECT_EQ(scene->references(), before) << "replaced";
@@ -459,7 +458,7 @@ TEST_P(EveryClass, LeavesWhatItsEditAloneLeavesWhenItGoes)
     EXPECT_EQ(liveContainerCount(), executedCount);
 }
 
-/// When a container can go, as seen by a command.
+/// When in the life of a command its target is destroyed.
 enum class Moment
 {
     BeforeTheFirstRedo,
@@ -470,7 +469,7 @@ enum class Moment
 class CommandWhoseTargetGoes : public EveryClass
 {
 protected:
-    /// Brings a command to the moment, destroys the containers of the roles, and lets it go on.
+    /// Runs a command up to the moment, destroys the containers of the roles, and runs its other steps.
     void run(Moment moment, const Lines& roles)
     {
         startAnew();
@@ -532,7 +531,7 @@ TEST_P(ClassWithTarget, DoesNotKeepItsTargetAlive)
 {
     const osg::UInt32 id = scene->target.container(GetParam().target).getFieldContainerId();
     const auto isAlive = [id] { return osg::FieldContainerFactory::the()->getContainer(id) != osg::NullFC; };
-    // A target that others of the scene hold, too, goes when they go.
+    // A target on which others of the scene hold a reference is destroyed with them.
     push(0);
     stack.undo();
     for (const std::string& role : scene->target.roles())
@@ -542,7 +541,7 @@ TEST_P(ClassWithTarget, DoesNotKeepItsTargetAlive)
     EXPECT_FALSE(isAlive());
 }
 
-// --- 5. What the scene is told ---------------------------------------------------------------------------------------
+// --- 5. Changes that are announced -----------------------------------------------------------------------------------
 
 TEST_P(EveryClass, AnnouncesItsEditsWithTheDocumentedFieldsAndOrigin)
 {
@@ -558,7 +557,7 @@ TEST_P(EveryClass, AnnouncesItsEditsWithTheDocumentedFieldsAndOrigin)
 
 TEST_P(EveryClass, WritesAnewAndAnnouncesWhatIsSoAlready)
 {
-    // Two alike that were made on the same scene: the first leaves the second nothing to change.
+    // Two equal commands made for the same state: after the first, the scene has the second one's values already.
     moUndoCommandBase* const before = make(0);
     moUndoCommandBase* const alike = make(0);
     setMergingEnabled(*before, false);
@@ -575,11 +574,11 @@ TEST_P(EveryClass, WritesAnewAndAnnouncesWhatIsSoAlready)
 
 TEST_P(EveryClass, AnnouncesEveryFieldThatItWrites)
 {
-    // From both sides: "container.field" of each line that differs, and of each field in a notification.
+    // Compares two sets of "container.field": the lines that differ, and the fields that were announced.
     std::set<std::string> names;
     for (const auto& entry : scene->target.named())
         names.insert(entry.first);
-    // A transform brings these in step with its other fields when it hears of an edit.
+    // A transform computes these from its other fields when they change.
     const std::set<std::string> derived = {"matrix", "rotation", "eulerRotation"};
     const auto written = [&names, &derived](const Lines& before, const Lines& after) {
         std::set<std::string> fields;
@@ -627,7 +626,7 @@ TEST_P(EveryClass, AnnouncesEveryFieldThatItWrites)
         EXPECT_THAT(missing, IsEmpty());
 }
 
-// --- 6. What listeners are told --------------------------------------------------------------------------------------
+// --- 6. Reports ------------------------------------------------------------------------------------------------------
 
 Lines replaceAll(Lines lines, const std::string& what, const std::string& with)
 {
@@ -700,7 +699,7 @@ TEST_P(EveryClass, DescribesItselfWhateverTheMessageHeldBefore)
 
 // --- 7. Places -------------------------------------------------------------------------------------------------------
 
-/// The first command of a series does the same wherever it stands.
+/// The first command of a series does the same in every place.
 class EveryPlace : public EveryClass
 {
 protected:
@@ -713,7 +712,7 @@ protected:
         startAnew();
     }
 
-    /// Expects one step on the stack that makes and takes back what the command alone does.
+    /// Expects one step on the stack whose redo and undo do the same as those of the command alone.
     void expectOneStep(moUndoStack& on)
     {
         EXPECT_EQ(on.size(), 1);

@@ -1,4 +1,4 @@
-// docs/messages.md and what the commands of the samples really send, key by key.
+// Compares docs/messages.md with the messages that the commands of the samples send, key by key.
 
 #include <support/Samples.h>
 #include <support/Trace.h>
@@ -23,11 +23,11 @@ using testing::ElementsAre;
 
 using Lines = std::vector<std::string>;
 
-/// A row of the page's tables: one key of the classes that are named in its row or in one above.
+/// A row of the page's tables: one key of the classes that are named in this row or in one above.
 struct Row
 {
-    std::string key;  ///< `node=uint`; empty for the first child's
-    bool isLeftOut;   ///< whether there are cases without it
+    std::string key;  ///< `node=uint`; empty for the keys of the first child
+    bool isLeftOut;   ///< whether some messages do not have it
     bool isForNobody; ///< a dash: the classes have no key of their own
 };
 
@@ -145,7 +145,7 @@ protected:
         return keys;
     }
 
-    /// What the page says that a command of the class sends from "id" on.
+    /// The keys from "id" on that the page names for the class.
     static Lines promised(const std::string& className, const QUndoCommand& command, bool ofNull)
     {
         Lines keys;

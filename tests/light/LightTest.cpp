@@ -82,11 +82,6 @@ osg::UInt32 idOf(const osg::FieldContainerPtr& container)
     return container == osg::NullFC ? 0 : osg::getContainerId(container);
 }
 
-bool isAlive(unsigned int id)
-{
-    return osg::FieldContainerFactory::the()->getContainer(id) != osg::NullFC;
-}
-
 std::string describeLight(const osg::NodePtr& light)
 {
     const osg::UberLightPtr core = coreOf(light);

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-/// A root, below it the top node of scene 0, and below that whatever lights and nodes a test makes.
+/// A root, below it the top node of scene 0, and below that the lights and nodes that a test makes.
 ///
 /// Containers made here are held with one reference until drop() or the end of the test.
 class LightTest : public UndoTest
@@ -32,10 +32,10 @@ protected:
         return container;
     }
 
-    /// Gives the test's own reference back; the container goes if it was the last.
+    /// Gives the test's own reference back; the container is destroyed if it was the last.
     void drop(const osg::FieldContainerPtr& container);
 
-    /// A node below the top node with a core of the type; its name tells it apart in descriptions.
+    /// A node below the top node with a core of the type. Its name identifies it in descriptions.
     template<class Core>
     osg::NodePtr makeNode(const std::string& name)
     {
@@ -43,16 +43,17 @@ protected:
     }
     osg::NodePtr makeLight(const std::string& name = "light") { return makeNode<osg::UberLight>(name); }
 
-    /// The same, with a core that tells EditTrace of its changes; goodbye is the last, when the node goes.
+    /// The same, with a core that reports its changes to EditTrace. The last one is goodbye, when the node is
+    /// destroyed.
     osg::NodePtr makeTracedLight();
     static constexpr const char* goodbye = "TracedUberLight parents 1";
-    /// A set that tells EditTrace of its changes.
+    /// A set that reports its changes to EditTrace.
     static osg::LightLinkSetPtr makeTracedSet();
 
     /// A node with the core, below the parent, which alone holds it.
     osg::NodePtr place(const osg::NodePtr& parent, const std::string& name, const osg::NodeCorePtr& core);
 
-    /// Takes the node out of its tree; it goes with its core unless somebody else holds it.
+    /// Removes the node from its parent. This destroys it with its core, unless something else holds it.
     void destroy(osg::NodePtr node);
 
     osg::NodePtr root;
@@ -64,9 +65,8 @@ private:
 
 osg::UberLightPtr coreOf(const osg::NodePtr& light);
 osg::UInt32 idOf(const osg::FieldContainerPtr& container);
-bool isAlive(unsigned int id);
 
-/// Everything that a light is, in one line.
+/// All properties of a light, in one line.
 std::string describeLight(const osg::NodePtr& light);
 /// All settings of an effect, and the ids of its elements.
 std::string describeEffect(const osg::LensFlareEffectPtr& effect);
@@ -82,7 +82,7 @@ std::vector<unsigned int> idsOf(const List& list)
     return ids;
 }
 
-/// Collects the edits that are closed while it lives, as (container id, mask).
+/// Collects the edits that are closed while it exists, as (container id, mask).
 class EditLog
 {
 public:

@@ -187,7 +187,7 @@ TEST_F(VisibilityReference, ANodeThatNobodyHoldsYetSurvivesBothSteps)
     EXPECT_EQ(fresh.getRefCount(), 1) << "the light's";
 }
 
-TEST_F(VisibilityReference, ANodeThatAListenerOfTheLightLetsGoIsNotEditedAnyMore)
+TEST_F(VisibilityReference, ANodeThatAListenerOfTheLightReleasesIsNotEditedAnyMore)
 {
     light = coreOf(makeTracedLight());
     const osg::NodePtr fresh = osg::Node::create();
@@ -200,7 +200,7 @@ TEST_F(VisibilityReference, ANodeThatAListenerOfTheLightLetsGoIsNotEditedAnyMore
     EXPECT_THAT(edits.take(), testing::ElementsAre("TracedUberLight visibilityReference 1"));
 }
 
-TEST_F(VisibilityReference, ALightThatGoesWithTheReferenceItLetsGoIsNotEditedAnyMoreAndHoldsNoOtherNode)
+TEST_F(VisibilityReference, ALightDestroyedWithTheReferenceItReleasesIsNotEditedAnyMoreAndHoldsNoOtherNode)
 {
     const osg::NodePtr group = makeNode<osg::Group>("group");
     light = coreOf(place(group, "light", osg::UberLight::create()));
@@ -257,7 +257,7 @@ TEST_F(VisibilityReference, NullLightOrNodeMakesTheCommandInert)
     EXPECT_THAT(edits.take(), testing::IsEmpty());
 }
 
-TEST_F(VisibilityReference, ALightThatHasGoneLeavesTheNodeAsItIs)
+TEST_F(VisibilityReference, ALightThatWasDestroyedLeavesTheNodeAsItIs)
 {
     stack.addOrExecute(new Command(light, node, adding, nullptr));
     destroy(light->getParents()[0]);
@@ -268,7 +268,7 @@ TEST_F(VisibilityReference, ALightThatHasGoneLeavesTheNodeAsItIs)
     EXPECT_THAT(edits.take(), testing::IsEmpty());
 }
 
-TEST_F(VisibilityReference, ANodeThatHasGoneLeavesTheLightAsItIs)
+TEST_F(VisibilityReference, ANodeThatWasDestroyedLeavesTheLightAsItIs)
 {
     stack.addOrExecute(new Command(light, node, adding, nullptr));
     stack.undo();

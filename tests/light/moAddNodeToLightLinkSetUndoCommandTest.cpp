@@ -1,41 +1,12 @@
-#include <light/LightTest.h>
+#include <light/LightLinkTest.h>
 #include <support/WholeSteps.h>
-
-#include <moUndoStack/light/moAddNodeToLightLinkSetUndoCommand.h>
 
 #include <moOpenSGUtils/moOpenSGUtils.h>
 #include <moSceneData/moSceneDataManager.h>
 
-#include <OpenSG/OSGGroup.h>
-
 #include <QtWidgets/QUndoStack>
 
 namespace {
-
-using Command = moAddNodeToLightLinkSetUndoCommand;
-
-constexpr bool adding = false, removing = true;
-constexpr unsigned int lights = 3;
-
-/// The set, its node in the scene, and what all tests ask of it.
-class LightLinkTest : public LightTest
-{
-protected:
-    void SetUp() override
-    {
-        LightTest::SetUp();
-        set = osg::LightLinkSet::create();
-        setNode = place(root, "set", set);
-    }
-
-    osg::NodePtr make(const std::string& name) { return makeNode<osg::Group>(name); }
-
-    std::string inLights() const { return namesOf(set->getLights()); }
-    std::string inSceneNodes() const { return namesOf(set->getSceneNodes()); }
-
-    osg::LightLinkSetPtr set;
-    osg::NodePtr setNode;
-};
 
 /// The same tests for both lists.
 class LightLinkList : public LightLinkTest, public testing::WithParamInterface<unsigned int>
@@ -249,7 +220,7 @@ TEST_P(LightLinkList, ASetDestroyedBetweenRedoAndUndoMakesBothNoOps)
     EXPECT_EQ(a.getRefCount(), 1);
 }
 
-TEST_P(LightLinkList, ANodeThatHasGoneIsSkippedAndTheOthersKeepTheirIndices)
+TEST_P(LightLinkList, ANodeThatWasDestroyedIsSkippedAndTheOthersKeepTheirIndices)
 {
     const auto nodes = listed("abcd");
     stack.addOrExecute(new Command(set, {nodes[0], nodes[1], nodes[2]}, listType(), removing, nullptr));
@@ -285,7 +256,7 @@ TEST_P(LightLinkList, NodesThatAreNotTakenLeaveTheIndicesWithTheirNodes)
     EXPECT_THAT(log.take(), testing::SizeIs(1));
 }
 
-TEST_P(LightLinkList, ASetTakenAwayByAListenerIsNotEditedAnyMore)
+TEST_P(LightLinkList, ASetDestroyedByAListenerIsNotEditedAnyMore)
 {
     const auto a = make("a"), b = make("b");
     const osg::NodePtr holder = place(root, "traced set", makeTracedSet());
@@ -311,7 +282,7 @@ TEST_P(LightLinkList, TakesAllNodesThoughAListenerToTheFirstThrows)
                                           [this] { return list(); });
 }
 
-TEST_P(LightLinkList, ASetThatGoesWithTheNodeTakenOutIsNotEditedAnyMore)
+TEST_P(LightLinkList, ASetDestroyedWithTheNodeTakenOutIsNotEditedAnyMore)
 {
     const auto above = make("above"), b = make("b");
     const osg::NodePtr holder = place(above, "set", osg::LightLinkSet::create());
@@ -377,150 +348,6 @@ TEST_F(LightLinkListType, OnlyThreeIsTheListOfLights)
     }
     stack.addOrExecute(new Command(set, make("b"), 3, adding, nullptr));
     EXPECT_EQ(inLights(), "b");
-}
-
-/// A stand-in is a node outside the scene whose core is that of a light in the scene.
-class SharedCoreLight : public LightLinkTest
-{
-protected:
-    static constexpr osg::UInt32 sharedCore = 0x2, notInScene = 0x1000;
-
-    void SetUp() override
-    {
-        LightLinkTest::SetUp();
-        core = osg::UberLight::create();
-        standIn = place(root, "standIn", core);
-        standIn->setExternalFlags(sharedCore | 0x4);
-    }
-
-    osg::NodePtr share(const osg::NodePtr& parent, const std::string& name) { return place(parent, name, core); }
-
-    /// What the list of lights holds after the stand-in was added.
-    std::string added()
-    {
-        stack.addOrExecute(new Command(set, standIn, lights, adding, nullptr));
-        return inLights();
-    }
-
-    osg::UberLightPtr core;
-    osg::NodePtr standIn;
-};
-
-TEST_F(SharedCoreLight, TheOneRealNodeTakesItsPlaceInBothDirections)
-{
-    const auto real = share(sceneNode, "real");
-    EXPECT_EQ(added(), "real");
-    stack.undo();
-    EXPECT_EQ(inLights(), "");
-    set->addLight(make("a"));
-    set->addLight(real);
-    stack.addOrExecute(new Command(set, standIn, lights, removing, nullptr));
-    EXPECT_EQ(inLights(), "a");
-    stack.undo();
-    EXPECT_EQ(inLights(), "a real");
-}
-
-TEST_F(SharedCoreLight, TheRealNodeIsThatOfConstruction)
-{
-    share(sceneNode, "real");
-    auto* command = new Command(set, standIn, lights, adding, nullptr);
-    share(sceneNode, "late");
-    stack.addOrExecute(command);
-    EXPECT_EQ(inLights(), "real");
-}
-
-TEST_F(SharedCoreLight, ARealNodeThatIsListedAlreadyIsNotAddedAgain)
-{
-    set->addLight(share(sceneNode, "real"));
-    EXPECT_EQ(added(), "real");
-    stack.undo();
-    EXPECT_EQ(inLights(), "real");
-}
-
-TEST_F(SharedCoreLight, WithoutARealNodeItIsSkippedSilently)
-{
-    EXPECT_EQ(added(), "");
-    EXPECT_THAT(log.lines(), testing::IsEmpty());
-}
-
-TEST_F(SharedCoreLight, WithTwoRealNodesItIsSkipped)
-{
-    share(sceneNode, "one");
-    share(sceneNode, "two");
-    EXPECT_EQ(added(), "");
-}
-
-TEST_F(SharedCoreLight, OtherStandInsAndNodesKeptBesideTheSceneAreNoCandidates)
-{
-    share(sceneNode, "standIn too")->setExternalFlags(sharedCore);
-    share(sceneNode, "beside")->setFlags(notInScene);
-    EXPECT_EQ(added(), "");
-    share(sceneNode, "real")->setFlags(~notInScene);
-    EXPECT_EQ(added(), "real");
-}
-
-TEST_F(SharedCoreLight, OnlyNodesBelowTheTopNodeOfSceneZeroAreCandidates)
-{
-    share(root, "beside the scene");
-    EXPECT_EQ(added(), "");
-    share(make("group"), "deep");
-    EXPECT_EQ(added(), "deep");
-}
-
-TEST_F(SharedCoreLight, WithoutASceneThereIsNoCandidate)
-{
-    share(sceneNode, "real");
-    moSceneDataManager::getSceneData(0)->setSceneNode(osg::NullFC);
-    EXPECT_EQ(added(), "");
-}
-
-TEST_F(SharedCoreLight, NullParentsOfTheCoreAreSkipped)
-{
-    share(sceneNode, "real");
-    core->getParents().push_back(osg::NullFC);
-    EXPECT_EQ(added(), "real");
-    core->getParents().erase(core->getParents().end() - 1);
-}
-
-TEST_F(SharedCoreLight, AStandInWithoutCoreOrWhoseCoreKnowsNoParentsIsSkipped)
-{
-    standIn->setCore(osg::NullFC);
-    EXPECT_EQ(added(), "");
-    standIn->setCore(osg::UberLight::create());
-    const auto parents = standIn->getCore()->getParents();
-    standIn->getCore()->getParents().clear();
-    EXPECT_EQ(added(), "");
-    standIn->getCore()->getParents() = parents;
-}
-
-TEST_F(SharedCoreLight, InTheListOfSceneNodesAStandInIsANodeLikeAnyOther)
-{
-    share(sceneNode, "real");
-    stack.addOrExecute(new Command(set, standIn, 0, adding, nullptr));
-    EXPECT_EQ(inSceneNodes(), "standIn");
-}
-
-TEST_F(SharedCoreLight, ANodeWithoutTheFlagIsTakenAsItIsEvenIfItIsNoLight)
-{
-    share(sceneNode, "real");
-    standIn->setExternalFlags(0x1 | 0x4 | 0x10);
-    EXPECT_EQ(added(), "standIn");
-    stack.addOrExecute(new Command(set, make("group"), lights, adding, nullptr));
-    EXPECT_EQ(inLights(), "standIn group");
-}
-
-TEST_F(SharedCoreLight, TheRootIsRefusedBeforeItsFlagsAreLookedAt)
-{
-    root->setExternalFlags(sharedCore);
-    stack.addOrExecute(new Command(set, root, lights, adding, nullptr));
-    EXPECT_THAT(log.take(), testing::ElementsAre("error: Cannot add Root to Light Link Set."));
-}
-
-TEST_F(SharedCoreLight, OtherNodesOfTheCallAreNotAffected)
-{
-    const auto a = make("a"), b = make("b");
-    stack.addOrExecute(new Command(set, {a, standIn, b}, lights, adding, nullptr));
-    EXPECT_EQ(inLights(), "a b");
 }
 
 } // namespace

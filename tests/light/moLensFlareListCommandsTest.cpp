@@ -76,7 +76,7 @@ protected:
     void destroyOwner(const osg::NodePtr& light) { destroy(light); }
     void destroyOwner(const osg::LensFlareGhostLinePtr& line) { drop(line); }
 
-    /// Items that are in the owner's list already, and nowhere else.
+    /// Items that are in the owner's list, which alone holds them.
     std::vector<typename Kind::ItemPtr> listed(std::size_t count)
     {
         std::vector<typename Kind::ItemPtr> items;
@@ -244,7 +244,7 @@ TYPED_TEST(LensFlareList, ANullOwnerIsHarmlessAndItsIdIsZero)
     EXPECT_EQ(item.getRefCount(), 1);
 }
 
-TYPED_TEST(LensFlareList, AnOwnerThatHasGoneMakesEveryStepHarmless)
+TYPED_TEST(LensFlareList, AnOwnerThatWasDestroyedMakesEveryStepHarmless)
 {
     USING_KIND
     const ItemPtr item = this->keep(Item::create());
@@ -339,7 +339,7 @@ TYPED_TEST(LensFlareList, AnItemDestroyedByOthersIsLeftOutOfEveryLaterStep)
     const ItemPtr other = Item::create();
     this->stack.addOrExecute(new Add(this->owner, {item, other}, nullptr));
     this->stack.undo();
-    osg::subRefCP(item); // somebody gives back the command's reference by mistake
+    osg::subRefCP(item); // gives back the command's reference by mistake
     this->stack.redo();
     EXPECT_EQ(this->list(), Ids{idOf(other)});
     this->stack.undo();

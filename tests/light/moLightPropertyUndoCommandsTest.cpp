@@ -17,7 +17,7 @@ namespace {
 
 using Light = osg::UberLight;
 
-/// One property command: how two of them are made, and what can be said of it.
+/// One property command: how two of them are made, and what to expect of it.
 struct Row
 {
     std::string command;
@@ -248,7 +248,7 @@ TEST_P(LightProperty, ANullLightMakesTheCommandInert)
     EXPECT_EQ(describeLight(light), before);
 }
 
-TEST_P(LightProperty, ALightThatHasGoneMakesEveryStepANoOp)
+TEST_P(LightProperty, ALightThatWasDestroyedMakesEveryStepANoOp)
 {
     const unsigned int id = idOf(light);
     stack.addOrExecute(the.first(light));
@@ -335,7 +335,7 @@ TEST_F(LightPropertyDetails, OnAndOffInQuickSuccessionBecomeOneStep)
 
 TEST_F(LightPropertyDetails, ChangingTheAttenuationKeepsTheLightValueExactly)
 {
-    // Not a number that survives a multiplication and a division by chance.
+    // A number that a multiplication and a division do not restore exactly.
     const float value = 0.1f;
     coreOf(light)->setAttenuationDistance(3.f);
     moLights::setLightValue(light, value);
@@ -357,7 +357,7 @@ TEST_F(LightPropertyDetails, UndoOfAnAttenuationKeepsALightValueThatWasSetAfterI
     EXPECT_EQ(moLights::getLightValue(light), 77.f);
 }
 
-TEST_F(LightPropertyDetails, ALightTakenAwayByAListenerOfTheModeIsNotWrittenAnyMore)
+TEST_F(LightPropertyDetails, ALightDestroyedByAListenerOfTheModeIsNotWrittenAnyMore)
 {
     light = makeTracedLight();
     EditTrace edits;

@@ -116,7 +116,7 @@ TEST_F(LightFunctions, AnEmptyGetterOrSetterThrowsOutOfTheStepAndLeavesTheStackU
     EXPECT_EQ(describe(stack), "1 step, at \"Switch\", undo, no redo");
 }
 
-TEST_F(LightFunctions, FunctionsAreNotCalledForALightThatHasGone)
+TEST_F(LightFunctions, FunctionsAreNotCalledForALightThatWasDestroyed)
 {
     stack.addOrExecute(makeSwitch("Switch", true));
     destroy(light);

@@ -1,3 +1,5 @@
+#include <support/Ground.h>
+
 #include <light/LightTest.h>
 
 #include <moUndoStack/light/moSetLensFlareEffectCommand.h>
@@ -135,7 +137,7 @@ TEST_F(SetLensFlareEffect, SourceTargetAndBackupAreHeldFromConstructionToDestruc
     const osg::Int32 elementCount = (*target->getMFElements())[0].getRefCount();
     auto* command = new moSetLensFlareEffectCommand(source, target, nullptr);
     EXPECT_EQ(liveContainerCount(), before + 1) << "the backup shares its elements";
-    EXPECT_EQ((*target->getMFElements())[0].getRefCount(), elementCount + 1);
+    EXPECT_EQ((*target->getMFElements())[0].getRefCount(), elementCount + ground::objectsPerContainer);
     osg::LensFlareEffectPtr backup; // the newest effect
     for (unsigned int id = std::max(idOf(source), idOf(target)) + 1; id < idOf(target) + 1000 && !backup; ++id)
         backup = osg::LensFlareEffectPtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
@@ -162,7 +164,7 @@ TEST_F(SetLensFlareEffect, ElementsOfTheTargetLiveAsLongAsUndoCanBringThemBack)
     EXPECT_FALSE(isAlive(element));
 }
 
-TEST_F(SetLensFlareEffect, ASourceThatTheCallerLetsGoIsStillApplied)
+TEST_F(SetLensFlareEffect, ASourceThatTheCallerReleasesIsStillApplied)
 {
     const std::string wanted = describeEffect(source);
     auto* command = new moSetLensFlareEffectCommand(source, target, nullptr);
@@ -190,7 +192,7 @@ TEST_F(SetLensFlareEffect, ANullSourceChangesNothingTakesNoReferenceAndMakesNoBa
 {
     const std::size_t containers = liveContainerCount();
     const std::string before = describeEffect(target);
-    osg::addRefCP(target); // handed over, see the next test
+    osg::addRefCP(target); // the one that the command gives back, see the next test
     EditLog edits;
     stack.addOrExecute(new moSetLensFlareEffectCommand(osg::NullFC, target, nullptr));
     EXPECT_EQ(target.getRefCount(), 2);
@@ -227,7 +229,7 @@ TEST_F(SetLensFlareEffect, ATargetDestroyedByOthersMakesEveryStepANoOp)
     stack.addOrExecute(new moSetLensFlareEffectCommand(source, target, nullptr));
     osg::LensFlareEffectPtr commands = target;
     drop(target);
-    osg::subRefCP(commands); // somebody gives back the command's reference by mistake
+    osg::subRefCP(commands); // gives back the command's reference by mistake
     EditLog edits;
     stack.undo();
     stack.redo();

@@ -108,7 +108,7 @@ TEST_F(SetLightProfileShape, RedoEditsTheShapeThenTheUnitThenTheValue)
                                      EditLog::Edit(core, Light::IntensityFieldMask)));
 }
 
-TEST_F(SetLightProfileShape, ALightTakenAwayByAListenerIsNotEditedAnyMore)
+TEST_F(SetLightProfileShape, ALightDestroyedByAListenerIsNotEditedAnyMore)
 {
     using Command = moSetLightProfileShapeCommand;
     for (const bool undo : {false, true}) {

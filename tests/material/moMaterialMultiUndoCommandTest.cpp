@@ -62,7 +62,7 @@ TEST_F(MaterialMulti, NotificationsAreSentThoughThereAreNoChildren)
     EXPECT_THAT(edits.take(), ElementsAre("settings planarProjection 1", "material colorComponentData 1"));
 }
 
-TEST_F(MaterialMulti, ContainersThatAreNullOrHaveGoneArePassedOver)
+TEST_F(MaterialMulti, ContainersThatAreNullOrWereDestroyedArePassedOver)
 {
     moMaterialMultiUndoCommand none(text, osg::NullFC, osg::NullFC);
     none.redo();

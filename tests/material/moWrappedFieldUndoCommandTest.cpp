@@ -301,7 +301,7 @@ TYPED_TEST(Wrapped, NullContainersArePassedOverAndLeftOutOfTheMessage)
     EXPECT_EQ(message(this->material, this->settings), begin + first + other);
 }
 
-TYPED_TEST(Wrapped, MaterialThatHasGoneIsPassedOver)
+TYPED_TEST(Wrapped, MaterialThatWasDestroyedIsPassedOver)
 {
     const auto command = this->make(this->setRed(0.5f));
     command->redo();
@@ -314,7 +314,7 @@ TYPED_TEST(Wrapped, MaterialThatHasGoneIsPassedOver)
     EXPECT_THAT(this->edits.take(), ElementsAreArray(expected));
 }
 
-TYPED_TEST(Wrapped, SettingsThatHaveGoneArePassedOver)
+TYPED_TEST(Wrapped, SettingsThatWereDestroyedArePassedOver)
 {
     const auto command = this->make(this->setRed(0.5f));
     command->redo();

@@ -1,10 +1,11 @@
-// What happens when memory runs out: a program of its own, as it replaces operator new.
+// Runs out of memory at each allocation in turn. A program of its own because it replaces operator new.
 
 #include <support/OSGAllFields.h>
 #include <support/ProbeCommand.h>
 #include <support/Trace.h>
 #include <support/UndoTest.h>
 
+#include <moUndoStack/constraint/moAddConstraintSourcesUndoCommand.h>
 #include <moUndoStack/core/moGenericFunctionUndoCommand.h>
 #include <moUndoStack/field/moFieldUndoCommand.h>
 #include <moUndoStack/field/moStringFieldUndoCommand.h>
@@ -13,10 +14,14 @@
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moMessage.h>
 
+#include <moOpenSGConstraint/OSGAimConstraint.h>
+
+#include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
 
 #include <QtCore/QScopeGuard>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <new>
@@ -26,12 +31,12 @@
 
 namespace {
 
-/// The allocation that fails, counted from now; 0: none does.
+/// Which of the next allocations fails, counted from 1; 0: none.
 long s_failing = 0;
 
 } // namespace
 
-// Not inlined: the compiler would see one half of a pair only, and warn.
+// Not inlined: the compiler would see only one of new and delete, and warn.
 __attribute__((noinline)) void* operator new(std::size_t size)
 {
     if (s_failing > 0 && --s_failing == 0) throw std::bad_alloc();
@@ -56,7 +61,7 @@ const std::string longText = "a text that is too long to be kept within a string
 struct Operation
 {
     const char* name;
-    /// At least so many of its allocations can fail.
+    /// It has at least so many allocations.
     int allocations;
     std::function<void(moUndoStack&, const osg::AllSingleFieldsPtr&)> prepare;
     std::function<void(moUndoStack&, const osg::AllSingleFieldsPtr&)> act;
@@ -165,7 +170,7 @@ const std::vector<Operation>& operations()
         {"UndoOfAComposition", 3,
          [](Stack& s, const Core& core) { compose(s, core); s.endMultiCommand(); },
          [](Stack& s, const Core&) { s.undo(); }},
-        // Not the begin of a macro: Qt loses a few bytes of its own when there is no memory for one.
+        // Beginning a macro is left out: Qt itself leaks a few bytes if memory runs out there.
         {"PushIntoAMacro", 2, [](Stack& s, const Core&) { s.beginMacro("macro"); },
          [](Stack& s, const Core&) { pushProbe(s, "a"); }},
         {"EndOfAMacro", 3, [](Stack& s, const Core&) { s.beginMacro("macro"); pushProbe(s, "a"); },
@@ -178,7 +183,7 @@ const std::vector<Operation>& operations()
          [](Stack& s, const Core&) {
              s.add(callingProbe([&s] {
                  s.beginMultiCommand("composite", "", true);
-                 // No scope guard: the end of the composition may find no memory either.
+                 // No scope guard: the end of the composition may run out of memory, too.
                  try {
                      new ProbeCommand("child");
                  } catch (...) {
@@ -216,7 +221,7 @@ protected:
         UndoTest::TearDown();
     }
 
-    /// One run in which the n-th allocation fails. Returns false when there are fewer.
+    /// One run in which the n-th allocation fails. Returns false if there are fewer.
     bool run(long n)
     {
         SCOPED_TRACE("allocation " + std::to_string(n));
@@ -240,7 +245,7 @@ protected:
             EXPECT_TRUE(wasComposing || !hasFailed) << "a composition was begun by a call that failed";
         }
 
-        // Whatever is open is closed again, and nothing is left.
+        // Closes what is open; nothing may be left.
         stack.clear();
         EXPECT_FALSE(moUndoStack::isComposing());
         EXPECT_EQ(describe(stack), "0 steps, at start, no undo, no redo");
@@ -348,5 +353,43 @@ INSTANTIATE_TEST_SUITE_P(OfEachKindOfList, TagStepWithoutMemory,
 
 INSTANTIATE_TEST_SUITE_P(OfEachOperation, AllocationFaults, testing::ValuesIn(operations()),
                          [](const auto& parameter) { return std::string(parameter.param.name); });
+
+// An edit of several parts, each of which takes memory.
+TEST(AllocationFaultsOfSources, AddAllSourcesOrNone)
+{
+    const osg::AimConstraintPtr aim = osg::AimConstraint::create();
+    osg::addRefCP(aim);
+    std::vector<osg::AttachmentContainerPtr> nodes;
+    for (int i = 0; i < 3; ++i) {
+        nodes.push_back(osg::Node::create());
+        osg::addRefCP(nodes.back());
+    }
+    const auto sources = [&] {
+        return std::count_if(nodes.begin(), nodes.end(),
+                             [&](const auto& node) { return aim->findSourceConstraintObject(node) != osg::NullFC; });
+    };
+
+    moAddConstraintSourcesUndoCommand command(aim, nodes, nullptr);
+    long n = 1;
+    for (bool hasFailed = true; hasFailed; ++n) {
+        SCOPED_TRACE("allocation " + std::to_string(n));
+        hasFailed = false;
+        s_failing = n;
+        try {
+            command.redo();
+        } catch (const std::bad_alloc&) {
+            hasFailed = true;
+        }
+        s_failing = 0;
+        EXPECT_EQ(sources(), hasFailed ? 0 : 3);
+    }
+    EXPECT_GT(n, 6) << "each source takes memory";
+    command.undo();
+    EXPECT_EQ(sources(), 0);
+
+    for (osg::AttachmentContainerPtr& node : nodes)
+        osg::subRefCP(node);
+    osg::subRefCP(aim);
+}
 
 } // namespace

@@ -22,9 +22,9 @@
 #include <ostream>
 #include <stdexcept>
 
-// Whatever code of others the library calls (a command's own steps, merges, slots, callbacks, synchronisation
-// functions, change notifications) passes a checkpoint here. Each scenario runs once for each of its checkpoints, and
-// there something goes wrong.
+// All foreign code that the library calls (a command's own steps, merges, slots, callbacks, synchronisation functions,
+// listeners to a change of the scene) passes a checkpoint here. Each scenario runs once for each of its checkpoints,
+// and something goes wrong there.
 
 namespace {
 
@@ -41,7 +41,7 @@ bool receive(const char* name, moMessage&, int)
     return true;
 }
 
-/// A slot without and one with an argument. Not one of Qt's own: those leak when something is thrown through them.
+/// A slot without and one with an argument. Not slots of Qt: an exception that passes them makes them leak.
 class Receiver : public QObject
 {
     Q_OBJECT
@@ -54,7 +54,7 @@ public Q_SLOTS:
     void receive(bool) { onCall(); }
 };
 
-/// A scene, and listeners at every place. Commands made here pass a checkpoint in each of their steps.
+/// A scene with every kind of listener. Commands made here pass a checkpoint in each of their steps.
 class Stage
 {
 public:
@@ -89,7 +89,7 @@ public:
     Stage(const Stage&) = delete;
     Stage& operator=(const Stage&) = delete;
 
-    /// From now on checkpoints count, and the given thing happens at the trigger-th.
+    /// From now on checkpoints are counted, and the mischief happens at the trigger-th.
     void arm(int trigger, std::function<void(Stage&)> mischief)
     {
         m_passed.clear();
@@ -98,7 +98,7 @@ public:
     }
     void disarm() { m_trigger = 0; }
 
-    /// Nobody listens to the stack any more.
+    /// Removes all listeners to the stack.
     void silence()
     {
         stack.disconnect(&m_context);
@@ -206,7 +206,7 @@ public:
     {
         m_passed.push_back(where);
         if (static_cast<int>(m_passed.size()) != m_trigger) return;
-        // A copy, out of the way: what it causes passes checkpoints as well.
+        // Disarmed and copied first: the mischief passes checkpoints, too.
         m_trigger = 0;
         const auto mischief = m_mischief;
         mischief(*this);
@@ -216,10 +216,10 @@ public:
     Receiver receiver;
     osg::AllSingleFieldsPtr core;
     osg::NodePtr node;
-    std::map<std::string, int> done; ///< how often each probe is done and not undone
+    std::map<std::string, int> done; ///< how often each probe was done minus how often it was undone
 
 private:
-    /// Those of all classes that have one.
+    /// Sets the synchronisation function of each class that has one.
     static void setSyncFunctions(const std::function<void()>& function)
     {
         moTranslationUndoCommand::SyncFunction translation;
@@ -236,7 +236,7 @@ private:
         moApplyTransformationVariantUndoCommand::setSyncFunction(variant);
     }
 
-    /// Nothing of the container may be used after it: it can be gone.
+    /// Does not use the container afterwards: it may be destroyed.
     void passFromTheScene()
     {
         Stage& self = *this;
@@ -252,11 +252,11 @@ private:
 struct Scenario
 {
     const char* name;
-    /// Places that a run without mischief passes: the scenario does reach them.
+    /// Checkpoints that a run without mischief must pass.
     std::vector<std::string> places;
     std::function<void(Stage&)> prepare;
     std::function<void(Stage&)> act;
-    /// Undoing everything afterwards leaves no probe done, whatever was thrown where.
+    /// Whether undoing everything afterwards must leave no probe done, whichever checkpoint threw.
     bool isWhole;
 };
 
@@ -419,7 +419,7 @@ protected:
                                                        "signal redo \"next\"", message("added=bool:false")));
     }
 
-    /// One run, with the mischief at the trigger-th checkpoint. Returns false when there are not so many.
+    /// One run, with the mischief at the trigger-th checkpoint. Returns false if there are fewer.
     bool run(int trigger)
     {
         const auto& [scenario, mischief] = GetParam();

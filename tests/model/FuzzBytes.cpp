@@ -1,4 +1,4 @@
-// The random model for libFuzzer: bytes are operations.
+// The random model for libFuzzer, which gives the operations as bytes.
 
 #include "RandomModel.h"
 

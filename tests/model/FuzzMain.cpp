@@ -1,4 +1,5 @@
-// Plays programs of growing seeds for a time: fuzz_model [SECONDS] [SEED]. Ends at the first difference, shrunk.
+// fuzz_model [SECONDS] [SEED]: plays the programs of one seed after the other until the time is up or the two sides
+// differ, and then shrinks the program.
 
 #include "RandomModel.h"
 
@@ -15,7 +16,7 @@ namespace {
 constexpr unsigned programLength = 1000;
 char s_seed[] = "\nseed                     \n";
 
-/// A program that kills the process cannot be shrunk in it, but the seed can be told.
+/// A program that ends the process cannot be shrunk in it, but its seed can be printed.
 void tellSeed(int signal)
 {
     const auto written = write(STDERR_FILENO, s_seed, sizeof s_seed - 1);

@@ -31,12 +31,12 @@ constexpr unsigned totalWeight()
     return sum;
 }
 
-/// For Begin and its like: how many are open, and what closes one.
+/// An operation that opens something, and the one that closes it.
 struct Bracket
 {
     Operation::Kind open;
     Operation::Kind close;
-    unsigned oneIn; ///< how soon it is closed
+    unsigned oneIn; ///< each operation closes it with a chance of 1 in this
 };
 
 constexpr std::array<Bracket, 4> brackets = {{
@@ -67,7 +67,7 @@ bool Operation::hasInterval() const
 
 unsigned Operation::ticks() const
 {
-    // Of 1/64 s each: around the intervals of 0.25, 0.4 and 0.5 s, and on the first and the last of these.
+    // Of 1/64 s each: around the intervals of 0.25, 0.4 and 0.5 s, and exactly 0.25 and 0.5 s.
     static const std::array<unsigned, 8> s_ticks = {1, 8, 15, 16, 25, 26, 32, 64};
     return s_ticks[which % s_ticks.size()];
 }
@@ -95,7 +95,7 @@ std::string asCode(const Program& program, const std::string& name)
     return out.str();
 }
 
-/// SplitMix64: the same numbers with every library.
+/// SplitMix64: the same numbers with every standard library.
 unsigned Generator::below(unsigned limit)
 {
     m_state += 0x9e3779b97f4a7c15U;
@@ -124,7 +124,7 @@ Operation::Kind Generator::kind()
 
 Operation Generator::next()
 {
-    // Mostly the default stack and the first slot, so that commands meet.
+    // Mostly the default stack and the first slot, so that commands of one target follow each other.
     const Operation::Kind made = kind();
     const unsigned stack = below(8) == 0 ? 1 : 0;
     const unsigned which = below(3) == 0 ? below(64) : below(2) * 8;
@@ -143,7 +143,7 @@ Program Generator::program(unsigned length)
     return made;
 }
 
-/// The same command again and again, now and then after a pause that is too long.
+/// Repeats a command, sometimes after a pause that is too long for a merge.
 void Generator::drag(Program& program)
 {
     const Operation step = program.back();
@@ -153,7 +153,7 @@ void Generator::drag(Program& program)
     }
 }
 
-/// Composites merge only if their children can, one by one, and chance alone seldom makes two such.
+/// Repeats a composition: composites merge only if their children can, and chance seldom makes two such.
 void Generator::repeatComposition(Program& program)
 {
     constexpr std::ptrdiff_t longest = 8;

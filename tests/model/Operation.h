@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-/// One thing that a host, a user or a listener does, as plain numbers. Each number is brought into range where it is
-/// used, so that any numbers make a valid operation, and any part of a program is a program.
+/// An operation of an application, a user or a listener, as plain numbers. Each number is brought into range where it
+/// is used: any numbers make a valid operation, and any part of a program is a program.
 struct Operation
 {
     enum Kind : unsigned
@@ -14,7 +14,7 @@ struct Operation
         Rename,     ///< a command over moFunctionUndoCommand, on a node's name
         Number,     ///< moFieldUndoCommand<int>
         MakeNumber, ///< the same through moUndoUtil::makeCommand(), always on the default stack
-        Text,       ///< moStringFieldUndoCommand: chains
+        Text,       ///< moStringFieldUndoCommand: merges by value
         Switch,     ///< moBoolFieldUndoCommand: never merges
         Tally,      ///< moGenericFunctionUndoCommand
         Group,      ///< a moMultiCommand made by hand, with an after function
@@ -37,11 +37,11 @@ struct Operation
         Destroy,
         Create,
         Messages, ///< the message callback on or off
-        Respond,  ///< the next signal is answered with a call of the stack
-        UndoAll   ///< a loop: while something can be undone, undo()
+        Respond,  ///< a slot answers the next signal with a call of the stack
+        UndoAll   ///< calls undo() in a loop, as long as canUndo()
     };
     static constexpr unsigned kindCount = UndoAll + 1;
-    static constexpr unsigned slotCount = 3; ///< and one slot more, which is always empty
+    static constexpr unsigned slotCount = 3; ///< without one more, which is always empty
 
     Kind kind;
     unsigned stack = 0;
@@ -52,7 +52,7 @@ struct Operation
     unsigned slot() const { return which % slotCount; }
     unsigned slotOrNone() const { return which % (slotCount + 1); }
 
-    // What `how` says of a command that is pushed.
+    // Read from `how`, for commands that are pushed.
     std::string value() const;
     double interval() const;
     bool hasInterval() const;
@@ -60,7 +60,7 @@ struct Operation
     bool isExecuted() const { return how / 100 % 4 != 0; } ///< addOrExecute(), else add()
     bool hasChangedCallback() const { return how / 400 % 2 != 0; }
 
-    // What `which` and `how` say of others.
+    // Read from `which` and `how`, for other operations.
     bool hasText() const { return which % 2 != 0; }
     bool hasDescription() const { return which / 2 % 2 != 0; }
     bool composesMergeably() const { return how % 4 != 0; }
@@ -72,10 +72,10 @@ using Program = std::vector<Operation>;
 
 const char* nameOf(Operation::Kind kind);
 
-/// A test that plays the program, to be pasted into RandomModelTest.cpp.
+/// The code of a test that plays the program, to be pasted into RandomModelTest.cpp.
 std::string asCode(const Program& program, const std::string& name);
 
-/// Operations at random, always the same ones for a seed. What is opened is mostly closed again soon.
+/// Random operations, always the same ones for a seed. What is opened is mostly closed again soon.
 class Generator
 {
 public:

@@ -60,15 +60,15 @@ std::string treeOf(const QUndoCommand& command)
     return line;
 }
 
-/// Whether all that can be seen of a sample is whether it is done. Those of which nothing is compared could merge with
-/// commands that are no samples.
+/// Whether done or not done is all that can be seen of a sample. Samples whose targets are not compared could merge
+/// with commands that are no samples.
 bool isOpaque(const Sample& sample)
 {
     return sample.commandId && sample.commandId() != moMultiCommand::commandId() &&
            !sample.has(Exception::TargetsAreNotCompared) && !sample.has(Exception::UndoDoesNothing);
 }
 
-/// Commands around others that are made first, and join a composition on their own.
+/// Whether the command wraps others. These are made first and become children of a composition themselves.
 bool joinsTwice(const Sample& sample)
 {
     static const std::vector<std::string> s_wrappers = {"moMaterialUndoCommand", "moColorComponentUndoCommand",
@@ -117,7 +117,7 @@ Player::~Player()
 
 void Player::leaveRecording() const
 {
-    // Not for ever: a counter that has wrapped is one of the faults to be found.
+    // Bounded: a counter that wrapped around is one of the faults to find.
     constexpr int mostOpen = 10000;
     for (int i = 0; i < mostOpen && moUndoStack::undoBlocked(); ++i)
         moUndoStack::endBlockUndo();
@@ -162,7 +162,7 @@ bool Player::receive(const char* name, moMessage& message, int number)
 
 void Player::receiveQt(QtMsgType type, const QMessageLogContext& context, const QString& line)
 {
-    // The library's own lines come by way of moLog.
+    // The library's own lines come through moLog.
     if (std::string(context.category ? context.category : "") == "mo.undo") return;
     if (type == QtFatalMsg) std::abort();
     s_player->tell("qt: " + line.toStdString());
@@ -233,7 +233,7 @@ void Player::adjust(moUndoCommandBase& command, const Operation& operation)
 void Player::handIn(moUndoCommandBase* command, const Operation& operation)
 {
     moUndoStack& stack = moUndoStack::get(operation.stackType());
-    // What add() does not take stays with its maker.
+    // The caller still owns a command that add() does not take over.
     const bool isLeft = !operation.isExecuted() && moUndoStack::isComposing() && !command->parent();
     if (operation.isExecuted())
         stack.addOrExecute(command);
@@ -242,7 +242,7 @@ void Player::handIn(moUndoCommandBase* command, const Operation& operation)
     if (isLeft) delete command;
 }
 
-// --- what can be done -----------------------------------------------------------------------------------------------
+// --- operations -----------------------------------------------------------------------------------------------------
 
 void Player::play(const Operation& operation)
 {
@@ -257,7 +257,7 @@ void Player::play(const Operation& operation)
         push(operation);
         break;
     case Operation::MakeNumber: {
-        // An empty slot makes no command, and so must not use up a name.
+        // An empty slot makes no command, so it must not use up a name.
         const Thing& thing = m_things[operation.slotOrNone()];
         if (thing.core == osg::NullFC)
             moUndoUtil::makeCommand(moUndoString(), thing.core, "singleInt32", 1);
@@ -275,7 +275,7 @@ void Player::play(const Operation& operation)
         stack.redo();
         break;
     case Operation::UndoAll:
-        // Not for ever: a loop that does not end is one of the faults to be found.
+        // Bounded: an endless loop is one of the faults to find.
         for (int i = 0; i < 10000 && stack.canUndo(); ++i)
             stack.undo();
         break;
@@ -407,7 +407,7 @@ void Player::destroy(unsigned slot)
     thing = {};
 }
 
-// --- being asked ----------------------------------------------------------------------------------------------------
+// --- queries --------------------------------------------------------------------------------------------------------
 
 std::vector<std::string> Player::state(const std::vector<std::size_t>& samples)
 {

@@ -18,7 +18,7 @@
 class moUndoCommandBase;
 class moUndoString;
 
-/// Plays operations with the library itself, on a scene of its own, and listens. Takes away what it has made.
+/// Plays operations with the library itself, on a scene of its own, and listens. Destroys what it has made.
 class Player
 {
 public:
@@ -29,13 +29,13 @@ public:
 
     void play(const Operation& operation);
 
-    /// The same lines as those of Shadow, as the library and the scene have it.
+    /// The lines of Shadow::state(), read from the library and the scene.
     std::vector<std::string> state(const std::vector<std::size_t>& samples);
     std::vector<std::string> takeTrace() { return std::exchange(m_trace, {}); }
 
     const Facts& facts() const { return m_facts; }
 
-    /// Empties everything; what then is wrong, or nothing.
+    /// Empties everything. Returns what is wrong then; empty if nothing is.
     std::string finish();
 
 private:
@@ -74,11 +74,11 @@ private:
     std::array<bool, 2> m_messages = {true, true};
     std::array<std::vector<Operation>, 2> m_responses;
     QObject m_context;
-    std::array<Thing, Operation::slotCount + 1> m_things; // the last one stays empty
+    std::array<Thing, Operation::slotCount + 1> m_things; // the last one is always empty
     std::vector<osg::UInt32> m_ids;
     std::vector<std::unique_ptr<SampleScene>> m_scenes; // one for each sample
     std::map<unsigned, int> m_tally;
-    std::shared_ptr<int> m_alive = std::make_shared<int>(0); // held once by each function command there is
+    std::shared_ptr<int> m_alive = std::make_shared<int>(0); // shared by all function commands: counts them
     std::vector<std::string> m_trace;
     std::size_t m_containersBefore;
     int m_made = 0;

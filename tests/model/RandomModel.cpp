@@ -30,7 +30,7 @@ class Pair
 public:
     explicit Pair(Counts* counts) : m_counts(counts) {}
 
-    /// Returns false as soon as there is a difference.
+    /// Returns false if the two differ.
     bool play(const Operation& operation)
     {
         m_player.play(operation);
@@ -44,7 +44,7 @@ public:
         return false;
     }
 
-    /// All the way back and forth and to the mark on both stacks, and out.
+    /// Undoes all, redoes all and goes to the mark on both stacks, then empties everything.
     bool walk()
     {
         for (unsigned stack = 0; stack < 2; ++stack) {
@@ -72,7 +72,7 @@ public:
 private:
     std::string differenceOfStates(const std::vector<std::size_t>& samples)
     {
-        // The player goes first: it sees what a sample makes of its scene.
+        // The player first: it gives the shadow the facts about a sample's scene.
         const std::vector<std::string> actual = m_player.state(samples);
         return firstDifference(actual, m_shadow.state(samples));
     }
@@ -97,7 +97,7 @@ private:
 std::string differenceOf(const Program& program, Counts* counts)
 {
     Pair pair(counts);
-    // Recording is on and there is something to edit, so that short programs do something.
+    // Switches recording on and makes something to edit, so that short programs have an effect.
     const Program start = {{Operation::BeginUndo}, {Operation::Create, 0, 0}, {Operation::Create, 0, 1}};
     const auto play = [&pair](const Operation& operation) { return pair.play(operation); };
     if (std::all_of(start.begin(), start.end(), play) && std::all_of(program.begin(), program.end(), play)) pair.walk();

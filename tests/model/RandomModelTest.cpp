@@ -25,7 +25,7 @@ TEST_P(RandomModel, AgreesWithTheLibraryAfterEachOfManyRandomOperations)
     ASSERT_EQ(differenceOf(program, &counts), "") << "seed " << GetParam() << ", shrunk:\n"
                                                   << reportOf(program, "Seed" + std::to_string(GetParam()));
 
-    // A seed that does nothing must not pass.
+    // A program without an effect must not pass.
     for (unsigned kind = 0; kind < Operation::kindCount; ++kind) {
         const char* const name = nameOf(static_cast<Operation::Kind>(kind));
         EXPECT_GE(countOf(counts, name), 1) << "seed " << GetParam() << " never played " << name;

@@ -98,7 +98,7 @@ void Shadow::handIn(const CommandPtr& command, unsigned stack, bool execute)
     }
 }
 
-// --- what can be done -----------------------------------------------------------------------------------------------
+// --- operations -----------------------------------------------------------------------------------------------------
 
 void Shadow::play(const Operation& operation)
 {
@@ -350,7 +350,7 @@ void Shadow::destroy(const Operation& operation)
     m_slots[slot] = {};
 }
 
-/// From a listener the loop is over before the first of its undos is carried out: there are as many as there are steps.
+/// In a listener the loop ends before its first undo is carried out, so it makes one for each step.
 void Shadow::undoAll(unsigned stack)
 {
     if (!m_stacks[stack].busy) {
@@ -511,7 +511,7 @@ bool Shadow::merge(Command& older, const Command& newer)
     return true;
 }
 
-// --- telling --------------------------------------------------------------------------------------------------------
+// --- reports --------------------------------------------------------------------------------------------------------
 
 void Shadow::moveTo(unsigned stack, std::size_t index, bool added)
 {
@@ -554,7 +554,7 @@ bool Shadow::isComposite(const Command& command) const
            (command.kind == Kind::Sample && m_facts.samples[command.number].isComposite);
 }
 
-/// A composite speaks with the keys of its first child, unless that is a composite itself.
+/// A composite sends the keys of its first child, unless that is a composite itself.
 std::string Shadow::keys(const Command& command) const
 {
     switch (command.kind) {
@@ -584,7 +584,7 @@ void Shadow::callChanged(const Command& command, bool forward)
         callChanged(*child, forward);
 }
 
-// --- being asked ----------------------------------------------------------------------------------------------------
+// --- queries --------------------------------------------------------------------------------------------------------
 
 std::string Shadow::tree(const Command& command)
 {

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-/// What the shadow cannot know: ids and names that the library and the scene hand out.
+/// What the shadow cannot know: ids and names that the library and the scene give.
 struct Facts
 {
     struct Thing
@@ -23,9 +23,9 @@ struct Facts
     {
         int id = 0;
         bool isComposite = false;
-        std::string keys;                ///< the first of those that it adds to a message
+        std::string keys;                ///< the first key that it adds to a message
         std::vector<std::string> before; ///< digest of its scene before the first step
-        std::vector<std::string> after;  ///< the one after it; empty until it was seen
+        std::vector<std::string> after;  ///< digest after it; empty until the step was run
     };
 
     int renameId = 0;
@@ -41,8 +41,8 @@ struct Facts
     std::deque<SampleFacts> samples;                ///< one for each Sample played that made a command
 };
 
-/// The rules of both stacks over again, written for nothing but clarity: values in maps, steps in vectors. Knows
-/// neither the library nor Qt.
+/// The rules of both stacks once more, in the simplest form: values in maps, steps in vectors. Uses neither the library
+/// nor Qt.
 class Shadow
 {
 public:
@@ -50,19 +50,19 @@ public:
 
     void play(const Operation& operation);
 
-    /// Everything that can be asked for, one line each; of the samples only those.
+    /// All that queries return and the scene holds, one line each; of the samples only those given.
     std::vector<std::string> state(const std::vector<std::size_t>& samples) const;
 
     /// The samples that had a step since the last call.
     std::vector<std::size_t> takeStepped() { return std::exchange(m_stepped, {}); }
 
-    /// What was heard since the last call, in order. A line that ends in an asterisk stands for any end.
+    /// What listeners got since the last call, in order. An asterisk at the end of a line matches any text.
     std::vector<std::string> takeTrace();
 
-    /// How often each noteworthy thing has happened.
+    /// How often each noteworthy event happened.
     const std::map<std::string, int>& events() const { return m_events; }
 
-    /// For walks over the whole history.
+    /// For undoing and redoing the whole history.
     bool canUndo(unsigned stack) const { return !inMacro(stack) && m_stacks[stack].index > 0; }
     bool canRedo(unsigned stack) const
     {
@@ -72,7 +72,7 @@ public:
 private:
     enum class Kind
     {
-        Swap, ///< the value in the scene and the command's own change places
+        Swap, ///< exchanges the value in the scene with the command's
         Text,
         Tally,
         Sample,
@@ -134,7 +134,7 @@ private:
     CommandPtr makeSwap(const std::string& field, int id, unsigned fieldId, unsigned target, const std::string& value);
     CommandPtr makeFor(const Operation& operation);
     void adjust(Command& command, const Operation& operation);
-    /// Makes it a child of the composition if there is one for it, else hands it in.
+    /// Makes it a child of the composition, if there is one and recording is on; else gives it to the stack.
     void handIn(const CommandPtr& command, unsigned stack, bool execute);
 
     void begin(const Operation& operation);
@@ -175,7 +175,7 @@ private:
     int m_blocked = 0;
     double m_now = 0;
     int m_made = 0;
-    std::array<Facts::Thing, Operation::slotCount + 1> m_slots; ///< the last one stays empty
+    std::array<Facts::Thing, Operation::slotCount + 1> m_slots; ///< the last one is always empty
     std::map<unsigned, Fields> m_containers;
     std::map<unsigned, int> m_tally;
     std::vector<bool> m_samples; ///< whether each is done

@@ -3,7 +3,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTranslator>
 
-/// While it lives, translates every text into "context: text".
+/// While it exists, translates every text into "context: text".
 class ContextTranslator : public QTranslator
 {
 public:

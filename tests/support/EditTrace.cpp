@@ -44,7 +44,7 @@ void EditTrace::tell(const osg::FieldContainerPtr& container, osg::BitVector mas
                      [id = container.getFieldContainerId()](const auto& entry) { return entry.first == id; });
     const std::string name = named == names.end() ? std::string(container->getTypeName()) : named->second;
     s_trace->m_lines.push_back(name + ' ' + fieldNames(container->getType(), mask) + ' ' + std::to_string(origin));
-    // Out of the way while it runs: what it changes itself does not call it again.
+    // Removed while it runs: its own changes do not call it again.
     if (const auto onChange = std::exchange(s_trace->m_onChange, {})) {
         onChange();
         s_trace->m_onChange = onChange;

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-/// Every change notification of traced containers while it lives, in order, one line each: `aim sources|target 1`, that
-/// is the container, the fields of the mask and the origin.
+/// Records the changes that traced containers announce while it exists, one line each: `aim sources|target 1`, that is
+/// the container, the fields of the mask and the origin.
 class EditTrace
 {
 public:
@@ -17,7 +17,7 @@ public:
     EditTrace(const EditTrace&) = delete;
     EditTrace& operator=(const EditTrace&) = delete;
 
-    /// Names a container, which otherwise appears under the name of its type. Gives the container back.
+    /// Names a container in the lines; others appear under the name of their type. Returns the container.
     template<class Ptr>
     Ptr name(const Ptr& container, const std::string& name)
     {
@@ -25,13 +25,13 @@ public:
         return container;
     }
 
-    /// The lines so far; starts anew.
+    /// Returns the lines and forgets them.
     std::vector<std::string> take() { return std::exchange(m_lines, {}); }
 
-    /// The function is called at each notification, after its line was added, but not for what it causes itself.
+    /// Sets a listener, called for each change after its line was added, but not for changes that it makes itself.
     void onChange(std::function<void()> function) { m_onChange = std::move(function); }
 
-    /// For traced containers: adds a line to the trace that lives, if there is one.
+    /// For traced containers: adds a line to the trace that exists, if there is one.
     static void tell(const osg::FieldContainerPtr& container, osg::BitVector mask, osg::UInt32 origin);
 
 private:
@@ -43,7 +43,7 @@ private:
 #define MO_NO_FIELDS(SINGLE, MULTI)
 
 /// Declares and defines TracedX, a container class derived from X with no fields of its own, of the group groupName,
-/// which tells EditTrace of its change notifications. For one .cpp, in namespace osg.
+/// which tells EditTrace of its changes. For one .cpp, in namespace osg.
 #define MO_TRACED_CONTAINER(Parent, groupName)                                                                         \
     class Traced##Parent;                                                                                              \
     typedef FCPtr<Parent##Ptr, Traced##Parent> Traced##Parent##Ptr;                                                    \

@@ -2,7 +2,7 @@
 
 #include <moUndoStack/core/moUndoClock_p.h>
 
-/// The clock of the merge interval under a test's control: it stands still until it is told to go on.
+/// Replaces the clock of the merge interval: it stands still until the test advances it.
 ///
 /// One tick is 2^-20 s, so that sums of binary fractions of a second are exact.
 class FakeClock

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-/// Collects every call of the log while it lives, each as `kind: line`, repeated ones included.
+/// Records every call of the log while it exists, each as `kind: line`, repeated ones included.
 class LogCapture
 {
 public:
@@ -22,7 +22,7 @@ public:
 
     const std::vector<std::string>& lines() const { return m_lines; }
 
-    /// The lines so far; starts anew.
+    /// Returns the lines and forgets them.
     std::vector<std::string> take() { return std::exchange(m_lines, {}); }
 
 private:

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// A command whose steps a test supplies. It counts its instances, so that a test sees which were deleted.
+/// A command whose steps a test supplies. It counts its instances, so that a test sees how many were deleted.
 class ProbeCommand : public moUndoCommand
 {
 public:

@@ -7,6 +7,8 @@
 #include <moOpenSGUtils/moNodeUtils.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGHandleFields.h>
+#include <OpenSG/OSGSFSysTypes.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
@@ -33,6 +35,12 @@ MO_TRACED_CONTAINER(AimConstraint, "AimConstraint")
 
 namespace {
 
+/// Where nodes have flags. By name, as the field is not in every osg::Node.
+void markAsVisibilityReference(const osg::NodePtr& node)
+{
+    if (auto* const flags = dynamic_cast<osg::SFUInt32*>(node->getField("externalFlags"))) flags->setValue(0x10);
+}
+
 osg::NodePtr makeNode(const std::string& name, const osg::NodeCorePtr& core)
 {
     const osg::NodePtr node = osg::TracedNode::create();
@@ -41,7 +49,7 @@ osg::NodePtr makeNode(const std::string& name, const osg::NodeCorePtr& core)
     return node;
 }
 
-/// Values that are all different, so that one written into the place of another shows.
+/// Sets values that all differ, so that a value in a wrong place shows.
 void placeSomewhere(const osg::Transform3DPtr& transform, float first)
 {
     transform->setTranslation(osg::Vec3f(first, first + 1, first + 2));
@@ -55,7 +63,7 @@ void placeSomewhere(const osg::Transform3DPtr& transform, float first)
     osg::changedCP(transform, osg::Transform3D::EulerRotationFieldMask);
 }
 
-/// What a transform has in common with most others: where its rotation comes from.
+/// Sets what most transforms have in common: where the rotation comes from.
 void turnInItsOwnWay(const osg::Transform3DPtr& transform, int number)
 {
     static constexpr const char* orders[] = {"YZX", "ZXY", "XZY"};
@@ -146,7 +154,7 @@ SampleTarget::SampleTarget(std::string prefix, int shift) : m_prefix(std::move(p
     spotCore()->setOn(false);
     spotCore()->setLightVisualizationVisible(false);
     spotCore()->setVisibilityReference(box);
-    box->setExternalFlags(0x10);
+    markAsVisibilityReference(box);
 
     const auto links = hold("set", osg::TracedLightLinkSet::create());
     links->addSceneNode(box);
@@ -160,9 +168,13 @@ SampleTarget::SampleTarget(std::string prefix, int shift) : m_prefix(std::move(p
     paint->addColorComponent(colour);
     osg::changedCP(paint, osg::UberMaterial::ColorComponentsFieldMask);
     hold("component", osg::TracedColorComponentSettings::create())->setRed(by + 4);
-    hold("glass", osg::TracedUBRDFMaterial::create());
+    const auto glass = hold("glass", osg::TracedUBRDFMaterial::create());
     const auto day = hold("sky", osg::TracedUberMaterial::create());
-    hold("mirror", osg::TracedUBRDFMaterial::create())->setEnvironment(day);
+    const auto mirror = hold("mirror", osg::TracedUBRDFMaterial::create());
+    mirror->setEnvironment(day);
+    // An installed OpenSG makes a further container, the state, at the first change of a material.
+    for (const osg::MaterialPtr& changed : {osg::MaterialPtr(glass), osg::MaterialPtr(day), osg::MaterialPtr(mirror)})
+        osg::changedCP(changed);
 
     const auto constraint = hold("aim", osg::TracedAimConstraint::create());
     constraint->addSource(box, by + 0.25f);
@@ -222,7 +234,8 @@ void SampleTarget::destroy(const std::string& role)
     m_held.erase(held);
 }
 
-/// What the application does before it gives a container up: others must not be left with a handle of it.
+/// Removes the container where others refer to it, as the application does before it releases it: no handle to a
+/// destroyed container must be left.
 void SampleTarget::detach(const std::string& role)
 {
     if (const auto asNode = osg::NodePtr::dcast(container(role)); asNode && set()) {
@@ -244,7 +257,7 @@ void SampleTarget::detach(const std::string& role)
             if (shining) shining->setEnvironment(osg::NullFC);
     }
     if (role == "values") {
-        // The field's own; the image's handle goes with the field.
+        // Releases the field's reference, and sets the handle to null.
         osg::ImagePtr image = values()->getSingleImagePtr();
         values()->setSingleImagePtr(osg::NullFC);
         osg::subRefCP(image);
@@ -267,7 +280,7 @@ std::vector<std::pair<std::string, osg::FieldContainerPtr>> SampleTarget::named(
 
 namespace {
 
-/// Goes through all that can be reached from the named containers, field by field.
+/// Visits all containers that can be reached from the named ones, field by field.
 class Walk
 {
 public:
@@ -279,7 +292,7 @@ public:
                 m_reached.push_back(container);
             }
         }
-        // The list grows while it is walked along.
+        // The list grows in the loop.
         for (std::size_t i = 0; i < m_reached.size(); ++i)
             addContainer(osg::FieldContainerPtr(m_reached[i]));
     }
@@ -304,6 +317,7 @@ private:
     {
         Value,
         Handles,
+        Id,
         Attachments,
         Texts
     };
@@ -318,11 +332,11 @@ private:
     {
         if (dynamic_cast<const osg::SFAttachmentMap*>(&field)) return Kind::Attachments;
         if (dynamic_cast<const osg::MFString*>(&field)) return Kind::Texts;
-        // There is a field type for each type of handle. What they have in common is their text: the ids.
-        return std::strstr(field.getType().getCName(), "Ptr") || name == "objectId" ? Kind::Handles : Kind::Value;
+        if (name == "objectId") return Kind::Id;
+        return osg::holdsHandles(field) ? Kind::Handles : Kind::Value;
     }
 
-    /// What is of interest of a container's fields; looked up once for each type.
+    /// The fields of a container that the walk reads; looked up once for each type.
     static const std::vector<Column>& columnsOf(const osg::FieldContainerPtr& container)
     {
         static std::map<osg::UInt32, std::vector<Column>> known;
@@ -360,10 +374,17 @@ private:
         std::string text;
         switch (kind) {
         case Kind::Value:
-            field.getValueByStr(text);
+            text = valueText(field);
             break;
         case Kind::Handles:
-            text = namesOf(field.getValueByStr(), field.getSize(), from);
+            for (const osg::FieldContainerPtr& container : osg::handlesIn(field))
+                text += nameOf(container, from) + ' ';
+            break;
+        case Kind::Id:
+            text = nameOf(osg::FieldContainerFactory::the()->getContainer(
+                              static_cast<const osg::SFUInt32&>(field).getValue()),
+                          from) +
+                   ' ';
             break;
         case Kind::Attachments:
             for (const auto& entry : static_cast<const osg::SFAttachmentMap&>(field).getValue())
@@ -375,19 +396,6 @@ private:
             break;
         }
         return text;
-    }
-
-    std::string namesOf(const std::string& ids, osg::UInt32 count, const std::string& from)
-    {
-        std::string names;
-        const char* text = ids.c_str();
-        for (osg::UInt32 i = 0; i < count; ++i) {
-            char* end = nullptr;
-            const auto id = static_cast<osg::UInt32>(std::strtoul(text, &end, 10));
-            names += nameOf(osg::FieldContainerFactory::the()->getContainer(id), from) + ' ';
-            text = end + std::strspn(end, ", ");
-        }
-        return names;
     }
 
     std::map<osg::UInt32, std::string> m_names;

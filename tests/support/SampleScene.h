@@ -24,16 +24,16 @@
 
 class EditTrace;
 
-/// One of everything that a command can edit: what the samples of Samples.h are made on.
+/// One container of each kind that a command can edit. The samples of Samples.h make their commands on it.
 ///
-/// Each container has a role, by which tests name it, and one reference of the target's own:
+/// Each container has a role, by which tests name it, and the target holds one reference on it:
 ///
 ///     role        what it is
 ///     node        a node with a transform, three transform variants and tags
 ///     variant     the first of these variants
 ///     sibling     the second of them
 ///     tags        the tags of the node
-///     bare        a node with a transform and nothing else
+///     bare        a node with only a transform
 ///     light       a node with an area light, in lumen, with a profile and a lens flare effect
 ///     spot        a node with another light, whose visibility reference the node is
 ///     effect      the effect of the light, with three elements
@@ -50,8 +50,8 @@ class EditTrace;
 ///     values      a container with a single field of each type
 ///     lists       a container with a multi field of each type
 ///
-/// No two places that one command could take for one another hold the same value: the node's transform and its variants
-/// differ in every component that a variant has, and so do the two lights, the colours, and the two targets of a scene.
+/// No two places that a command could confuse hold the same value: the node's transform and its variants differ in
+/// every component that a variant has, and so do the two lights, the colours, and the two targets of a scene.
 class SampleTarget
 {
 public:
@@ -86,21 +86,21 @@ public:
     osg::UberLightPtr lightCore() const { return coreOf(light()); }
     osg::UberLightPtr spotCore() const { return coreOf(spot()); }
 
-    /// What is no container: a number for commands that are made of functions, and a receiver of method calls.
+    /// Not containers: a number that generic function commands change, and a receiver of method calls.
     int counter = 0;
     QAction action;
 
     /// Merge interval of the commands that a sample makes, those inside others included.
     double mergeInterval = moUndoCommand::defaultMergeResponseDelta;
 
-    /// Takes the container of that role out of the scene and gives the target's reference back: what is not held by a
-    /// command goes. Nothing if that has happened before.
+    /// Removes the container of that role from the scene and releases it. It is destroyed unless a command holds a
+    /// reference. Does nothing at a second call.
     void destroy(const std::string& role);
 
     std::vector<std::string> roles() const;
     osg::FieldContainerPtr container(const std::string& role) const { return get<osg::FieldContainerPtr>(role); }
 
-    /// The name of each container that has one: the roles, and the cores of the nodes and variants.
+    /// The containers that have a name, with their names: the roles, and the cores of the nodes and variants.
     std::vector<std::pair<std::string, osg::FieldContainerPtr>> named() const;
 
 private:
@@ -108,7 +108,12 @@ private:
     Ptr get(const std::string& role) const
     {
         for (const auto& [name, container] : m_held)
-            if (name == role) return Ptr::dcast(container.get());
+            if (name == role) {
+                if constexpr (std::is_same_v<Ptr, osg::FieldContainerPtr>)
+                    return container.get();
+                else
+                    return Ptr::dcast(container.get());
+            }
         return Ptr();
     }
     template<class Ptr>
@@ -124,19 +129,19 @@ private:
     std::vector<std::pair<std::string, osg::FieldContainerRefPtr>> m_held;
 };
 
-/// A fresh private scene: a target for the commands under test, and beside it a second one, of other values.
+/// A new scene of its own: a target for the commands under test, and a second one with other values.
 ///
-/// It must outlive the commands that were made on it: those made of functions write to it.
+/// It must outlive the commands that were made on it: generic function commands write to it.
 class SampleScene
 {
 public:
     SampleTarget target{"", 0};
     SampleTarget other{"other ", 20};
 
-    /// Every value of every field that can be reached, one line each: `node core.translation = 0 0 0`. Exact: a
-    /// number's text is the shortest that gives the very same number again. Containers appear under their role or
-    /// under the way to them, never under their id. Left out are links upwards, which follow from those downwards, and
-    /// volumes, which are caches.
+    /// Every value of every field that can be reached, one line each: `node core.translation = 0 0 0`. Numbers are
+    /// exact: each has the shortest text that gives the same number again. Containers appear under their role or the
+    /// path to them, never under their id. Left out are links upwards, which follow from those downwards, and volumes,
+    /// which are caches.
     std::vector<std::string> digest() const;
 
     /// The reference count of every container that can be reached: `node core 1`.

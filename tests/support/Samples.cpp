@@ -2,6 +2,7 @@
 
 #include <support/Images.h>
 
+#include <moUndoStack/light/moNodeFlags_p.h>
 #include <moUndoStack/moUndoCommands.h>
 
 #include <moOpenSGUtils/moLights.h>
@@ -9,6 +10,7 @@
 #include <moUndoUtils/moUndoString.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGHandleFields.h>
 
 #include <algorithm>
 #include <cxxabi.h>
@@ -52,7 +54,7 @@ std::string word(int k)
     return "word " + std::to_string(k);
 }
 
-/// Off, off, off, off, on, on ...: a series has one text, and a long one sees both values.
+/// Off, off, off, off, on, on ...: the first commands of a series have one text, and a long series has both values.
 bool offThenOn(int k)
 {
     return k / 4 % 2 != 0;
@@ -97,7 +99,8 @@ std::vector<osg::AttachmentContainerPtr> newUpVectorSource(const Target& t)
     })};
 }
 
-/// What stands last wherever it stands, since undo puts it back at the end; nothing if there is no such object.
+/// The last source, since undo puts it back at the end. Empty if there is none, or if its scene object is also an
+/// up-vector source that is not the last one.
 std::vector<osg::AttachmentContainerPtr> lastSource(const Target& t)
 {
     if (!t.aim() || t.aim()->getSources().empty()) return {};
@@ -111,16 +114,12 @@ std::vector<osg::AttachmentContainerPtr> lastSource(const Target& t)
 std::vector<unsigned int> oneOf(const osg::FieldContainerPtr& owner, const char* field, int k)
 {
     if (!owner) return {};
-    const std::string ids = owner->getField(field)->getValueByStr();
-    const osg::UInt32 count = owner->getField(field)->getSize();
-    if (count == 0) return {};
-    std::size_t start = 0;
-    for (int i = k % static_cast<int>(count); i > 0; --i)
-        start = ids.find(", ", start) + 2;
-    return {static_cast<unsigned int>(std::stoul(ids.substr(start)))};
+    const auto handles = osg::handlesIn(*owner->getField(field));
+    if (handles.empty()) return {};
+    return {osg::getContainerId(handles[static_cast<std::size_t>(k) % handles.size()])};
 }
 
-/// As many settings as the effect has, all different from it, and the first of its elements.
+/// An effect whose settings all differ from those of the target's effect, with the first element of that.
 osg::LensFlareEffectPtr newEffect(const Target& t, int k)
 {
     if (!t.effect()) return osg::NullFC;
@@ -178,7 +177,7 @@ moUndoCommandBase* setSet(Target& t, int k)
     return new moAddNodeToLightLinkSetUndoCommand(t.set(), node, 0, remove, nullptr);
 }
 
-/// Takes a light out, or puts one in where there is none.
+/// Removes a light, or adds one.
 moUndoCommandBase* takeLightOut(Target& t, int k)
 {
     if (!t.set()) return new moAddNodeToLightLinkSetUndoCommand(osg::NullFC, t.node(), 3, true, nullptr);
@@ -189,21 +188,21 @@ moUndoCommandBase* takeLightOut(Target& t, int k)
     return new moAddNodeToLightLinkSetUndoCommand(t.set(), node, 3, remove, nullptr);
 }
 
-/// Undo forgets a target that was there before, so there is a new one only where there is none.
+/// Inert if there is a target already: undo does not put that one back.
 moUndoCommandBase* setTarget(Target& t, int)
 {
     const bool isFree = t.aim() && !t.aim()->getTarget();
     return new moSetConstraintTargetUndoCommand(isFree ? t.aim() : osg::AimConstraintPtr(), t.bare(), nullptr);
 }
 
-/// The same: undo forgets the reference that was there before.
+/// Adds a visibility reference, or removes it if there is one: undo of adding does not put an earlier one back.
 moUndoCommandBase* setVisibilityReference(Target& t, int)
 {
     const bool remove = t.lightCore() && t.lightCore()->getVisibilityReference() != osg::NullFC;
     return new moAddNodeAsVisibilityReferenceUndoCommand(t.lightCore(), t.bare(), remove, nullptr);
 }
 
-/// On a light that has one.
+/// The same on a light that has one at first.
 moUndoCommandBase* takeVisibilityReference(Target& t, int)
 {
     const bool remove = t.spotCore() && t.spotCore()->getVisibilityReference() != osg::NullFC;
@@ -288,7 +287,7 @@ std::string demangled(const char* name)
     return readable.get();
 }
 
-/// A row; EditTrace tells the same of undo as of redo unless `undoing` says otherwise.
+/// A row; undo announces the same changes as redo unless undoing() says otherwise.
 template<class Command>
 Sample row(Merging merging, const char* target, const char* others, const char* messageKeys, Lines edits,
            Sample::Make make)
@@ -309,6 +308,13 @@ Sample row(Merging merging, const char* target, const char* others, const char* 
             {}};
 }
 
+/// The edit of a light and, where nodes have flags, that of the node that is its visibility reference.
+Lines withMark(const char* light, const char* reference)
+{
+    if (!moNodeFlags::exist) return {light};
+    return {light, reference};
+}
+
 /// A further row of a class.
 Sample in(const char* form, Sample sample)
 {
@@ -316,7 +322,7 @@ Sample in(const char* form, Sample sample)
     return sample;
 }
 
-/// What is announced where nothing is left to change, if that is not what is announced otherwise.
+/// For a row that announces other changes if the scene has the new values already.
 Sample again(Sample sample, Lines edits)
 {
     sample.againEdits = std::move(edits);
@@ -335,7 +341,7 @@ Sample except(Sample sample, Exception exception, const char* reason)
     return sample;
 }
 
-// The columns that a family has in common.
+// Columns that are the same in several rows of a family.
 constexpr const char* fieldKeys = "container=uint fieldId=uint";
 constexpr const char* transformKeys = "node=uint transformCommand=bool";
 constexpr const char* lightKeys = "lightCommand=bool";
@@ -491,8 +497,8 @@ std::vector<Sample> makeSamples()
         Exception::HoldsTarget, "source, target and backup belong together"),
     again(row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set sceneNodes 1"}, setSet), {}),
     again(in("taking lights out", row<moAddNodeToLightLinkSetUndoCommand>(never, "set", "light bare node", "lightlinkset=uint", {"set lights 1"}, takeLightOut)), {}),
-    row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "light", "bare", "lightCommand=uint", {"light core visibilityReference 1", "bare externalFlags 1"}, setVisibilityReference),
-    in("taken away", row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "spot", "node", "lightCommand=uint", {"spot core visibilityReference 1", "node externalFlags 1"}, takeVisibilityReference)),
+    row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "light", "bare", "lightCommand=uint", withMark("light core visibilityReference 1", "bare externalFlags 1"), setVisibilityReference),
+    in("taken away", row<moAddNodeAsVisibilityReferenceUndoCommand>(never, "spot", "node", "lightCommand=uint", withMark("spot core visibilityReference 1", "node externalFlags 1"), takeVisibilityReference)),
 
     // --- material
     row<moMaterialUndoCommand>(merges, "settings", "material", "container=uint material=uint componentSettings=uint",
@@ -563,7 +569,7 @@ const std::vector<Sample>& samples()
 
 namespace {
 
-/// Qt hands children out as const only; a test's commands are its own.
+/// Qt returns children as const only; a test may change its own commands.
 template<class Function>
 void forEach(QUndoCommand& command, Function function)
 {

@@ -16,39 +16,38 @@ enum class Merging
     InSeries
 };
 
-/// What the rows can be excepted from, always on purpose. A class that is excepted does not just miss a law: it has to
-/// behave as the reason says.
+/// An intended exception to a law. The law then asks for what the exception says instead.
 enum class Exception
 {
-    UndoDoesNothing,       ///< undo() leaves everything as it is
+    UndoDoesNothing,       ///< undo() changes nothing
     TargetsAreNotCompared, ///< merges across targets
     OlderDecidesMerging,   ///< a disabled older command, not a disabled newer one, prevents the merge
-    AnnouncesOtherFields,  ///< the change notifications name other fields than those that were written
-    HoldsTarget            ///< the target lives as long as the command
+    AnnouncesOtherFields,  ///< announces other fields than those that it writes
+    HoldsTarget            ///< holds a reference on its target
 };
 
-/// One concrete command class and all that its laws need to know of it. A class that is used in several forms (of a
+/// One concrete command class and what its laws need to know of it. A class that is used in several forms (of a
 /// variant, of another list, in the other direction) has a row without a form and one for each other form.
 ///
-/// `make(target, k)` gives the k-th command of a series on the target, in the state that the target is in: it can be
-/// called at any time and with any k from 0 on, and each command really changes something if it is the first on a fresh
-/// target. Commands get no parent but the composite being composed. On a target whose containers are gone it gives an
-/// inert command.
+/// `make(target, k)` makes the k-th command of a series on the target, for the state that the target has: it can be
+/// called at any time and with any k from 0 on, and each command changes something if it is the first on a new target.
+/// Commands have no parent, or the composite being composed. If the containers of the target were destroyed, the
+/// command is inert.
 struct Sample
 {
     using Make = moUndoCommandBase* (*)(SampleTarget& target, int k);
 
     std::string className; ///< as the library exports it
-    std::string form;      ///< what tells its row from the class's others; empty for the first
+    std::string form;      ///< name of the form; empty for the first row of the class
     int (*commandId)();    ///< null for a class without an id of its own
     Merging merging;
-    std::string target;                 ///< the role without which the command can do nothing; empty if there is none
-    std::string others;                 ///< the roles of whatever else it needs, separated by blanks
-    std::string messageKeys;            ///< with their types, what follows "id": `node=uint transformCommand=bool`
-    std::vector<std::string> edits;     ///< of the first redo on a fresh target: what EditTrace tells
-    std::vector<std::string> undoEdits; ///< of its undo
+    std::string target;                 ///< the role without which the command is inert; empty if there is none
+    std::string others;                 ///< the roles of the other containers that it needs, separated by blanks
+    std::string messageKeys;            ///< the keys after "id" with their types: `node=uint transformCommand=bool`
+    std::vector<std::string> edits;     ///< lines of EditTrace for the first redo on a new target
+    std::vector<std::string> undoEdits; ///< for its undo
     std::vector<std::string>
-        againEdits; ///< of a second one alike, after the first: the scene is as it wants it already
+        againEdits; ///< for the redo of a second command like the first: the scene has its values already
     Make makeCommand;
     std::map<Exception, std::string> exceptions; ///< with the reason
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The message callback is a plain function: it finds its trace here, one per stack.
+// The message callback is a plain function: it finds its trace here. There is one per stack.
 Trace* s_traces[2] = {nullptr, nullptr};
 
 template<int stack>

@@ -11,7 +11,7 @@
 
 class moUndoCommandBase;
 
-/// Everything that one stack tells its listeners, in order, one line each:
+/// Records all that one stack reports to its listeners, in order, one line each:
 ///
 ///     signal redo "Move" added          signal undo "Move"        signal cleared
 ///     message moURManager::redo index=int:0 added=bool:true ...
@@ -38,7 +38,7 @@ public:
 
     const std::vector<std::string>& lines() const { return m_lines; }
 
-    /// The lines so far; starts anew.
+    /// Returns the lines and forgets them.
     std::vector<std::string> take() { return std::exchange(m_lines, {}); }
 
     /// Only the messages, without the word "message".

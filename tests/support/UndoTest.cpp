@@ -2,14 +2,6 @@
 
 #include <support/ProbeCommand.h>
 
-#include <OpenSG/OSGFieldContainer.h>
-#include <OpenSG/OSGFieldContainerFactory.h>
-
-std::size_t liveContainerCount()
-{
-    return osg::FieldContainerFactory::the()->getNumLiveContainers();
-}
-
 UndoTest::UndoTest() = default;
 UndoTest::~UndoTest() = default;
 

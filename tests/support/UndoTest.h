@@ -2,6 +2,7 @@
 
 #include <support/Describe.h>
 #include <support/FakeClock.h>
+#include <support/LiveContainers.h>
 #include <support/LogCapture.h>
 
 #include <moUndoStack/core/moUndoStack.h>
@@ -9,11 +10,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-/// A test of recorded commands: recording is on, time stands still unless `clock` is told to go on, and the log is
+/// A test of recorded commands: recording is on, time stands still until the test advances `clock`, and the log is
 /// captured.
 ///
-/// At the end both stacks are cleared, and the process must be as it was found: no step, no composition, counters at
-/// zero, no container and no probe command more than before.
+/// At the end both stacks are cleared, and nothing may be left: no step, no composition, counters at zero, no container
+/// and no probe command more than before.
 class UndoTest : public testing::Test
 {
 protected:
@@ -32,6 +33,3 @@ private:
     std::size_t m_containersBefore = 0;
     int m_probesBefore = 0;
 };
-
-/// Number of containers that exist in the process, prototypes included.
-std::size_t liveContainerCount();

@@ -6,8 +6,11 @@
 
 #include <gtest/gtest.h>
 
-/// Runs every step of the command once undisturbed and once with a listener that throws at the first change: both leave the
-/// same, and the exception comes out. `state` tells all that the command edits; the stack owns the command afterwards.
+/// Runs every step of the command once undisturbed and once with a listener that throws at the first change. Expects
+/// the same state both times, and the exception.
+///
+/// \param command  owned by the stack afterwards.
+/// \param state    returns all values that the command edits.
 template<class State>
 void expectStepsStandThoughAListenerThrows(moUndoStack& stack, EditTrace& edits, QUndoCommand* command, State state)
 {

@@ -332,7 +332,7 @@ TYPED_TEST(AttachedTag, AttachmentThatIsAwayForAStepIsPassedOver)
     EXPECT_EQ(this->state(), this->before);
 }
 
-TYPED_TEST(AttachedTag, AttachmentThatIsTakenAwayByAListenerIsNotWrittenAnyMore)
+TYPED_TEST(AttachedTag, AttachmentDestroyedByAListenerIsNotWrittenAnyMore)
 {
     const auto command = this->make();
     this->edits.onChange([this] { this->detach(); });
@@ -355,7 +355,7 @@ TYPED_TEST(AttachedTag, AttachmentOfAnotherTypeInTheSamePlaceIsLeftAlone)
     const osg::ForeignAttachmentPtr foreign = osg::ForeignAttachment::create();
     foreign->getMFUserTags()->push_back("mine");
     this->node->addAttachment(foreign);
-    ASSERT_EQ(this->node->findAttachment(osg::TagAttachment::getClassGroupId()), foreign);
+    ASSERT_EQ(this->node->findAttachment(osg::TagAttachment::getClassType()), foreign);
 
     command->redo();
     command->undo();

@@ -309,7 +309,7 @@ TEST_F(ApplyVariant, WithNothingToApplyDoesAndTellsNothing)
     EXPECT_THAT(told, IsEmpty());
 }
 
-TEST_F(ApplyVariant, DoesAndTellsNothingOnceTheNodeHasGone)
+TEST_F(ApplyVariant, DoesAndTellsNothingOnceTheNodeWasDestroyed)
 {
     apply(0);
     take();

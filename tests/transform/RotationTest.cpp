@@ -55,7 +55,7 @@ protected:
         q.setValueAsQuat(x, y, z, w);
         return q;
     }
-    /// Half a turn about z unless told otherwise.
+    /// By default half a turn about z.
     moUndoCommand* command(const osg::NodePtr& edited, const osg::Quaternion& q = quaternion(0, 0, 1, 0))
     {
         return new moRotationAsQuaternionUndoCommand(moUndoString("Align", "Align to view", "Views"), edited, q,
@@ -63,8 +63,9 @@ protected:
     }
     std::string rotation() const
     {
+        const osg::Quaternion q = moNodeUtils::getTransform3D(node, -1)->getRotation();
         std::ostringstream text;
-        text << moNodeUtils::getTransform3D(node, -1)->getRotation();
+        text << q[0] << ' ' << q[1] << ' ' << q[2] << ' ' << q[3];
         return text.str();
     }
 };
@@ -391,7 +392,7 @@ TEST_F(RotationAsQuaternion, ThatIsNoRotationLeavesTheNodeAsItIs)
     }
 }
 
-TEST_F(RotationAsQuaternion, DoesNothingOnceItsNodeHasGone)
+TEST_F(RotationAsQuaternion, DoesNothingOnceItsNodeWasDestroyed)
 {
     stack.add(command(node));
     destroy(node);

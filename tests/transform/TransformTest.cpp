@@ -14,7 +14,7 @@ void TransformTest::SetUp()
 
 void TransformTest::TearDown()
 {
-    // The stack's commands may hold variants of these nodes.
+    // Clears the stack first: its commands may hold variants of these nodes.
     moUndoStack::clearAll();
     while (!m_nodes.empty())
         destroy(m_nodes.back());

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-/// A test on nodes with transforms. The nodes that make() gives live until the end of the test, unless destroy() is
+/// A test on nodes with transforms. The nodes that make() returns exist until the end of the test, unless destroy() is
 /// called.
 class TransformTest : public UndoTest
 {
@@ -25,8 +25,8 @@ protected:
     /// Appends a variant whose own core is a copy of the node's transform.
     osg::TransformVariantPtr addVariant(const osg::NodePtr& owner, const std::string& name);
 
-    /// Gives a transform values of its own: every component differs from that of a transform filled with another number
-    /// below 3, and from that of one that was not filled.
+    /// Gives every component of a transform a value. It differs from the values that another number below 3 gives, and
+    /// from the default.
     static void fill(const osg::NodePtr& owner, int variantIndex, int number);
 
     /// The names of the node's variants, joined; "none" without a list.
@@ -35,7 +35,7 @@ protected:
     /// Every field of the node's transform and of its variants, one transform per line.
     static std::string state(const osg::NodePtr& owner);
 
-    /// What callbacks and synchronisation functions were told, in order.
+    /// The arguments of callbacks and synchronisation functions, in the order of the calls.
     std::vector<std::string> told;
 
     osg::NodePtr node; ///< named Box, with an osg::Transform3D

@@ -22,7 +22,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Told = std::vector<std::string>;
 
-/// What the constructors of the family take, with the choice between their three forms.
+/// The arguments of the family's constructors; `merge` chooses between their three forms.
 struct Arguments
 {
     osg::NodePtr node;
@@ -96,7 +96,7 @@ moUndoCommand* shear(const Arguments& a)
 
 using Listener = std::function<void(const std::string& call)>;
 
-/// Installs a synchronisation function that tells the listener its arguments; no listener removes it.
+/// Installs a synchronisation function that passes its arguments to the listener; without a listener it removes it.
 template<class Command>
 void synchronise(const Listener& listener)
 {
@@ -171,7 +171,7 @@ protected:
         TransformTest::SetUp();
         addVariant(node, "A");
         addVariant(node, "B");
-        // Unlike the node's own and each other, so that a look into the wrong one shows.
+        // Different from the node's own transform and from each other, so that reading the wrong one shows.
         fill(node, 0, 0);
         fill(node, 1, 1);
     }
@@ -193,7 +193,7 @@ protected:
         return a;
     }
 
-    /// A callback that writes down its arguments.
+    /// A callback that records its arguments in `told`.
     auto tell()
     {
         return [this](unsigned int id, const osg::Vec3f& value, int variantIndex, bool identityChanged) {
@@ -230,8 +230,8 @@ template<class Command, class... After>
 constexpr bool isMadeFrom = std::is_constructible_v<Command, osg::NodePtr, osg::Vec3f, After...>;
 using Null = std::nullptr_t;
 
-// Ints that stand for the flag, the axis or the index leave no doubt which constructor is meant; as merge option, where
-// they could mean the switch or seconds, they do not compile.
+// An int compiles for flag, axis and index, where it chooses one constructor. It does not compile as merge option,
+// where it could be the switch or seconds.
 static_assert(isMadeFrom<moScalePivotUndoCommand, int, Null, int>);
 static_assert(isMadeFrom<moScalePivotUndoCommand, int, bool, Null, int>);
 static_assert(isMadeFrom<moScalePivotUndoCommand, int, float, Null, unsigned int>);
@@ -288,7 +288,7 @@ TEST_P(TransformValue, ExchangesTheValueAtEveryStepAndLeavesEverythingElse)
 
 TEST_P(TransformValue, EditsTheVariantThatItsIndexNames)
 {
-    if (!has(Variants)) { // shear is that of the node's own transform
+    if (!has(Variants)) { // variants have no shear
         EXPECT_STREQ(row.name, "moShearUndoCommand");
         return;
     }
@@ -467,7 +467,7 @@ TEST_P(TransformValue, TakesItsMergeSettingsFromItsConstructor)
 TEST_P(TransformValue, HasTheDefaultMergeIntervalUnlessItsConstructorIsGivenOne)
 {
     constexpr double tick = 1.0 / (1 << 20);
-    // How long after a step one that was made this way still merges into it.
+    // For a command made this way: how long after the older one it still merges.
     const auto expectMergesUntil = [this](const decltype(Arguments::merge)& merge, double interval) {
         SCOPED_TRACE(testing::Message() << "form " << merge.index() << ", interval " << interval);
         Arguments a = arguments();
@@ -595,7 +595,7 @@ TEST_P(TransformValue, IsAChildOfTheCompositeBeingComposed)
     EXPECT_EQ(value(), before);
 }
 
-TEST_P(TransformValue, DoesNothingOnceItsNodeHasGone)
+TEST_P(TransformValue, DoesNothingOnceItsNodeWasDestroyed)
 {
     row.synchronise(tellSync());
     Arguments a = arguments();
@@ -847,7 +847,8 @@ TEST_F(Transform, ADirectionIsWrittenWithItsAxisAndFlagAndReadAsItIsStored)
     EXPECT_EQ(print(core->getRotationDirection()), "0 0.6 0.8");
     EXPECT_EQ(core->getRotationDirectionMode(), 1);
     stack.undo();
-    // The direction that was stored comes back, with length one and along the axis of the command: intended.
+    // Intended: undo writes the stored direction with length one and the command's axis, see
+    // docs/oddities.md#a-direction-forgets-its-axis.
     EXPECT_EQ(print(core->getRotationDirection()), "0 0 1");
     EXPECT_EQ(core->getRotationDirectionMode(), 1);
 

@@ -46,7 +46,7 @@ protected:
     {
         stack.add(new moRemoveTransformSwitchVariantUndoCommand(node, index, nullptr, tell()));
     }
-    /// Somebody else gives back the only reference on a list, that of a command.
+    /// Gives back the only reference on a list, which is that of a command.
     static void giveBackList(unsigned int id)
     {
         auto list = osg::TransformVariantsAttachmentPtr::dcast(osg::FieldContainerFactory::the()->getContainer(id));
@@ -120,7 +120,7 @@ TEST_F(VariantList, TheFirstInsertMakesAListWhichUndoTakesOffAndRedoPutsBack)
     }
 }
 
-TEST_F(VariantList, RedoOfTheFirstInsertMakesAnotherListWhenTheOneItMadeHasGone)
+TEST_F(VariantList, RedoOfTheFirstInsertMakesAnotherListWhenTheOneItMadeWasDestroyed)
 {
     insert(0, variant("A"));
     const unsigned int first = attachmentId();
@@ -304,7 +304,7 @@ TEST_F(VariantList, UndoOfARemoveWhoseListWasDeletedRestoresAndTellsNothing)
     EXPECT_EQ(names(node), "none");
     EXPECT_THAT(told, IsEmpty());
 
-    // Also if the node has got another list meanwhile: intended.
+    // Intended: also if the node has another list by now, see docs/oddities.md#a-destroyed-list-of-variants.
     stack.redo();
     take();
     moNodeUtils::createTransformVariantsAttachment(node);
@@ -375,7 +375,7 @@ TEST_F(VariantList, NodesAndVariantsThatAreNotThereMakeStepsThatDoAndTellNothing
 
 TEST_F(VariantList, UndoOfAnInsertWithoutAVariantIsToldAllTheSame)
 {
-    // Undo asks for the node only, redo for the variant too: intended.
+    // Intended: redo needs the node and the variant, undo the node only.
     insert(0, osg::NullFC);
     stack.undo();
     EXPECT_THAT(take(), ElementsAre(told1(0, true)));
@@ -426,7 +426,7 @@ TEST_F(VariantList, RemovesOfOneCompositeGoFromTheHighestPositionDown)
     stack.undo();
     EXPECT_EQ(names(node), "ABC");
 
-    // The other way: both commands were made for A, so nobody holds B.
+    // In the other order both commands were made for A, and neither holds B.
     removeBoth(0, 0);
     EXPECT_EQ(names(node), "C");
     stack.undo();
@@ -524,7 +524,7 @@ TEST_F(VariantValue, ThatItHasAlreadyIsGivenAndToldOfAllTheSame)
     stack.undo();
     EXPECT_THAT(std::exchange(told, {}), ElementsAre("AA", "AA", "options", "options"));
 
-    // Somebody else was there first.
+    // The commands are made, and then the variant is edited without them.
     auto* const name = new moTransformVariantNameUndoCommand(
         v, "B", nullptr,
         [this](const std::string& before, const std::string& after) { told.push_back(before + after); });
@@ -577,7 +577,7 @@ TEST_F(VariantValue, NeverMergesAndHoldsNoReference)
     EXPECT_EQ(v.getRefCount(), 1);
 }
 
-TEST_F(VariantValue, OfAVariantThatHasGoneDoesAndTellsNothing)
+TEST_F(VariantValue, OfAVariantThatWasDestroyedDoesAndTellsNothing)
 {
     const osg::TransformVariantPtr v = addVariant(node, "A");
     const auto renamed = [this](const std::string&, const std::string&) { told.push_back("renamed"); };

@@ -46,7 +46,7 @@ protected:
         stack.add(new moTransformVariantMoveCommand(node, from, to, nullptr, tell()));
     }
 
-    /// The list after a move: those listed leave, the rest closes up, then each is inserted from `to` on.
+    /// The list after a move: those at `from` are removed, then each is inserted, from `to` on.
     static std::string moved(const std::string& letters, const std::vector<int>& from, int to)
     {
         std::vector<char> rest;
@@ -57,7 +57,7 @@ protected:
         return {rest.begin(), rest.end()};
     }
 
-    /// Runs the move that is on top through its cycles.
+    /// Undoes and redoes the top command and compares the list each time.
     void expectCycles(const std::string& before, const std::string& after)
     {
         EXPECT_EQ(names(node), after);
@@ -100,7 +100,7 @@ TEST_F(VariantMove, OfOneVariantLandsWhereItIsToldForAllPositions)
 
 TEST_F(VariantMove, OfSeveralVariantsPutsThemSideBySideInTheOrderInWhichTheyAreListedForAllLists)
 {
-    // Every ordered choice of positions of lists up to length 6, to every place where they find room.
+    // Every ordered choice of positions in lists up to length 6, moved to every place where they find room.
     for (std::size_t length = 1; length <= all.size(); ++length) {
         const std::string letters = all.substr(0, length);
         fill(letters);
@@ -231,12 +231,12 @@ TEST_F(VariantMove, HoldsVariantsOnlyOnTheWay)
     EXPECT_EQ(a.getRefCount(), 1);
 }
 
-TEST_F(VariantMove, SkipsAVariantThatHasGone)
+TEST_F(VariantMove, SkipsAVariantThatWasDestroyed)
 {
     fill("ABC");
     move(std::vector<int>{0, 2}, 0);
     EXPECT_EQ(names(node), "ACB");
-    moNodeUtils::removeTransformVariant(node, 1); // C goes for good; D takes its place
+    moNodeUtils::removeTransformVariant(node, 1); // destroys C; D takes its place
     moNodeUtils::insertTransformVariant(node, 1, moTransformVariantUtils::recordTransformVariant(osg::NullFC, "D"));
     EXPECT_EQ(names(node), "ADB");
     stack.undo();
@@ -292,7 +292,7 @@ TEST_F(VariantMove, OfAVariantThatIsListedTwiceLeavesItTwice)
     expectCycles("ABA", "BAA");
 }
 
-TEST_F(VariantMove, DoesAndTellsNothingOnceItsNodeHasGone)
+TEST_F(VariantMove, DoesAndTellsNothingOnceItsNodeWasDestroyed)
 {
     fill("AB");
     move(0, 1);

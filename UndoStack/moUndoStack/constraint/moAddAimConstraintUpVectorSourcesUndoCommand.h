@@ -4,7 +4,8 @@
 
 /// Adds up-vector sources to an aim constraint, each with the weight 1. See moConstraintSourcesUndoCommand.
 ///
-/// Intended: the edit names the sources field and not that of the up-vector sources, so that one listener serves both.
+/// Intended: the edit is announced as one of the field `sources`, so that one listener serves both kinds of source. See
+/// docs/oddities.md#up-vector-sources-are-announced-as-sources.
 class MO_UNDO_STACK_EXPORT moAddAimConstraintUpVectorSourcesUndoCommand
     : public moConstraintSourcesUndoCommand<osg::AimConstraintPtr>
 {
@@ -13,7 +14,7 @@ class MO_UNDO_STACK_EXPORT moAddAimConstraintUpVectorSourcesUndoCommand
 
 public:
     /// \param constraint  null makes the command inert.
-    /// \param sources     the scene objects, added in this order; null entries are dropped.
+    /// \param sources     the scene objects, added in this order; null ones are ignored.
     /// \param parent      null means the composite being composed, if any.
     moAddAimConstraintUpVectorSourcesUndoCommand(osg::AimConstraintPtr constraint,
                                                  const std::vector<osg::AttachmentContainerPtr>& sources,

@@ -11,7 +11,7 @@ class MO_UNDO_STACK_EXPORT moAddConstraintSourcesUndoCommand
 
 public:
     /// \param constraint  null makes the command inert.
-    /// \param sources     the scene objects, added in this order; null entries are dropped.
+    /// \param sources     the scene objects, added in this order; null ones are ignored.
     /// \param parent      null means the composite being composed, if any.
     moAddConstraintSourcesUndoCommand(osg::AbstractConstraintPtr constraint,
                                       const std::vector<osg::AttachmentContainerPtr>& sources, QUndoCommand* parent)

@@ -23,7 +23,8 @@ using Any = const osg::AbstractConstraintPtr&;
 using Aim = const osg::AimConstraintPtr&;
 using S = const osg::AttachmentContainerPtr&;
 
-// Intended: a source comes back with the weight 1, also when the user had given it another one before undo.
+// Intended: redo adds a source with the weight 1 again, because the command knows its sources by scene object. See
+// docs/oddities.md#weights-and-earlier-sources.
 const moAddConstraintSourcesUndoCommand::Row moAddConstraintSourcesUndoCommand::s_row{
     "Add Constraint Sources",
     [](Any constraint, S source) { constraint->addSource(source, 1.0f); },
@@ -58,7 +59,7 @@ void moConstraintSourcesUndoCommand<ConstraintPtr>::redo()
     apply(true);
 }
 
-/// All sources that are still there in one bracket; none is opened when there is nothing to do.
+/// Edits all sources that were not destroyed in one bracket. Opens none if there is nothing to do.
 template<class ConstraintPtr>
 void moConstraintSourcesUndoCommand<ConstraintPtr>::apply(bool add)
 {

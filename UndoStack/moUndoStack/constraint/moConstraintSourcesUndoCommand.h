@@ -11,10 +11,14 @@
 
 /// Base of the commands that add sources of one kind to a constraint, each with the weight 1.
 ///
-/// Undo removes the sources by scene object, whatever weight they have by then; redo adds them with the weight 1 again.
-/// An object that was a source already only gets the weight 1, and undo removes it all the same. The edit is announced
-/// as one of the sources field. A destroyed constraint or scene object, or one of another type, is skipped. Never
-/// merges. Message: "id" only. For the library's own rows: a command of yours derives from moUndoCommand.
+/// The edit is announced as one of the field `sources`. If the constraint was destroyed or is of another type, the step
+/// is a no-op; scene objects that were destroyed are skipped. Never merges. Message: "id" only.
+///
+/// Intended: undo removes the sources by scene object, whatever their weight is by then, and redo adds them with the
+/// weight 1 again. A scene object that was a source before gets the weight 1, and undo removes it, too. The command
+/// knows its sources by scene object, not by constraint object. See docs/oddities.md#weights-and-earlier-sources.
+///
+/// For the library's own rows: a command of yours derives from moUndoCommand.
 template<class ConstraintPtr>
 class moConstraintSourcesUndoCommand : public moUndoCommand
 {
@@ -27,14 +31,15 @@ public:
     void undo() override;
     /// Adds the sources.
     void redo() override;
-    /// Never.
+    /// Always false.
     bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 protected:
-    /// Text, and what adds and removes a source, of one command.
+    /// The text of one command and the functions that add and remove a source.
     struct Row;
 
-    /// \param row  outlives the command.
+    /// \param row     must outlive the command.
+    /// \param parent  null means the composite being composed, if any.
     moConstraintSourcesUndoCommand(const Row& row, const ConstraintPtr& constraint,
                                    const std::vector<osg::AttachmentContainerPtr>& sources, QUndoCommand* parent);
 

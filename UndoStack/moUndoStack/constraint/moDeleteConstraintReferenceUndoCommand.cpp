@@ -11,7 +11,8 @@ MO_UNDO_COMMAND_ID_IMPL(moDeleteConstraintReferenceUndoCommand)
 
 namespace {
 
-// By id: the order is the same in every run, and an object found twice is held once.
+// Sorted by id: an object that is found twice is held once. Intended: undo adds them in this order. See
+// docs/oddities.md#the-order-of-removed-constraint-objects.
 using HeldObjects = std::map<unsigned int, ContainerReference>;
 
 void hold(HeldObjects& objects, const osg::ConstraintObjectPtr& object)
@@ -89,7 +90,7 @@ void moDeleteConstraintReferenceUndoCommand::apply(bool remove)
     using Constraint = osg::AbstractConstraint;
     using Aim = osg::AimConstraint;
 
-    // Each edit finds the constraint anew: a listener may destroy the constraint between two.
+    // Each edit looks the constraint up again: a listener to the one before may have destroyed it.
     editObjects<osg::AbstractConstraintPtr>(m_constraintId, Constraint::SourcesFieldMask, m_roles->sources,
                                             remove ? &Constraint::removeSourceObject : &Constraint::addSourceObject);
     editObjects<osg::AimConstraintPtr>(m_constraintId, Aim::UpVectorSourcesFieldMask, m_roles->upVectors,

@@ -17,7 +17,7 @@ moSetConstraintTargetUndoCommand::moSetConstraintTargetUndoCommand(osg::Abstract
 
 void moSetConstraintTargetUndoCommand::undo()
 {
-    // Intended: undo takes the target away and does not bring back the one before.
+    // Intended: the command keeps no old value. See docs/oddities.md#the-target-before.
     apply(0);
 }
 
@@ -34,7 +34,7 @@ void moSetConstraintTargetUndoCommand::apply(unsigned int targetId)
         const auto target = findContainer<osg::AttachmentContainerPtr>(targetId);
         if (targetId != 0 && target == osg::NullFC) return;
 
-        // A new target that cannot be made leaves the one before.
+        // If createTarget() fails, the target stays as it was.
         const ContainerEdit edit(constraint, osg::AbstractConstraintBase::TargetFieldMask);
         moStep::writeThroughSibling([&] {
             if (target != osg::NullFC)

@@ -7,9 +7,9 @@
 
 #include <utility>
 
-// The one place of the library that looks containers up, asks handles for their ids, opens edits and counts references.
+// The one place of the library that finds containers, reads ids from handles, brackets edits and counts references.
 
-/// Id of a container; 0 for the null handle, which must not be asked.
+/// Id of a container; 0 for a null handle, whose getFieldContainerId() must not be called.
 inline unsigned int containerId(const osg::FieldContainerPtr& container)
 {
     return container ? container.getFieldContainerId() : 0;
@@ -29,10 +29,9 @@ inline osg::FieldContainerPtr findContainer<osg::FieldContainerPtr>(unsigned int
     return osg::FieldContainerFactory::the()->getContainer(id);
 }
 
-/// An edit of a container by the user: open from construction to destruction, also when the edit throws. The
-/// container's change notification goes out when it closes; a listener that throws then does not keep the step from
-/// being done (see moStep). A null container makes it do nothing. Looks the container up again before closing the edit:
-/// writing may have destroyed it.
+/// The bracket around an edit by the user: open from construction to destruction, also if the edit throws. The change
+/// is announced when it closes; if a listener throws then, the step stands (see moStep). Does nothing for a null
+/// container. Looks the container up again before closing the edit: writing may have destroyed it.
 class ContainerEdit
 {
 public:
@@ -55,21 +54,22 @@ private:
     osg::BitVector m_mask;
 };
 
-/// For the few commands that hand a reference over to a field; all others hold a ContainerReference. Null handles are
-/// ignored.
+/// Adds a reference. For the few commands that give a field its reference; all others use ContainerReference. A null
+/// handle is ignored.
 inline void addReference(const osg::FieldContainerPtr& container)
 {
     osg::addRefCP(container);
 }
 
-/// May destroy the container; only the handle given becomes null then.
+/// Releases a reference. This may destroy the container: the given handle is null then, others are not. A null handle
+/// is ignored.
 inline void releaseReference(const osg::FieldContainerPtr& container)
 {
     osg::subRefCP(container);
 }
 
-/// Keeps a container alive: one reference from construction to destruction. The container is found again by id, so that
-/// nothing happens at the end if it was destroyed all the same.
+/// Keeps a container alive: one reference from construction to destruction. Looks the container up again before
+/// releasing it: it may have been destroyed all the same.
 class ContainerReference
 {
 public:
@@ -88,7 +88,7 @@ public:
     ContainerReference(const ContainerReference&) = delete;
     ContainerReference& operator=(const ContainerReference&) = delete;
 
-    /// 0 when it holds nothing.
+    /// Id of the container; 0 for none.
     unsigned int id() const { return m_id; }
 
     template<class Ptr>

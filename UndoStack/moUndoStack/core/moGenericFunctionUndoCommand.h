@@ -13,12 +13,14 @@
 /// its children only canMergeWith(), which any two commands of the id -1 made within the merge interval answer with
 /// true, and ignores what mergeWith() answers. The merged step then calls the older command's functions only; the newer
 /// one's were called once and are deleted. Where that loses an edit, compose with merging disabled, or call
-/// setMergeEnabled(false) on this command.
+/// setMergeEnabled(false) on this command. See docs/oddities.md#composites-do-not-look-at-what-mergewith-answers.
+///
 /// Message: "id" (int, -1).
 class MO_UNDO_STACK_EXPORT moGenericFunctionUndoCommand : public moUndoCommand
 {
 public:
-    /// \param undoFunction  called by undo(). Note the order: undo comes first.
+    /// \param undoFunction  called by undo(). Intended, part of the interface: it comes before the redo function. See
+    ///                      docs/oddities.md#undo-comes-first.
     /// \param redoFunction  called by redo(), also the first time.
     /// \param parent        null means the composite being composed, if any.
     moGenericFunctionUndoCommand(const moUndoString& text, std::function<void()> undoFunction,

@@ -8,9 +8,8 @@
 
 namespace moUndoDetail {
 
-/// A function that a caller of the library has given, or none. It may be replaced while it runs, and what it keeps
-/// (a counter in a mutable lambda, say) lasts from one call to the next. Takes a pointer's room: many commands have one,
-/// few are given a function.
+/// A callback, or none. It may be replaced while it runs, and its state (e.g. a counter in a mutable lambda) lasts from
+/// one call to the next. As big as a pointer: many commands have one, and few are given a function.
 template<class Signature>
 class HeldFunction
 {

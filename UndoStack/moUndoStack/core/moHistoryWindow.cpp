@@ -24,8 +24,8 @@ Views& views()
 
 bool s_processEnds = false;
 
-/// Called by the destructor of the application object. One that is destroyed while the process ends leaves the windows:
-/// parts of Qt that the destructor of a window needs may be destroyed already.
+/// Called by the destructor of the application object. If that runs while the process ends, the windows are left as
+/// they are: parts of Qt that their destructors need may be destroyed already.
 void destroyViews()
 {
     for (const QPointer<QUndoView>& view : views())
@@ -34,7 +34,7 @@ void destroyViews()
 
 void destroyViewsInTime()
 {
-    // An application object calls its post routines once: each new one has to be told.
+    // An application object calls the post routines once, so each new one needs them again.
     qAddPostRoutine(destroyViews);
     static const int s_registered = std::atexit([] { s_processEnds = true; });
     Q_UNUSED(s_registered)
@@ -47,9 +47,9 @@ QUndoView* makeView(QUndoStack& stack, const std::function<void(int)>& jump)
     auto* view = new QUndoView(&stack);
     view->setWindowTitle(moUndoStack::tr("Undo/Redo History"));
     view->resize(width, height);
-    // The view lays its whole list out again at each step; with rows of one height that needs no look at each.
+    // The view lays out its whole list again at each step; with rows of one height it need not measure each.
     view->setUniformItemSizes(true);
-    // Qt's model would move Qt's stack behind our back, with nobody to let calls from commands wait meanwhile.
+    // Qt's model would move Qt's stack directly: calls that commands make meanwhile would not wait.
     const QItemSelectionModel* selection = view->selectionModel();
     QObject::disconnect(selection, &QItemSelectionModel::currentChanged, view->model(), nullptr);
     QObject::connect(selection, &QItemSelectionModel::currentChanged, view, [&stack, jump](const QModelIndex& chosen) {

@@ -4,13 +4,12 @@
 
 class QUndoStack;
 
-/// The windows that show the histories, one for each of the two stacks, and when they are destroyed:
+/// The windows that show the histories, one for each of the two stacks, and how long they exist:
 ///
-///  - The user closes one: it is hidden, and show() brings the same one back.
-///  - The application object is destroyed, however that comes about: they are destroyed first, as no window can be
-///    destroyed later.
-///  - The process ends while there is an application object (std::exit(), a leaked or static object): they are left to
-///    the process. Parts of Qt that the destructor of a window needs may be destroyed already.
+///  - The user closes one: it is hidden, and show() shows the same one again.
+///  - The application object is destroyed: they are destroyed first, because no window can be destroyed later.
+///  - The process ends while there is an application object (std::exit(), a leaked or static object): they are not
+///    destroyed, because parts of Qt that their destructors need may be destroyed already.
 namespace moHistoryWindow {
 
 /// Shows the history of a stack, in a window made at the first call.
@@ -19,7 +18,7 @@ namespace moHistoryWindow {
 /// \param jump  called with the index when the user chooses a row.
 void show(unsigned int slot, QUndoStack& stack, const std::function<void(int)>& jump);
 
-/// From now on the stack may be emptied and destroyed: a window that is still there does not hear of it.
+/// Disconnects the window from the stack, so that the stack can be emptied and destroyed while the window exists.
 void abandon(QUndoStack& stack);
 
 } // namespace moHistoryWindow

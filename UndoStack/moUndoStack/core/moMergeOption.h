@@ -2,7 +2,8 @@
 
 #include <moUndoStack/core/moUndoCommand.h>
 
-/// How a new command merges, for constructors that let their caller choose: a bool is the switch, a double the interval.
+/// How a new command merges, for constructors that let their caller choose: a bool is the switch, a double the
+/// interval.
 ///
 ///     new Command(node, value, false, parent);  // a step of its own
 ///     new Command(node, value, 1.5, parent);    // merges into a step made less than 1.5 s before

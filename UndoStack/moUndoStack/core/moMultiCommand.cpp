@@ -14,10 +14,10 @@ namespace {
 
 using Step = void (QUndoCommand::*)();
 
-/// Runs a step on each child in turn and then the after function. If a child's step does not happen, those before it are
-/// taken back in the opposite order, and the after function has nothing to be told of.
+/// Runs the step of each child in turn and then the after function. If a child's step does not happen, those before it
+/// are taken back in the opposite order, and the after function is not called.
 ///
-/// childAt(i) is the i-th child to step, null behind the last one: a child may add others while it runs.
+/// childAt(i) is the i-th child to run, null after the last one. It is asked each time: a child may add others.
 template<class ChildAt>
 void runWhole(const ChildAt& childAt, Step step, Step opposite, const std::function<void()>& after)
 {
@@ -116,6 +116,6 @@ bool moMultiCommand::hasChild(const QUndoCommand* command) const
 
 QUndoCommand* moMultiCommand::childAt(int index) const
 {
-    // Qt hands children out as const only; they are this command's own.
+    // Qt returns children as const only; this command owns them.
     return const_cast<QUndoCommand*>(child(index));
 }

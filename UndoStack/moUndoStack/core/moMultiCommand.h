@@ -14,10 +14,16 @@
 /// accepts its counterpart. Then mergeWith() of each child is called. Intended: its result is ignored, because a half
 /// merged composite could not be taken apart again. Children that refuse in mergeWith() but not in canMergeWith() (see
 /// moUndoCommand) need a composite with merging disabled: otherwise the newer edits are lost on redo, or stay after
-/// undo. The newer composite is deleted with all that it has: its after function, the receiver of a
-/// moInvokeMultiCommand, the changed and other callbacks of its children. From then on those of the older one are
-/// called, also for the newer edits.
-/// Message: that of its first child, if it is a moUndoCommand.
+/// undo. See docs/oddities.md#composites-do-not-look-at-what-mergewith-answers. The newer composite is deleted with all
+/// that it has: its after function, the receiver of a moInvokeMultiCommand, the changed and other callbacks of its
+/// children. From then on those of the older one are called, also for the newer edits.
+///
+/// Intended: it has no merge interval of its own, because only its children have a time. See
+/// docs/oddities.md#composites-have-no-time-of-their-own.
+///
+/// Message: that of its first child, if it is a moUndoCommand. Intended: the other children are not described, because
+/// receivers look for the keys of the family that was edited. See
+/// docs/oddities.md#a-composite-describes-itself-as-its-first-child.
 class MO_UNDO_STACK_EXPORT moMultiCommand : public moUndoCommandBase
 {
     MO_UNDO_COMMAND_ID
@@ -30,7 +36,9 @@ public:
     /// \param parent  owns the composite; null means the composite being composed, if any.
     moMultiCommand(const moUndoString& text, QUndoCommand* parent);
 
-    /// \param parent        intended: not used. The parent is always the composite being composed, if any.
+    /// \param parent        intended: not used. The parent is always the composite being composed, if any, because
+    ///                      moUndoStack::beginMultiCommand() nests that way. See
+    ///                      docs/oddities.md#a-parent-that-is-not-used.
     /// \param mergeEnabled  whether newer composites may be merged into this one.
     moMultiCommand(const moUndoString& text, QUndoCommand* parent, bool mergeEnabled);
 
@@ -47,13 +55,16 @@ public:
     /// Does the children, from the first to the last, and calls the after function.
     void redo() override;
 
-    /// Takes over the newer composite's text; the description stays.
+    /// Takes over the newer composite's text. Intended, part of the interface: the description stays. See
+    /// docs/oddities.md#a-merged-composite-keeps-its-description.
     bool mergeWith(const QUndoCommand* other) override;
 
-    /// Adds what the first child says of itself.
+    /// Adds the first child's keys.
     void makeMessage(moMessage& message) const override;
 
-    /// Whether each child accepts its counterpart. Unlike in moUndoCommand, the switch of the older composite counts.
+    /// Whether each child accepts its counterpart. Intended: unlike in moUndoCommand, the switch of the older composite
+    /// counts, because it is set when that is begun. See
+    /// docs/oddities.md#the-newer-command-decides-or-the-older-composite.
     bool canMergeWith(const QUndoCommand* other) const override;
 
     /// Whether newer composites may be merged into this one.

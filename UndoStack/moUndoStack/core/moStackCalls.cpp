@@ -14,7 +14,7 @@ using Kind = moStackCall::Kind;
 
 void moStackOutlook::push(const QUndoCommand* command)
 {
-    // A push drops the steps that could have been done again.
+    // A push deletes the steps that could have been redone.
     m_known = std::min(m_known, m_place.index);
     m_coming.resize(static_cast<std::size_t>(m_place.index - m_known));
     m_coming.push_back(command);
@@ -95,7 +95,7 @@ void moStackCalls::perform(const moStackCall& call)
     });
 }
 
-/// Keeps what was told up to date, if somebody has asked. Without memory for that it is told anew at the next query.
+/// Keeps the outlook up to date, if there is one. If memory runs out, the next query makes a new one.
 void moStackCalls::expect(Waiting& waiting)
 {
     if (!m_outlook) return;

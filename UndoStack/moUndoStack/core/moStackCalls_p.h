@@ -11,7 +11,7 @@
 class QUndoCommand;
 class QUndoStack;
 
-/// A call that changes Qt's stack, as data: so it can wait, and what it will change can be told in advance.
+/// A call that changes Qt's stack, as data, so that it can wait and its effect can be computed in advance.
 struct moStackCall
 {
     enum class Kind
@@ -33,7 +33,7 @@ struct moStackCall
     QString text = {};               ///< of a macro
 };
 
-/// Where a stack stands: what its queries tell.
+/// The state of a stack that its queries read.
 struct moStackPlace
 {
     int index = 0;
@@ -47,8 +47,8 @@ struct moStackPlace
     }
 };
 
-/// Where a stack will stand when the calls that were made have been carried out, as far as that can be told: a push
-/// counts as a step of its own, although it may be merged or throw.
+/// The state of a stack after all calls made so far, computed before they are carried out. A push counts as a step of
+/// its own, although it may be merged or throw.
 class moStackOutlook
 {
 public:
@@ -56,11 +56,12 @@ public:
     {
     }
 
+    /// Applies one more call.
     void add(const moStackCall& call);
 
     const moStackPlace& place() const { return m_place; }
 
-    /// Null where there is none, and for a macro that has not begun yet.
+    /// The command at a position; null if there is none, and for a macro that has not begun yet.
     const QUndoCommand* command(int position) const;
 
 private:
@@ -68,7 +69,7 @@ private:
     void goTo(int index);
 
     const QUndoStack& m_stack;
-    int m_known; ///< the commands below this position are those of m_stack, the others are coming
+    int m_known; ///< below this position the commands are those of m_stack, from there on those of m_coming
     std::vector<const QUndoCommand*> m_coming;
     moStackPlace m_place;
 };
@@ -80,8 +81,8 @@ private:
 ///                              │  └─────────────────────────────┐
 ///                              └──the first that waits, if any──┘
 ///
-/// The call at hand is *settled* when Qt's stack has moved: what it did is to be seen there, and is reported.
-/// Exceptions do not keep the calls that wait from being carried out (see moStep).
+/// The call at hand is *settled* once Qt's stack has moved: from then on Qt's stack shows its effect, and the step is
+/// reported. Exceptions do not keep the calls that wait from being carried out (see moStep).
 class moStackCalls
 {
 public:
@@ -89,12 +90,13 @@ public:
 
     moStackCalls(const QUndoStack& stack, CarryOut carryOut) : m_stack(stack), m_carryOut(std::move(carryOut)) {}
 
-    /// Carries a call out, and those that come meanwhile; or lets it wait, if the stack is at work.
+    /// Carries out the call and those that come meanwhile. If the stack is at work, lets the call wait.
     void perform(const moStackCall& call);
 
+    /// Whether there is a call at hand.
     bool isAtWork() const { return m_atHand; }
 
-    /// To be told when Qt's stack has moved.
+    /// Called once Qt's stack has moved.
     void settle()
     {
         if (!m_settled) settleNow();
@@ -103,15 +105,20 @@ public:
     /// Whether the call at hand adds something: a push, or the end of a macro.
     bool isAdding() const;
 
-    /// From now on the stack is empty and calls are ignored. The commands that they hand over stay the caller's.
+    /// From now on the queries answer as for an empty stack, and calls are ignored. The caller still owns the commands
+    /// that it pushes.
     void close();
+    /// Whether close() was called.
     bool isClosed() const;
 
-    /// As they will be when all calls have been carried out that were made so far; at rest, as they are.
+    /// The state after all calls made so far; at rest, the state of Qt's stack.
     moStackPlace place();
+    /// The command at a position, likewise; null if there is none.
     const QUndoCommand* command(int position);
 
+    /// Sets the index for reset().
     void setMark(int index) { m_mark = index; }
+    /// The index for reset(), by the calls that were carried out.
     int mark() const { return m_mark; }
 
 private:
@@ -135,8 +142,8 @@ private:
     int m_openMacros = 0;
     std::deque<Waiting> m_waiting;
 
-    /// Made when somebody asks, and kept as long as the calls do what it told: a loop of queries and calls costs no
-    /// more for each turn than the one before.
+    /// Made at the first query and kept as long as the calls do what it computed: each turn of a loop of queries and
+    /// calls then costs the same.
     std::optional<moStackOutlook> m_outlook;
-    moStackPlace m_expected; ///< after the call at hand, by m_outlook
+    moStackPlace m_expected; ///< what m_outlook computed for the end of the call at hand
 };

@@ -6,7 +6,7 @@
 
 /// The clock of the merge interval: seconds since the first reading in the process, from a monotonic counter.
 ///
-/// Exported for the tests, which replace the counter; its header is not installed.
+/// Exported because the tests replace the counter; its header is not installed.
 class MO_UNDO_STACK_EXPORT moUndoClock
 {
 public:

@@ -19,7 +19,8 @@
 /// look at what mergeWith() answers. A class that does not merge must say so in canMergeWith(), or switch merging off
 /// in its constructor (setMergeEnabled(false)). Otherwise two composites of one such command each, made within the
 /// merge interval, become one step: the newer edit is made, but redo does not make it again, or undo does not take it
-/// back. A class that merges must take over in mergeWith() whatever redo needs of the newer command.
+/// back. A class that merges must take over in mergeWith() all that redo needs of the newer command. See
+/// docs/oddities.md#composites-do-not-look-at-what-mergewith-answers.
 class MO_UNDO_STACK_EXPORT moUndoCommand : public moUndoCommandBase
 {
 public:
@@ -36,7 +37,8 @@ public:
 
     /// True if `other`, the newer command, has merging enabled, has this command's id and was made strictly less than
     /// its own merge interval after this one. Intended: switch and interval of this, the older command, do not count,
-    /// because it is the newer one that is merged and deleted. False for anything that is no moUndoCommand.
+    /// because it is the newer one that is merged and deleted. See
+    /// docs/oddities.md#the-newer-command-decides-or-the-older-composite. False for anything that is no moUndoCommand.
     bool canMergeWith(const QUndoCommand* other) const override;
 
     /// The id of a class: 1, 2, 3 ... in the order of the first calls, the same until the process ends.
@@ -55,8 +57,8 @@ protected:
     /// Part of a merge: this command counts as made when the newer one was.
     void adoptCreationTime(const moUndoCommand& newer) { m_creationTime = newer.m_creationTime; }
 
-    /// `other` as a Command, or null if it is none. Compares the classes first: nearly always both are of one class, and
-    /// that is much cheaper than a dynamic_cast.
+    /// `other` as a Command, or null if it is none. Compares the classes first: nearly always both are of one class,
+    /// and that is much cheaper than a dynamic_cast.
     template<class Command>
     static const Command* castLike(const Command& self, const QUndoCommand* other)
     {

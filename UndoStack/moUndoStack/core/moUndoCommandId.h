@@ -10,6 +10,7 @@
 //
 // MO_UNDO_COMMAND_ID stands in the class body and leaves the access at private.
 
+/// Declares the identity of a command class, inside the class. What follows in the class is private.
 #define MO_UNDO_COMMAND_ID                                                                                             \
 public:                                                                                                                \
     static int commandId();                                                                                            \
@@ -18,6 +19,8 @@ public:                                                                         
 private:                                                                                                               \
     [[maybe_unused]] static void classNameTest();
 
+/// Defines the identity of a command class, once, in its source.
+/// \param Class  the class, without template arguments.
 #define MO_UNDO_COMMAND_ID_IMPL(Class)                                                                                 \
     int Class::commandId()                                                                                             \
     {                                                                                                                  \
@@ -31,6 +34,8 @@ private:                                                                        
     void Class::classNameTest() {}
 
 /// The same for a class template with one type parameter, before its explicit instantiations.
+/// \param Class  the class template.
+/// \param T      the name of its parameter.
 #define MO_UNDO_COMMAND_ID_TEMPLATE_IMPL(Class, T)                                                                     \
     template<class T>                                                                                                  \
     int Class<T>::commandId()                                                                                          \

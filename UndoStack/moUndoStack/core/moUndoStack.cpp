@@ -50,7 +50,7 @@ void fill(moMessage& message, const QUndoCommand& command, int index, bool added
     message.set("index", index, true);
     message.set("added", added, true);
     message.set("text", toUtf8(command.text()), true);
-    // The usual kind is asked for first: each look at what a command is takes a good part of the time of undoing it.
+    // The usual class first: a dynamic_cast takes a good part of the time of an undo.
     const auto* single = dynamic_cast<const moUndoCommand*>(&command);
     const auto* described = single ? single : dynamic_cast<const moUndoCommandBase*>(&command);
     if (described) message.set("description", toUtf8(described->getDescription()), true);
@@ -78,8 +78,8 @@ struct moUndoStacks
     moUndoStacks& operator=(const moUndoStacks&) = delete;
     ~moUndoStacks()
     {
-        // What a command holds may call the stacks from its destructor. Both stacks are there until the last command is
-        // deleted, but closed: such a call finds them empty and changes nothing.
+        // Deleting a command may run foreign code that calls a stack. Both stacks exist until the last command is
+        // deleted, but are closed: such a call finds them empty and changes nothing.
         for (moUndoStack& stack : all)
             stack.m_calls->close();
         while (!moUndoStack::s_multiCommands.isEmpty())
@@ -104,7 +104,7 @@ moUndoStack::~moUndoStack()
     delete m_stack;
 }
 
-/// The first half of the end, see ~moUndoStacks(). Nobody is told of it.
+/// Called by ~moUndoStacks() while both stacks exist. Reports nothing, and the history window is disconnected first.
 void moUndoStack::deleteCommands()
 {
     moHistoryWindow::abandon(*m_stack);
@@ -241,8 +241,9 @@ void moUndoStack::clearMultiCommands()
     delete s_multiCommands.pop().first;
 }
 
-/// A nested composite lives on as a child of the one around it. Without a parent it was begun while recording was off:
-/// nobody runs or records it, it is only kept until the process ends, as somebody may have made commands for it.
+/// A nested composite stays a child of the one around it. One without a parent was begun while recording was off.
+/// Intended: it is neither run nor recorded, and kept until the process ends, because it may be the parent of commands.
+/// See docs/oddities.md#nested-composites-that-belong-to-nobody.
 void moUndoStack::abandon(moMultiCommand* composite)
 {
     if (!composite->parent()) s_abandoned.push_back(composite);
@@ -257,8 +258,8 @@ bool moUndoStack::owns(const QUndoCommand* command) const
     return last->childCount() > 0 && last->child(last->childCount() - 1) == command;
 }
 
-/// Deletes a command that could not be pushed, unless somebody has it: Qt takes a command over only after it was run
-/// and not merged. Listeners do not throw into Qt, see indexChanged().
+/// Deletes a command that could not be pushed, unless Qt's stack or a parent owns it: Qt takes a command over only
+/// after it was run and was not merged. Listeners do not throw into Qt, see indexChanged().
 void moUndoStack::drop(QUndoCommand* command) const
 {
     const auto* ours = dynamic_cast<const moUndoCommandBase*>(command);
@@ -323,7 +324,7 @@ void moUndoStack::add(QUndoCommand* command)
     try {
         m_calls->perform({Kind::Push, command});
     } catch (...) {
-        if (waits) drop(command); // no memory for it to wait its turn
+        if (waits) drop(command); // no memory to let it wait
         throw;
     }
 }
@@ -339,7 +340,7 @@ void moUndoStack::addOrExecute(moUndoCommandBase* command)
         });
         return;
     }
-    // A command with a parent is pushed even while nothing is being composed: intended.
+    // Intended: only commands without a parent are asked about. See docs/oddities.md#a-command-with-a-parent-is-pushed.
     add(command);
 }
 
@@ -431,17 +432,17 @@ void moUndoStack::setMessageCallback(MessageCallback callback)
     m_messageCallback = callback;
 }
 
-/// Signals are emitted from the first connection on: to emit one that nobody hears costs a tenth of an undo. Not
-/// switched off again at a disconnection: Qt holds its lock then, and does not say which slots are left.
+/// Signals are emitted from the first connection on: emitting one that has no slot takes a tenth of an undo. A
+/// disconnection does not switch this off again: Qt holds its lock then, and does not say which slots are left.
 void moUndoStack::connectNotify(const QMetaMethod& signal)
 {
     m_hadSlots = true;
     QObject::connectNotify(signal);
 }
 
-/// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear, always from within a call of ours.
-/// Nothing may be thrown into Qt, which could not say any more who owns the command: all that can throw here comes
-/// afterwards, and is kept.
+/// Called by Qt after every push, merge, undo, redo, jump, end of a macro and clear, always inside a call that
+/// carryOut() makes. Nothing may be thrown into Qt, because then it would not be known whether Qt owns the command: all
+/// that can throw here runs in moStep::afterwards(), which keeps the exception.
 void moUndoStack::indexChanged(int i)
 {
     m_calls->settle();
@@ -474,7 +475,8 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
 
     moMessage message;
     moStep::afterwards([&] { fill(message, *command, index, added); });
-    moStep::afterwards([&] { m_messageCallback(name, message, 0); });
+    // Checked again: makeMessage() is foreign code and may have removed the callback.
+    if (m_messageCallback) moStep::afterwards([&] { m_messageCallback(name, message, 0); });
 }
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)

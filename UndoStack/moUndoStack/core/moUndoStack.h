@@ -19,16 +19,19 @@ class moStackCalls;
 class moUndoCommandBase;
 struct moStackCall;
 
-/// Runs commands, records them, takes them back and reports each step: the one entry point for edits that can be undone.
+/// Runs commands, records them, takes them back and reports each step: the one entry point for edits that can be
+/// undone.
 ///
 /// There are two stacks, get(DefaultStack) and get(SecondStack), made at the first get() and destroyed at process exit.
 /// Recording is off until beginUndo() is called; commands are then only run. Both stacks share the recording counters
 /// and the composition. Main thread only.
 ///
 /// **Notifications.** A step is reported to three kinds of listener, in this order: signal, message callback, the
-/// command's changed callbacks. A jump over several steps is reported once, for the command at the new boundary. After
-/// clear() of a stack that held commands, Qt reports index 0 when it is already empty: that arrives as undoPerformed
-/// (redoPerformed if all was undone) with a null command, before cleared().
+/// command's changed callbacks. Intended: a jump over several steps is reported once, for the command at the new
+/// boundary, because Qt reports the new index once. See docs/oddities.md#a-jump-is-one-report. Intended: clear() of a
+/// stack that held commands is reported as undoPerformed (redoPerformed if all was undone) with a null command, before
+/// cleared(), because Qt reports index 0 when the stack is already empty. See
+/// docs/oddities.md#clear-reports-a-null-command.
 ///
 /// **Calls from listeners and commands.** A slot, message callback, changed callback or a command's own undo, redo or
 /// merge may call the stack. While a stack is at work on a recorded step, a call that would change it (add,
@@ -76,7 +79,8 @@ public:
     /// the call), and 0. The result is ignored.
     using MessageCallback = bool (*)(const char*, moMessage&, int);
 
-    /// The stack of a type; the default stack for any number that is no type.
+    /// The stack of a type. Intended: any number that is no type gives the default stack, so that an edit always has
+    /// one. See docs/oddities.md#any-other-number-is-the-default-stack.
     static moUndoStack& get(unsigned int type = DefaultStack);
 
     /// Whether commands are recorded: at least one beginUndo() is open, and no beginBlockUndo().
@@ -108,16 +112,21 @@ public:
     static bool isComposing();
 
     /// Takes the command over, runs it and records it, or merges it into the top one and deletes it. Null is ignored.
-    /// Records also while recording is off: only addOrExecute() asks.
-    /// While a composite is being composed nothing happens: a command made meanwhile is a child of the composite
-    /// already, and one that was made before is still the caller's, neither run nor recorded.
+    ///
+    /// Intended: records also while recording is off, because only addOrExecute() asks. See
+    /// docs/oddities.md#add-records-while-recording-is-off.
+    ///
+    /// Intended: does nothing while a composite is being composed. A command made meanwhile is a child of the composite
+    /// already; one that was made before is neither run nor recorded, and the caller still owns it. See
+    /// docs/oddities.md#add-does-nothing-while-composing.
     void add(QUndoCommand* command);
 
     /// Takes the command over. If recording is on, records it as add() does; otherwise runs it, reports it (index -1)
     /// and deletes it. Null is ignored. While a composite is being composed, a command that would be recorded is left
     /// alone: one that was made before the composition is still the caller's.
-    /// Intended: a command with a parent is pushed even while recording is off and nothing is being composed. Then both
-    /// the stack and the parent own it, so the caller must not delete the parent.
+    /// Intended: a command with a parent is pushed even while recording is off and nothing is being composed, because
+    /// only commands without one are asked about. Then both the stack and the parent own it, so the caller must not
+    /// delete the parent. See docs/oddities.md#a-command-with-a-parent-is-pushed.
     void addOrExecute(moUndoCommandBase* command);
 
     /// Starts a composite: commands made from now on become its children, if recording is on. Compositions nest. The
@@ -127,7 +136,8 @@ public:
     /// edit one list by position, add those that remove from the highest position down, those that insert from the
     /// lowest one up: Remove(0) twice removes two items and keeps one.
     ///
-    /// \param text          Qt's command text. Empty: endMultiCommand() makes one from the texts of the children.
+    /// \param text          Qt's command text. Empty: endMultiCommand() makes one from the texts of the children, see
+    ///                      docs/oddities.md#made-up-texts.
     /// \param description   the longer text. Empty: endMultiCommand() makes one from that of the first child.
     /// \param mergeEnabled  whether newer composites may be merged into this one. Pass false if a child cannot merge
     ///                      and does not say so in canMergeWith(), see moUndoCommand: generic function commands, those
@@ -137,8 +147,11 @@ public:
 
     /// Ends the innermost composition and, if it was the outermost one, hands the composite to addOrExecute(). A
     /// composite without children is deleted. If nothing is being composed, or the composition was begun on the other
-    /// stack, an error is logged and nothing changes. A nested composite that was begun while recording was off has no
-    /// parent: it is neither run nor recorded, and deleted at process exit.
+    /// stack, an error is logged and nothing changes.
+    ///
+    /// Intended: a nested composite that was begun while recording was off is neither run nor recorded, because it has
+    /// no parent. It is deleted at process exit and not before, because it may be the parent of commands. See
+    /// docs/oddities.md#nested-composites-that-belong-to-nobody.
     void endMultiCommand();
 
     /// Starts a macro of Qt: what is added until endMacro() becomes one step, reported once, when it ends. Each command
@@ -200,6 +213,7 @@ public Q_SLOTS:
     void showHistory();
 
 protected:
+    /// Called by Qt at each connection: from the first one on, steps emit signals.
     void connectNotify(const QMetaMethod& signal) override;
 
 private Q_SLOTS:

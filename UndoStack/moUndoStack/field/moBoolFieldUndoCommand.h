@@ -5,34 +5,46 @@
 
 /// Sets a bool field, or an integer field (Int8 to UInt64) to 0 or 1.
 ///
-/// \param fieldName  as moUndoUtil::findField() takes it.
-/// \param fieldId    counts from 1.
+/// Redo and undo are one operation: each exchanges the field's value with the command's, so the old value is read at
+/// the first redo. undo() does not call redo(): overriding redo() leaves undo() as it is. A field of any other type is
+/// left alone.
 ///
-/// Undo and redo are one operation: the field's value and the command's change places. So the old value is read at the
-/// first redo. Undo is the exchange itself and does not call an overridden redo(). Of an integer only whether it is 0 is
-/// remembered: a field that held 5 holds 1 after redo and undo; this is intended. Any other field is left alone.
-/// Never merges, nor does a composite that has one. Message: "id", "container", "fieldId".
+/// Intended: the command keeps a bool, so an integer field that held 5 holds 1 after redo and undo. See
+/// docs/oddities.md#an-integer-as-a-boolean-comes-back-as-1.
+///
+/// Never merges; a composite with such a child does not merge either. Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moBoolFieldUndoCommand : public moFieldBaseUndoCommand<>
 {
     MO_UNDO_COMMAND_ID
 public:
+    /// \param fieldName  as moUndoUtil::findField() takes it.
+    /// \param value      what the first redo writes.
+    /// \param parent     null means the composite being composed, if any.
     moBoolFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, const std::string& fieldName,
                            bool value, QUndoCommand* parent = nullptr);
+    /// The same without a text.
     moBoolFieldUndoCommand(osg::FieldContainerPtr container, const std::string& fieldName, bool value,
                            QUndoCommand* parent = nullptr);
+    /// \param fieldId  counts from 1.
+    /// \param value    what the first redo writes.
+    /// \param parent   null means the composite being composed, if any.
     moBoolFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, int fieldId, bool value,
                            QUndoCommand* parent = nullptr);
+    /// The same without a text.
     moBoolFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, bool value, QUndoCommand* parent = nullptr);
 
+    /// Exchanges the values.
     void undo() override;
+    /// Exchanges the values.
     void redo() override;
+    /// Always false.
     bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 protected:
-    /// The exchange that undo and redo both are.
+    /// Exchanges the field's value with value() and calls the notify function; what undo() and redo() both do.
     void apply();
 
-    /// What the next exchange writes.
+    /// The value that the next exchange writes.
     bool value() const { return m_value; }
 
 private:

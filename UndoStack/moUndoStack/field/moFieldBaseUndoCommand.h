@@ -10,22 +10,20 @@
 #include <functional>
 #include <string>
 
-/// What all commands on one field of one container share: which field it is, who is told when it was written, and the
-/// two message entries. A template with an empty parameter list; moFieldBaseUndoCommand<> is its only instantiation.
+/// Base of the commands that set one field of one container. It finds the field, calls the notify function and adds two
+/// message keys. The template's parameter list is always empty: moFieldBaseUndoCommand<> is the only instantiation.
 ///
-/// The container is kept by id and found again at every undo and redo. A container that is null, a field that does not
-/// exist or an id out of range makes the command inert: all ids are 0 and undo and redo change nothing. The same holds
-/// for a container that was destroyed meanwhile; the command keeps no reference to it.
+/// The container is kept by id, without a reference, and found again at every undo and redo. A null container or a
+/// field that it does not have makes the command inert, with both ids 0. If the container was destroyed, the step is a
+/// no-op.
 ///
-/// A step is done when the field is written. If a listener to the change or the notify function throws then, the rest
-/// of the step is done all the same, and the exception reaches the caller at the end (see moStep).
+/// A step is done once the field is written. If a listener to the change or the notify function throws after that, the
+/// rest of the step is done all the same, and the exception reaches the caller at the end (see moStep).
 ///
-/// Merges (rule for the members that do not say otherwise) with a newer command of the same class on the same
-/// container, field id and field mask, made within its merge interval. Message: "id", "container" (unsigned int),
-/// "fieldId" (unsigned int).
+/// Merges, unless a subclass says otherwise, with a newer command of the same class on the same container and field,
+/// made within its merge interval. Message: "id" (int), "container" (unsigned int), "fieldId" (unsigned int).
 ///
-/// All constructors of the family end with the parent, which may be left out: null means the composite being composed,
-/// if any. Only the members of the library can reach the field; a class of yours derives from one of them.
+/// Only the library's own commands can reach the field: a class of yours derives from one of those.
 template<class... Nothing>
 class MO_UNDO_STACK_EXPORT moFieldBaseUndoCommand : public moUndoCommand
 {
@@ -33,33 +31,39 @@ class MO_UNDO_STACK_EXPORT moFieldBaseUndoCommand : public moUndoCommand
 
 public:
     /// \param fieldName  as moUndoUtil::findField() takes it: the case of the first letter does not matter.
+    /// \param parent     null means the composite being composed, if any.
     moFieldBaseUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, std::string fieldName,
                            QUndoCommand* parent = nullptr);
 
-    /// \param fieldId  counts from 1; ids that the container's type does not have make the command inert.
+    /// \param fieldId  counts from 1; an id that the container's type does not have makes the command inert.
+    /// \param parent   null means the composite being composed, if any.
     moFieldBaseUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, int fieldId,
                            QUndoCommand* parent = nullptr);
 
+    /// Adds "container" and "fieldId"; both are 0 if the command is inert.
     void makeMessage(moMessage& message) const override;
+    /// Asks for the same container, field id and field mask, too.
     bool canMergeWith(const QUndoCommand* other) const override;
 
-    /// Id of the container; 0 when the field was not found at construction.
+    /// Id of the container; 0 if the field was not found at construction.
     unsigned int containerId() const { return m_containerId; }
 
-    /// Replaces what is called after each undo and redo that wrote the field, once its edit is closed; an empty
-    /// function removes it. The function may replace itself while it runs. When a newer command is merged into this
-    /// one, the newer one's function was called at its redo and is destroyed with it; the merged step calls this one's.
+    /// Sets the notify function. It is called after each undo and redo that wrote the field, once the edit is closed.
+    /// Replaces the one before, also while that one runs; an empty function removes it. A newer command that is merged
+    /// into this one has called its own function at its redo; from then on the step calls this command's.
     void setNotifyFunction(std::function<void()> function);
 
-    /// For a command that wraps this one although another command runs it: adds what is called right after the notify
-    /// function, which stays the caller's. Several wrappers are called in the order in which they were added.
+    /// Adds a wrapper function: it is called after the notify function, which it does not replace. For a command that
+    /// wraps this one and does not run it, because this one has a parent. Wrapper functions are called in the order in
+    /// which they were added.
     void addWrapperFunction(std::function<void()> function);
 
 protected:
-    /// Calls the notify function, if there is one, and then those of the wrappers.
+    /// Calls the notify function, if there is one, and then the wrapper functions.
     void notify() const;
 
-    /// The merge of commands that keep their own value: takes over the time of a command that canMergeWith() accepts.
+    /// mergeWith() of a command that takes over no value: if canMergeWith() accepts the newer command, adopts its time
+    /// and returns true.
     bool mergeTime(const QUndoCommand* other);
 
 private:

@@ -5,20 +5,20 @@
 #include <moUndoStack/field/moFieldBaseUndoCommand.h>
 #include <moUndoStack/field/moTypedField_p.h>
 
-/// How the members of the family reach their field. Not in the public header, as it needs the private helpers.
+/// How the library's field commands reach their field. In a private header because it needs the private helpers.
 class moFieldAccess
 {
 public:
-    /// The field, if the container is there and the field is a FieldType; else null.
+    /// The field; null if the container was destroyed or the field is no FieldType.
     template<class FieldType>
     static FieldType* find(const moFieldBaseUndoCommand<>& command)
     {
         return typedField<FieldType>(findContainer<osg::FieldContainerPtr>(command.m_containerId), command.m_fieldId);
     }
 
-    /// The one way in which a member of the family writes its field: finds it, calls writeTo(FieldType&) inside an edit
-    /// of the field's mask, then afterEdit(), then notifies. Returns false, having done nothing, when the field is not
-    /// there or of another type. If writeTo() throws, it must have left the field as it was.
+    /// The one way in which a field command writes: finds the field, calls writeTo(FieldType&) inside an edit of the
+    /// field's mask, then afterEdit(), then notify(). Returns false and does nothing where find() gives null. If
+    /// writeTo() throws, it must leave the field as it was.
     template<class FieldType, class WriteTo, class AfterEdit = void (*)()>
     static bool write(
         const moFieldBaseUndoCommand<>& command, const WriteTo& writeTo, const AfterEdit& afterEdit = [] {})
@@ -32,7 +32,7 @@ public:
                 writeTo(*field);
             }
             afterEdit();
-            command.notify(); // last, so that a notify function finds the command's own values in order
+            command.notify(); // last: a notify function may use the command
         });
         return true;
     }

@@ -29,7 +29,7 @@ void moFieldUndoCommand<T>::undo()
 template<class T>
 bool moFieldUndoCommand<T>::mergeWith(const QUndoCommand* other)
 {
-    // The newer command's value is in the field already, and m_value is the one from before this command.
+    // No value to take over: the field holds the newer command's, and m_value is from before this command.
     return mergeTime(other);
 }
 

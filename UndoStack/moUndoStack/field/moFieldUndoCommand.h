@@ -5,24 +5,30 @@
 
 #include <cstdint>
 
-/// Sets a single field of scalar type T. moUndoUtil::makeCommand() picks the T that the field asks for.
+/// Sets a single field of the scalar type T. moUndoUtil::makeCommand() picks the T that the field needs.
 ///
-/// \param fieldName  as moUndoUtil::findField() takes it.
+/// Redo and undo are one operation: each exchanges the field's value with the command's, so the old value is read at
+/// the first redo. undo() does not call redo(), unlike moFunctionUndoCommand's: overriding redo() leaves undo() as it
+/// is. A field of another type is left alone.
 ///
-/// Undo and redo are one operation: the field's value and the command's change places. So the old value is read at the
-/// first redo. Undo is the exchange itself and does not call an overridden redo(), unlike moFunctionUndoCommand's.
-/// Merges as moFieldBaseUndoCommand<> says; one undo then returns to the value before the first.
-/// A field of another type is left alone. Message: "id", "container", "fieldId".
+/// Merges as moFieldBaseUndoCommand<> says; one undo then returns to the value before the first command.
+/// Message: "id", "container", "fieldId".
 template<class T>
 class MO_UNDO_STACK_EXPORT moFieldUndoCommand : public moFieldBaseUndoCommand<>
 {
     MO_UNDO_COMMAND_ID
 public:
+    /// \param fieldName  as moUndoUtil::findField() takes it.
+    /// \param value      what the first redo writes.
+    /// \param parent     null means the composite being composed, if any.
     moFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, const std::string& fieldName,
                        T value, QUndoCommand* parent = nullptr);
 
+    /// Exchanges the values.
     void undo() override;
+    /// Exchanges the values.
     void redo() override;
+    /// Takes over the newer command's time; the value from before this command stays.
     bool mergeWith(const QUndoCommand* other) override;
 
 private:

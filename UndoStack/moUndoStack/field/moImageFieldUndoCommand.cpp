@@ -68,7 +68,7 @@ void moImageFieldUndoCommand::write(osg::ImagePtr image)
         field.setValue(image);
     };
     const auto moveReference = [&] {
-        addReference(image); // first, for an image that takes its own place
+        addReference(image); // first: both may be the same image
         releaseReference(previous);
     };
     moFieldAccess::write<osg::SFImagePtr>(*this, exchange, moveReference);

@@ -9,32 +9,40 @@
 
 /// Sets an image field, e.g. a texture slot of a material, to the texture manager's image for the given one.
 ///
-/// \param fieldName  as moUndoUtil::findField() takes it.
-/// \param fieldId    counts from 1.
-/// \param image      null gives whatever the texture manager has for null.
+/// Old image: read at construction. A field of another type is left alone.
 ///
-/// The text is always "Set Texture", untranslated; no constructor takes another.
-/// Old image: read at construction. Never merges, nor does a composite that has one. The command holds one reference of
-/// the old and of the new image as long as it lives, so neither is destroyed while it may have to return. When the texture manager puts another image in the
-/// place of the given one, the command gives up one reference of the given one: the caller hands it over. Each undo and
-/// redo moves one reference, from the image that leaves the field to the one that enters it: the field's image must have
-/// been counted for the field, as a material does. A field of another type is left alone.
-/// Message: "id", "container", "fieldId".
+/// References: the command holds one on the old and one on the new image until it is deleted, so that both can be put
+/// back. Each undo and redo releases the field's reference on the image that leaves it and adds one on the image that
+/// enters it: the field must hold a reference on its image, as materials do. If the texture manager gives another image
+/// than the given one, the command releases one reference of the given one. Intended: a caller who makes an image for
+/// the command need not release it. See docs/oddities.md#an-image-is-handed-over.
+///
+/// Intended: the text is always "Set Texture", untranslated. It is part of the interface, and no constructor takes
+/// another. See docs/oddities.md#two-untranslated-texts.
+///
+/// Never merges; a composite with such a child does not merge either. Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moImageFieldUndoCommand : public moFieldBaseUndoCommand<>
 {
     Q_DECLARE_TR_FUNCTIONS(moImageFieldUndoCommand)
     MO_UNDO_COMMAND_ID
 public:
-    /// By the field's name.
+    /// \param fieldName  as moUndoUtil::findField() takes it.
+    /// \param image      null sets the image that the texture manager gives for null.
+    /// \param parent     null means the composite being composed, if any.
     moImageFieldUndoCommand(osg::FieldContainerPtr container, const std::string& fieldName, osg::ImagePtr image,
                             QUndoCommand* parent = nullptr);
-    /// By the field's id.
+    /// \param fieldId  counts from 1.
+    /// \param image    null sets the image that the texture manager gives for null.
+    /// \param parent   null means the composite being composed, if any.
     moImageFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, osg::ImagePtr image,
                             QUndoCommand* parent = nullptr);
     ~moImageFieldUndoCommand() override;
 
+    /// Writes the old image.
     void undo() override;
+    /// Writes the new image.
     void redo() override;
+    /// Always false.
     bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:

@@ -10,7 +10,7 @@ MO_UNDO_COMMAND_ID_IMPL(moInvokeBoolFieldUndoCommand)
 
 namespace {
 
-/// Whether a pointer to a bool can be handed over for a parameter of the type.
+/// Whether a parameter of the type can be given a pointer to a bool.
 bool takesBool(QByteArray type)
 {
     if (type.endsWith('&')) type.chop(1);
@@ -50,7 +50,7 @@ moInvokeBoolFieldUndoCommand::moInvokeBoolFieldUndoCommand(osg::FieldContainerPt
 
 void moInvokeBoolFieldUndoCommand::resolve(const char* method)
 {
-    if (!m_object) return; // a caller's error; there is no class whose name could be logged
+    if (!m_object) return; // nothing to log: the message needs the object's class
 
     const QMetaObject* const metaObject = m_object->metaObject();
     const std::string signature = QMetaObject::normalizedSignature(method).toStdString();
@@ -61,8 +61,8 @@ void moInvokeBoolFieldUndoCommand::resolve(const char* method)
         return;
     }
     m_method = metaObject->method(index);
-    // Qt only counts the arguments of a direct call: it would hand the bool's address to a method that reads a string
-    // there.
+    // Checked here because Qt only counts the arguments of a direct call: it would pass the bool's address to a method
+    // that reads a string there.
     if (m_method.parameterCount() == 1)
         m_argument = takesBool(m_method.parameterTypes().first()) ? Argument::Written : Argument::Impossible;
 }
@@ -78,7 +78,7 @@ void moInvokeBoolFieldUndoCommand::redo()
 
 void moInvokeBoolFieldUndoCommand::undo()
 {
-    // Intended: neither the field nor the receiver goes back.
+    // Intended, part of the interface. See docs/oddities.md#undo-that-does-nothing.
 }
 
 bool moInvokeBoolFieldUndoCommand::mergeWith(const QUndoCommand* other)

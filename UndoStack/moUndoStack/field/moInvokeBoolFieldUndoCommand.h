@@ -8,43 +8,55 @@
 
 /// A moBoolFieldUndoCommand that calls a method of a QObject after each redo: a check box can follow a field.
 ///
-/// \param object  the receiver; not owned. Null, or once it was destroyed: only the field is set.
-/// \param method  a signature such as "setChecked(bool)"; need not be normalised. A method with one bool parameter gets
-///                the value that this redo writes, one without parameters is called as it is. The call is made even
-///                when the container or the field was destroyed, and also when the notify function throws.
+/// A method with one bool parameter gets the value that this redo writes; one without parameters is called without. A
+/// bool parameter is one that Qt knows as a bool when the command is made: bool, const bool&, bool& (what the method
+/// writes there is ignored), or a name registered for bool with qRegisterMetaType().
 ///
-/// A bool parameter is one that Qt knows as a bool when the command is made: bool, const bool&, bool& (what the method
-/// writes there is dropped), or a name that was registered for bool with qRegisterMetaType().
+/// The method is called also if the container was destroyed or never had the field, and if the notify function throws.
+/// If the method throws, the step stands (see moStep). A method that the object's class does not have is logged once,
+/// at construction, and never called. One that cannot be called, because it has two or more parameters or one that is
+/// not a bool, is logged at every redo. Neither keeps the field from being set.
 ///
-/// An unknown method is logged once, at construction, and from then on only the field is set. A method that cannot be
-/// called (two or more parameters, a parameter that is not a bool) is logged at every redo; the field is set. Undo does
-/// nothing, neither to the field nor to the receiver; this is intended. A redo after it therefore writes and reports
-/// the value that the first redo replaced. A method that throws does not undo the step (see moStep). Never merges, nor
-/// does a composite that has one. Message: "id", "container", "fieldId".
+/// Intended: undo changes neither the field nor the receiver. It is part of the interface. A redo after it writes, and
+/// passes to the method, the value from before the first redo. See docs/oddities.md#undo-that-does-nothing.
+///
+/// Never merges; a composite with such a child does not merge either. Message: "id", "container", "fieldId".
 class MO_UNDO_STACK_EXPORT moInvokeBoolFieldUndoCommand : public moBoolFieldUndoCommand
 {
     MO_UNDO_COMMAND_ID
 public:
+    /// \param fieldName  as moUndoUtil::findField() takes it.
+    /// \param value      what the first redo writes.
+    /// \param object     the receiver, not owned. If it is null or was destroyed, only the field is set.
+    /// \param method     a signature such as "setChecked(bool)"; need not be normalised.
+    /// \param parent     null means the composite being composed, if any.
     moInvokeBoolFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container,
                                  const std::string& fieldName, bool value, QObject* object, const char* method,
                                  QUndoCommand* parent = nullptr);
+    /// The same without a text.
     moInvokeBoolFieldUndoCommand(osg::FieldContainerPtr container, const std::string& fieldName, bool value,
                                  QObject* object, const char* method, QUndoCommand* parent = nullptr);
+    /// The same by the field's id.
+    /// \param fieldId  counts from 1.
     moInvokeBoolFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, int fieldId, bool value,
                                  QObject* object, const char* method, QUndoCommand* parent = nullptr);
+    /// The same by the field's id and without a text.
     moInvokeBoolFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, bool value, QObject* object,
                                  const char* method, QUndoCommand* parent = nullptr);
 
+    /// Does nothing.
     void undo() override;
+    /// Exchanges the values and calls the method.
     void redo() override;
+    /// Always false, because canMergeWith() is.
     bool mergeWith(const QUndoCommand* other) override;
 
 private:
     enum class Argument
     {
-        None,
-        Written,
-        Impossible
+        None,      ///< the method has no parameter
+        Written,   ///< it gets the value written
+        Impossible ///< it cannot be called
     };
 
     void resolve(const char* method);

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// appendName(list, element) for the first maxCount elements, and the list in its quotes.
+/// Calls appendName(list, element) for the first maxCount elements, and puts the names in quotes.
 template<class Element, class AppendName>
 QString quotedList(const std::vector<Element>& elements, std::uint64_t maxCount, AppendName appendName)
 {
@@ -71,7 +71,8 @@ QString moUndoUtil::makeNameList(const std::vector<std::pair<osg::NodePtr, int>>
         if (node == osg::NullFC) return;
         const char* const name = moNodeUtils::getName(node);
         QString text = QString::fromUtf8(name);
-        // Intended: a variant adds what `name` points at by then, the node's name once more, and not its own name.
+        // Intended, part of the interface: for a variant the node's name stands twice. See
+        // docs/oddities.md#a-name-twice.
         if (!moNodeUtils::getTransformVariantName(node, index).empty()) text += QString::fromUtf8(name);
         if (!text.isEmpty()) names << text;
     });

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-/// The field type that holds a scalar. Always by its typedef: SFBool, for one, is not SField<bool>.
+/// The field type that holds a scalar. By its typedef: SFBool, for one, is not SField<bool>.
 template<class T>
 struct moScalarField;
 
@@ -30,14 +30,14 @@ struct moScalarTypes
 {
 };
 
-// In the order in which a field is tried for them.
+// A field is tried for these types in this order.
 template<class... More>
 using moIntegerTypesAnd = moScalarTypes<std::int64_t, std::uint64_t, int, unsigned int, short, unsigned short,
                                         signed char, unsigned char, More...>;
 using moIntegerTypes = moIntegerTypesAnd<>;
 using moFloatTypes = moScalarTypes<float, double>;
 
-/// Calls attempt(T()) for each T in order until one answers true; the argument only says which T it is.
+/// Calls attempt(T()) for each T in order until one returns true; the argument only says which T it is.
 template<class... T, class Attempt>
 bool moTryInOrder(moScalarTypes<T...>, Attempt attempt)
 {

@@ -16,11 +16,11 @@ public:
     /// The same without a text.
     moStringFieldUndoCommand(osg::FieldContainerPtr container, const std::string& fieldName, std::string value,
                              QUndoCommand* parent = nullptr);
+    /// The same by the field's id.
     /// \param fieldId  counts from 1.
-    /// \param parent   null means the composite being composed, if any.
     moStringFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, int fieldId, std::string value,
                              QUndoCommand* parent = nullptr);
-    /// The same without a text.
+    /// The same by the field's id and without a text.
     moStringFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, std::string value,
                              QUndoCommand* parent = nullptr);
 };

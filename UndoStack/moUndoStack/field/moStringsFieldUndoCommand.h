@@ -12,7 +12,7 @@ class MO_UNDO_STACK_EXPORT moStringsFieldUndoCommand
 
 public:
     /// \param fieldName  as moUndoUtil::findField() takes it.
-    /// \param value      copied; may be the very field.
+    /// \param value      copied; may be the field itself.
     /// \param parent     null means the composite being composed, if any.
     moStringsFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container, const std::string& fieldName,
                               const osg::MFString& value, QUndoCommand* parent = nullptr);

@@ -110,7 +110,8 @@ template<class Field, class Value>
 bool moTextFieldUndoCommand<Field, Value>::canMergeWith(const QUndoCommand* other) const
 {
     const auto* const newer = dynamic_cast<const moTextFieldUndoCommand*>(other);
-    // Past the base of the family, which compares containers and fields. NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    // Skips moFieldBaseUndoCommand, which compares containers and fields: intended, a text that continues another
+    // merges. See docs/oddities.md#texts-merge-by-value. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return newer && moUndoCommand::canMergeWith(newer) && newer->m_old == m_new;
 }
 

@@ -3,8 +3,7 @@
 #include <moUndoStack/core/moUndoCommandId.h>
 #include <moUndoStack/field/moFieldBaseUndoCommand.h>
 
-#include <OpenSG/OSGMFSysTypes.h>
-#include <OpenSG/OSGSFSysTypes.h>
+#include <OpenSG/OSGStringFields.h>
 
 #include <string>
 #include <type_traits>
@@ -12,12 +11,15 @@
 
 /// Base of the commands that set a field of text: one string, or a list of them.
 ///
-/// Old value: read at construction. Merges with a newer command of the same class made within its merge interval that
-/// starts from the value at which this one ends, byte for byte: typing in a text field is one step. Containers and
-/// fields are not compared; this is intended. A step merged from two fields writes the older command's alone: redo gives
-/// it the newer value, and the newer command's field keeps what that command wrote. A field of another type is left
-/// alone. Message: "id", "container", "fieldId".
-/// For the library's own rows: a command of yours derives from one of the two commands.
+/// Old value: read at construction. A field of another type is left alone. Message: "id", "container", "fieldId".
+///
+/// Merges with a newer command of the same class, made within its merge interval, whose old value equals this one's new
+/// value byte for byte: typing in a text field is one step. Intended: containers and fields are not compared, because a
+/// text that starts where the one before ended is taken for its continuation. If two fields were edited, the merged
+/// step writes only the older command's: redo gives it the newer value, and the newer command's field keeps what that
+/// command wrote. See docs/oddities.md#texts-merge-by-value.
+///
+/// For the library's own rows: a command of yours derives from moStringFieldUndoCommand or moStringsFieldUndoCommand.
 template<class Field, class Value>
 class moTextFieldUndoCommand : public moFieldBaseUndoCommand<>
 {
@@ -33,7 +35,7 @@ public:
     void redo() override;
     /// Takes over the newer command's new value.
     bool mergeWith(const QUndoCommand* other) override;
-    /// Whether the newer command starts from the value at which this one ends.
+    /// Asks whether the newer command starts from the value at which this one ends; the field may be another.
     bool canMergeWith(const QUndoCommand* other) const override;
 
 protected:
@@ -44,7 +46,8 @@ protected:
     /// \param fieldName  as moUndoUtil::findField() takes it.
     moTextFieldUndoCommand(const Row& row, const moUndoString& text, osg::FieldContainerPtr container,
                            const std::string& fieldName, Value value, QUndoCommand* parent);
-    /// The same by the field's id, which counts from 1.
+    /// The same by the field's id.
+    /// \param fieldId  counts from 1.
     moTextFieldUndoCommand(const Row& row, const moUndoString& text, osg::FieldContainerPtr container, int fieldId,
                            Value value, QUndoCommand* parent);
 

@@ -5,9 +5,9 @@
 
 #include <typeinfo>
 
-/// The field of that id, if there is a container and the field is a FieldType; else null. The type is the field
-/// object's own: descriptions exist that name another one. Nearly always it is a FieldType itself, and no class derived
-/// from it: to compare the classes is much cheaper than a dynamic_cast.
+/// The container's field of that id; null for a null container or if the field is no FieldType. Asks the field for its
+/// type, because some descriptions name another one. Compares the classes first: nearly always the field is of that
+/// very class, and that is much cheaper than a dynamic_cast.
 template<class FieldType>
 FieldType* typedField(const osg::FieldContainerPtr& container, osg::UInt32 fieldId)
 {

@@ -16,7 +16,7 @@
 
 namespace {
 
-/// Field names are ASCII, whatever letters the C library's locale has.
+/// Not toupper(): field names are ASCII, and the C library's locale may have more letters.
 char withCaseFlipped(char letter)
 {
     if (letter >= 'a' && letter <= 'z') return static_cast<char>(letter - 'a' + 'A');
@@ -36,7 +36,7 @@ struct CommandFor<bool>
     using Type = moBoolFieldUndoCommand;
 };
 
-/// Makes the command for the first type whose field it is, value converted to it, and records the command.
+/// Makes the command for the first of the types that the field has, converts the value to it, and records the command.
 template<class Types, class Value>
 void makeTypedCommand(Types types, const moUndoString& text, const osg::FieldContainerPtr& container,
                       const std::string& fieldName, Value value, QUndoCommand* parent)
@@ -54,14 +54,14 @@ void makeTypedCommand(Types types, const moUndoString& text, const osg::FieldCon
     });
     if (!command || parent) return;
 
-    // A composition with recording off takes no children, and add() leaves the command to the one who made it.
+    // While recording is off, a composition takes no children, and add() leaves the command to its caller.
     if (moUndoStack::isComposing() && !command->parent())
         delete command;
     else
         moUndoUtil::the(0).add(command);
 }
 
-/// An image field of a container, both looked up for one access.
+/// An image field and its container, looked up for one access.
 struct ImageField
 {
     ImageField(unsigned int containerId, const std::string& fieldName)

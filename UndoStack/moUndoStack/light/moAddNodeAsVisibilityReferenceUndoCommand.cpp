@@ -1,6 +1,7 @@
 #include <moUndoStack/light/moAddNodeAsVisibilityReferenceUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/light/moNodeFlags_p.h>
 
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moMessage.h>
@@ -40,19 +41,19 @@ void moAddNodeAsVisibilityReferenceUndoCommand::apply(bool remove)
         const auto node = findContainer<osg::NodePtr>(m_nodeId);
         if (!light || !node) return;
 
-        // The light may be the last to hold the node, which has to outlive its edit. One that nobody holds yet is not
-        // held: giving the reference back would destroy it.
+        // Holds the node until its edit is closed: the light may give back the last reference. A node without any
+        // reference is not held, because giving that one back would destroy it.
         const ContainerReference held(node.getRefCount() > 0 ? node : osg::NodePtr());
-        // In this order, so that the light's edit closes first.
-        const ContainerEdit nodeEdit(node, osg::Node::ExternalFlagsFieldMask);
+        // In this order, so that the light's edit is closed first.
+        const ContainerEdit nodeEdit(moNodeFlags::exist ? node : osg::NodePtr(), moNodeFlags::externalFlagsMask());
         const ContainerEdit lightEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
         moStep::writeThroughSibling([&] { light->setVisibilityReference(remove ? osg::NodePtr() : node); });
-        // Found again: the light's former reference may have destroyed a node that nobody else holds.
+        // Looks the node up again: replacing the light's former reference may have destroyed it.
         const auto marked = findContainer<osg::NodePtr>(m_nodeId);
         if (!marked) return;
-        const osg::UInt32 flags = marked->getExternalFlags();
-        marked->setExternalFlags(remove ? flags & ~visibilityReferenceExternalFlag
-                                        : flags | visibilityReferenceExternalFlag);
+        const osg::UInt32 flags = moNodeFlags::getExternalFlags(marked);
+        moNodeFlags::setExternalFlags(marked, remove ? flags & ~visibilityReferenceExternalFlag
+                                                     : flags | visibilityReferenceExternalFlag);
     });
 }
 

@@ -8,24 +8,31 @@
 /// Makes a node the visibility reference of a light, or clears the reference, and marks the node with external flag
 /// 0x10 while it is one. Never merges.
 ///
-/// Clearing it clears whichever reference the light has by then, also that of another node.
-/// The reference that the light had before is not remembered: undo of an add leaves the light without any; this is
-/// intended. Light and node are kept by id; when either was destroyed, or is null, undo and redo do nothing. Message: "id"
-/// (int), "lightCommand" = the light's id (unsigned int). Other light commands send true under this key; the different
-/// type is intended, and receivers accept both.
+/// Intended: the command keeps no old value. Undo of an add leaves the light without a reference, and clearing also
+/// clears a reference to another node. See docs/oddities.md#the-visibility-reference-before.
+/// Light and node are kept by id. If either is null or was destroyed, undo and redo are no-ops.
+/// Message: "id" (int), "lightCommand" = the light's id (unsigned int). Intended: the other light commands send true
+/// under this key. Listeners read the light from the id. See docs/oddities.md#two-types-of-lightcommand.
 class MO_UNDO_STACK_EXPORT moAddNodeAsVisibilityReferenceUndoCommand : public moUndoCommand
 {
     MO_UNDO_COMMAND_ID
 
 public:
-    /// \param remove  redo clears the reference and undo sets it, instead of the reverse; the text is the same.
-    /// \param parent  null means the composite being composed, if any.
+    /// \param light   null makes the command inert.
+    /// \param node    null makes the command inert.
+    /// \param remove  true: redo clears the reference and undo sets it; false: the reverse. Intended: the text is the
+    ///                same, see docs/oddities.md#the-text-does-not-follow-the-direction.
+    /// \param parent  owns the command; null means the composite being composed, if any.
     moAddNodeAsVisibilityReferenceUndoCommand(osg::UberLightPtr light, osg::NodePtr node, bool remove,
                                               QUndoCommand* parent);
 
+    /// Clears the reference, or sets it if `remove` was true.
     void undo() override;
+    /// Sets the reference, or clears it if `remove` was true.
     void redo() override;
+    /// Adds "lightCommand".
     void makeMessage(moMessage& message) const override;
+    /// Never merges.
     bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:

@@ -1,6 +1,7 @@
 #include <moUndoStack/light/moAddNodeToLightLinkSetUndoCommand.h>
 
 #include <moUndoStack/core/moContainer_p.h>
+#include <moUndoStack/light/moNodeFlags_p.h>
 
 #include <moOpenSGUtils/moNodeUtils.h>
 #include <moOpenSGUtils/moOpenSGUtils.h>
@@ -19,7 +20,7 @@ constexpr unsigned int lightListType = 3;
 constexpr osg::UInt32 sharedCoreExternalFlag = 0x2;
 constexpr osg::UInt32 notInSceneFlag = 0x1000;
 
-/// The one node of the scene for which the stand-in's shared core was made; null when there is none, or more than one.
+/// The one real node of the scene that has the stand-in's core; null if there is none, or more than one.
 osg::NodePtr findRealLight(const osg::NodePtr& standIn)
 {
     const osg::NodeCorePtr core = standIn->getCore();
@@ -27,7 +28,8 @@ osg::NodePtr findRealLight(const osg::NodePtr& standIn)
     if (!core || !scene) return osg::NullFC;
 
     const auto isReal = [sceneNode = scene->getSceneNode()](const osg::NodePtr& node) {
-        return node && !(node->getFlags() & notInSceneFlag) && !(node->getExternalFlags() & sharedCoreExternalFlag) &&
+        return node && !(moNodeFlags::getFlags(node) & notInSceneFlag) &&
+               !(moNodeFlags::getExternalFlags(node) & sharedCoreExternalFlag) &&
                moNodeUtils::hasParent(node, sceneNode);
     };
     osg::NodePtr real;
@@ -78,7 +80,7 @@ void moAddNodeToLightLinkSetUndoCommand::init(const osg::LightLinkSetPtr& set, c
             moLog::error("Cannot add Root to Light Link Set.");
             continue;
         }
-        if (!m_sceneNodes && (node->getExternalFlags() & sharedCoreExternalFlag)) {
+        if (!m_sceneNodes && (moNodeFlags::getExternalFlags(node) & sharedCoreExternalFlag)) {
             node = findRealLight(node);
             if (!node) continue;
         }
@@ -120,7 +122,7 @@ void moAddNodeToLightLinkSetUndoCommand::step(bool remove)
 
 void moAddNodeToLightLinkSetUndoCommand::apply(std::size_t i, bool remove)
 {
-    // Found anew for each node: a listener to one edit may destroy the set before the next.
+    // Looks the set up for each node: a listener to one edit may destroy it before the next.
     const auto set = findContainer<osg::LightLinkSetPtr>(m_setId);
     const auto node = findContainer<osg::NodePtr>(m_nodeIds[i]);
     if (!set || !node) return;

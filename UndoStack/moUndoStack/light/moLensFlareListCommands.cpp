@@ -62,7 +62,8 @@ void moLensFlareListCommand<OwnerPtr, ItemPtr>::keep(const ItemPtr& item)
 template<class OwnerPtr, class ItemPtr>
 void moLensFlareListCommand<OwnerPtr, ItemPtr>::makeMessage(moMessage& message) const
 {
-    // Past the lens flare command and its "lightCommand", as intended. NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    // Skips the base class, which adds "lightCommand". Intended:
+    // docs/oddities.md#lists-of-lens-flares-without-lightcommand. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     moUndoCommand::makeMessage(message);
     message.set(m_row.ownerKey, m_ownerId, true);
     message.set(m_row.itemsKey, m_itemIds, true);

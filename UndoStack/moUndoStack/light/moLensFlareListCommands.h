@@ -15,16 +15,15 @@
 
 class ContainerReference;
 
-/// What adding and removing have in common: who owns the list, and which items go in or out.
+/// Adds items to a list of a lens flare, or removes them. Base of the four commands below, which are the only ones.
 ///
-/// The command holds one reference on each item from construction to destruction, done or undone, so that an item that
-/// is taken out lives as long as the command can bring it back. The owner is kept by id; when it was destroyed, the light
-/// library is called with null and does nothing. A command whose list of items is empty still calls the light library.
+/// The command holds one reference on each item from construction to deletion, done or undone, so that a removed item
+/// can be put back. The owner of the list is kept by id. If it was destroyed, the light library is called with null and
+/// does nothing. The light library is also called with an empty list of items. Never merges.
 /// Message: "id" (int), then the owner's id (unsigned int) and the items' ids (std::vector<unsigned int>) under
-/// "lightId" and "elementIds", or "ghostLineId" and "ghostIds". There is no "lightCommand"; this is intended. Never
-/// merges.
-/// The constructors of the commands end with the parent: null means the composite being composed, if any.
-/// For the two lists below: those are what the library exports.
+/// "lightId" and "elementIds", or "ghostLineId" and "ghostIds". Intended: no "lightCommand", this is part of the
+/// interface. See docs/oddities.md#lists-of-lens-flares-without-lightcommand.
+/// The constructors of the commands end with the parent; null means the composite being composed, if any.
 template<class OwnerPtr, class ItemPtr>
 class moLensFlareListCommand : public moLensFlareCommand
 {
@@ -37,15 +36,15 @@ class moLensFlareListCommand : public moLensFlareCommand
 public:
     ~moLensFlareListCommand() override;
 
-    /// Calls what the row has for undo.
+    /// Calls the undo function of the row.
     void undo() override;
-    /// Calls what the row has for redo.
+    /// Calls the redo function of the row.
     void redo() override;
     /// Sets "id", the owner's id and the items' ids; leaves out "lightCommand".
     void makeMessage(moMessage& message) const override;
 
 protected:
-    /// Text, message keys, and what redo and undo call, of one command.
+    /// Text, message keys, redo and undo function of one command.
     struct Row;
 
     /// \param row    outlives the command.
@@ -53,7 +52,7 @@ protected:
     moLensFlareListCommand(const Row& row, const OwnerPtr& owner, const std::vector<ItemPtr>& items,
                            QUndoCommand* parent);
     /// \param row      outlives the command.
-    /// \param itemIds  those that are no item's are dropped.
+    /// \param itemIds  container ids; an id of anything but an item is skipped.
     moLensFlareListCommand(const Row& row, const OwnerPtr& owner, const std::vector<unsigned int>& itemIds,
                            QUndoCommand* parent);
 
@@ -101,7 +100,7 @@ class MO_UNDO_STACK_EXPORT moRemoveLensFlareElementCommand : public moLensFlareE
     static const Row s_row;
 
 public:
-    /// \param elementIds  container ids; those that are no element's are dropped.
+    /// \param elementIds  container ids; an id of anything but an element is skipped.
     moRemoveLensFlareElementCommand(const osg::NodePtr& light, const std::vector<unsigned int>& elementIds,
                                     QUndoCommand* parent)
         : moLensFlareElementsCommand(s_row, light, elementIds, parent)
@@ -133,7 +132,7 @@ class MO_UNDO_STACK_EXPORT moRemoveGhostCommand : public moGhostsCommand
     static const Row s_row;
 
 public:
-    /// \param ghostIds  container ids; those that are no ghost's are dropped.
+    /// \param ghostIds  container ids; an id of anything but a ghost is skipped.
     moRemoveGhostCommand(const osg::LensFlareGhostLinePtr& ghostLine, const std::vector<unsigned int>& ghostIds,
                          QUndoCommand* parent)
         : moGhostsCommand(s_row, ghostLine, ghostIds, parent)

@@ -48,11 +48,11 @@ const moLightEnableUndoCommand::Row         moLightEnableUndoCommand::s_row     
 const moLightVisibleUndoCommand::Row        moLightVisibleUndoCommand::s_row          {"Show Light",       "Hide Light",       [](N light) { return moLights::getLightVisualizationVisible(light); },  [](N light, bool on) { moLights::setLightVisualizationVisible(light, on); }};
 // clang-format on
 
-/// The description is the text, not translated.
+/// The description is the untranslated text.
 static moUndoString lightText(const char* text)
 {
     const QString shown = QCoreApplication::translate("LightUndoCommand", text);
-    // A drag makes hundreds of commands: without a translation both share one string.
+    // A drag makes hundreds of commands: if nothing is translated, text and description share one string.
     const QString description = shown == QLatin1String(text) ? shown : QString::fromLatin1(text);
     return {shown, description, QStringLiteral("Light Commands")};
 }
@@ -91,7 +91,7 @@ moLightSwitchUndoCommand::moLightSwitchUndoCommand(const Row& row, const osg::No
 {
 }
 
-// The light is found anew for each edit: a listener to the one before may have destroyed it.
+// Looks the light up for each edit: a listener to the one before may have destroyed it.
 void moLightAttenuationUndoCommand::set(osg::NodePtr node, osg::UberLight::LightAttenuation mode)
 {
     const auto former = get(node);

@@ -4,16 +4,17 @@
 
 #include <type_traits>
 
-// The commands that set one property of one light. Each is a class here and a row in the table in the source.
+// The commands that set one property of one light. Each is a class here and a row of the table in the source file.
 
 /// Base of the commands below that set a value.
 ///
-/// Old value: read at the first redo. Merges with a newer command of the same class and light made within its merge
-/// interval; one undo then returns to the value before the first. A light that was destroyed makes undo and redo no-ops.
-/// A node that is no light and values out of range are left to moLights. Message: "id" (int), "lightCommand" = true.
+/// Old value: read at each step. Merges with a newer command of the same class and light made within its merge
+/// interval; one undo then returns to the value before the first. If the light was destroyed, undo and redo are no-ops.
+/// moLights decides about a node that is no light, and about values out of range.
+/// Message: "id" (int), "lightCommand" = true (bool).
 ///
 /// The constructors take the light's node (null makes the command inert), the new value, and the parent (null means the
-/// composite being composed, if any). For the library's own rows: a command of yours derives from moLightUndoCommand.
+/// composite being composed, if any). Only the library has rows: derive a command of your own from moLightUndoCommand.
 template<class T>
 class moLightPropertyUndoCommand : public moLightUndoCommand<T>
 {
@@ -41,8 +42,8 @@ extern template class MO_UNDO_STACK_EXPORT moLightPropertyUndoCommand<osg::Vec3f
 extern template class MO_UNDO_STACK_EXPORT moLightPropertyUndoCommand<float>;
 extern template class MO_UNDO_STACK_EXPORT moLightPropertyUndoCommand<osg::UberLight::LightAttenuation>;
 
-/// Base of the commands below that switch something on or off. As moLightPropertyUndoCommand, and merges only with a
-/// command of the same text.
+/// Base of the commands below that switch something on or off. As moLightPropertyUndoCommand, except that it merges
+/// only with a command of the same text.
 class MO_UNDO_STACK_EXPORT moLightSwitchUndoCommand : public moLightsFunctionUndoCommand<bool>
 {
 protected:
@@ -123,8 +124,8 @@ public:
     }
 };
 
-/// Sets how the light falls off with the distance. The light library rescales the light value with the mode; the
-/// command puts it back, so that the number that the user sees stays.
+/// Sets how the light falls off with the distance. The light library rescales the light value when the mode changes.
+/// The command writes the former light value again, so that the user sees the same number.
 class MO_UNDO_STACK_EXPORT moLightAttenuationUndoCommand
     : public moLightPropertyUndoCommand<osg::UberLight::LightAttenuation>
 {
@@ -140,7 +141,7 @@ public:
     }
 
 protected:
-    /// Writes the mode and then the light value, as it was before.
+    /// Writes the mode and then the light value from before.
     void set(osg::NodePtr node, osg::UberLight::LightAttenuation mode) override;
 };
 
@@ -158,8 +159,9 @@ public:
     }
 };
 
-/// Shows or hides the symbol that the editor draws for the light. The text, "Show Light" or "Hide Light", follows the
-/// value given here and stays the same when undo restores the other state; this is intended.
+/// Shows or hides the symbol that the editor draws for the light. Intended: the text, "Show Light" or "Hide Light",
+/// names what the user did, also while it is undone, and only commands of one text merge. See
+/// docs/oddities.md#the-text-does-not-follow-the-direction and docs/oddities.md#show-and-hide-merge-with-their-like.
 class MO_UNDO_STACK_EXPORT moLightVisibleUndoCommand : public moLightSwitchUndoCommand
 {
     MO_UNDO_COMMAND_ID

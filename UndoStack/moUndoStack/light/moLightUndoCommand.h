@@ -10,17 +10,17 @@
 
 /// Base of the commands that set one property of one light.
 ///
-/// Whether the node is a light is not looked at here: what a property of another node is, the derived class's get and
-/// set decide. Undo, redo and merging are those of moFunctionUndoCommand. Message: "id" (int), "lightCommand" = true
-/// (bool). There is no "node" key, unlike other function commands; this is intended.
+/// Does not check that the node is a light: get() and set() of the derived class decide about other nodes. Undo, redo
+/// and merging are those of moFunctionUndoCommand. Message: "id" (int), "lightCommand" = true (bool). Intended: no
+/// "node", unlike other function commands; this is part of the interface. See docs/oddities.md#light-without-node.
 template<class T>
 class moLightUndoCommand : public moFunctionUndoCommand<T>
 {
 public:
     /// \param light       the light's node; null makes the command inert.
-    /// \param lightFlags  kept for derived classes; nothing in the library reads it.
-    /// \param value       what the first redo gives the light.
-    /// \param parent      null means the composite being composed, if any.
+    /// \param lightFlags  for derived classes; the library does not read it and passes 0.
+    /// \param value       what the first redo writes.
+    /// \param parent      owns the command; null means the composite being composed, if any.
     moLightUndoCommand(const moUndoString& text, const osg::NodePtr& light, unsigned int lightFlags, T value,
                        QUndoCommand* parent);
 
@@ -28,14 +28,15 @@ public:
     void makeMessage(moMessage& message) const override;
 
 protected:
-    /// As given at construction.
+    /// The flags given to the constructor.
     unsigned int m_lightFlags;
 };
 
-/// The same with the reading and the writing given as functions.
+/// The same with getter and setter given as functions.
 ///
-/// Merges as moLightUndoCommand does, and only with a command of the same text: what the user reads as two different
-/// actions stays two steps. For bool only: that is what the library exports.
+/// Merges as moLightUndoCommand does, but only with a command of the same text, so that commands that the user reads as
+/// different stay apart. See docs/oddities.md#show-and-hide-merge-with-their-like. For bool only: that is what the
+/// library exports.
 template<class T>
 class moLightsFunctionUndoCommand : public moLightUndoCommand<T>
 {
@@ -46,7 +47,7 @@ class moLightsFunctionUndoCommand : public moLightUndoCommand<T>
 public:
     /// Reads the value of a node, which is never null.
     using Getter = std::function<T(const osg::NodePtr&)>;
-    /// Writes it.
+    /// Writes the value of a node, which is never null.
     using Setter = std::function<void(const osg::NodePtr&, T)>;
 
     /// \param getter, setter  copied and called at each undo and redo. An empty one makes the step throw
@@ -54,7 +55,7 @@ public:
     moLightsFunctionUndoCommand(const moUndoString& text, const osg::NodePtr& light, T value, const Getter& getter,
                                 const Setter& setter, QUndoCommand* parent);
 
-    /// Asks for the same text, too.
+    /// Adds: both have the same text.
     bool canMergeWith(const QUndoCommand* other) const override;
 
 protected:
@@ -78,7 +79,8 @@ moLightUndoCommand<T>::moLightUndoCommand(const moUndoString& text, const osg::N
 template<class T>
 void moLightUndoCommand<T>::makeMessage(moMessage& message) const
 {
-    // Past the function command and its "node", as intended. NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    // Skips the base class, which adds "node". Intended: docs/oddities.md#light-without-node.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     moUndoCommand::makeMessage(message);
     message.set("lightCommand", true, true);
 }

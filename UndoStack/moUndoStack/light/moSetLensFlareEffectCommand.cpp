@@ -22,7 +22,7 @@ moSetLensFlareEffectCommand::moSetLensFlareEffectCommand(const osg::LensFlareEff
     m_backupId = containerId(backup);
 }
 
-// References by hand, not held: the target's is released even if none was taken, see the class.
+// Not a ContainerReference: the target's reference is given back even if none was taken, see the class.
 moSetLensFlareEffectCommand::~moSetLensFlareEffectCommand()
 {
     for (const unsigned int id : {m_sourceId, m_targetId, m_backupId}) {
@@ -55,7 +55,7 @@ void moSetLensFlareEffectCommand::apply(const osg::LensFlareEffectPtr& from, osg
 {
     if (!from || !to) return;
 
-    // Kept while the list is cleared: an effect applied to itself would lose them.
+    // Held while the list is cleared: otherwise an effect applied to itself would destroy them.
     std::vector<ContainerReference> elements;
     for (const auto& element : *from->getMFElements())
         elements.emplace_back(element);
@@ -68,7 +68,7 @@ void moSetLensFlareEffectCommand::apply(const osg::LensFlareEffectPtr& from, osg
     to->setLensFlareType(from->getLensFlareType());
     to->setAngularIntensity(from->getAngularIntensity());
     to->setUseLightProperties(from->getUseLightProperties());
-    // The second copy of the type is intended: the setter before may start anew with another one.
+    // Intended: writes the type again, because setUseLightProperties() may have set another one.
     to->setLensFlareType(from->getLensFlareType());
     to->clearEffects();
     for (const ContainerReference& element : elements)

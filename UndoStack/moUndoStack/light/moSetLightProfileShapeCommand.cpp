@@ -47,7 +47,7 @@ void moSetLightProfileShapeCommand::undo()
 void moSetLightProfileShapeCommand::restore(const std::string& typeName, const osg::Vec3f& scale, float lightValue)
 {
     moStep::writeThroughSibling([&] { moLights::changeLightType(light(), typeName.c_str()); });
-    // No type name: it was no light, and nothing was remembered that could be put back.
+    // Without a type name it was no light at construction, and there are no old values.
     if (!light() || typeName.empty()) return;
     if (const auto core = osg::Transform3DPtr::dcast(light()->getCore())) {
         const ContainerEdit edit(core, osg::Transform3DBase::ScaleFieldMask);

@@ -9,28 +9,33 @@
 
 #include <string>
 
-/// Makes a light shine with the shape of its profile, in the default unit, and with the light value that the profile
-/// states if that is above 0, else with the light's own.
+/// Makes a light shine with the shape of its profile, in the default unit. The light value is that of the profile if it
+/// is above 0, else the light's own.
 ///
-/// Old value: type, scale and light value are read at construction. The unit is not; undo leaves the unit that the
-/// light library gives the old type, and this is intended, also where a redo that fails is put back. Never merges.
-/// Meant for lights. For another node the command remembers nothing: redo and undo still call the light library, undo
-/// with an empty type name, and the node's own transform is left alone. The light library ignores a null light or one
-/// that was destroyed. Message: "id" (int).
+/// Old value: type, scale and light value are read at construction. Intended: the unit is not, because the light
+/// library chooses it with the type. Undo, and a failed redo, leave the unit of the old type. See
+/// docs/oddities.md#the-unit-of-a-light-is-not-remembered. Never merges. Message: "id" (int).
+/// For lights. For any other node the command keeps no old values: redo and undo call the light library, undo with an
+/// empty type name, and do not write the node's transform. The light library ignores a null or destroyed light.
 class MO_UNDO_STACK_EXPORT moSetLightProfileShapeCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moSetLightProfileShapeCommand)
     MO_UNDO_COMMAND_ID
 
 public:
+    /// \param light   the light's node.
+    /// \param parent  owns the command; null means the composite being composed, if any.
     moSetLightProfileShapeCommand(const osg::NodePtr& light, QUndoCommand* parent);
 
+    /// Restores type, scale and light value.
     void undo() override;
+    /// Sets shape, unit and light value.
     void redo() override;
+    /// Never merges.
     bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:
-    /// Asked before each edit and not kept: a listener to one edit may destroy the light before the next.
+    /// Looks the light up, before each edit: a listener to the edit before may have destroyed it.
     osg::NodePtr light() const;
 
     void restore(const std::string& typeName, const osg::Vec3f& scale, float lightValue);

@@ -8,7 +8,7 @@
 
 void moContainerTouch::touch(unsigned int containerId, unsigned long long fieldMask)
 {
-    // Intended: nothing is written, the notification alone is wanted.
+    // Intended: nothing is written. See docs/oddities.md#a-change-is-announced-though-nothing-was-written.
     const ContainerEdit edit(findContainer<osg::FieldContainerPtr>(containerId), fieldMask);
 }
 

@@ -30,7 +30,8 @@ void moMaterialMultiUndoCommand::redo()
 
 bool moMaterialMultiUndoCommand::mergeWith(const QUndoCommand* other)
 {
-    // Intended: the time of making is not looked at here; the children look at theirs.
+    // Intended: no merge interval here; the children have theirs. See
+    // docs/oddities.md#composites-have-no-time-of-their-own.
     const auto* newer = dynamic_cast<const moMaterialMultiUndoCommand*>(other);
     if (!newer || newer->id() != id()) return false;
     if (newer->m_settingsId != m_settingsId || newer->m_materialId != m_materialId) return false;

@@ -3,35 +3,34 @@
 #include <moUndoStack/core/moUndoCommandId.h>
 #include <moUndoStack/material/moWrappedFieldUndoCommand.h>
 
-/// Sets one field of a material's colour component settings, and has the settings and the material tell of it.
+/// Sets one field of a material's colour component settings, and announces the settings and the material.
 ///
-/// \param command            the field command that does the edit, owned from here on; null makes the command inert.
-///                           See moWrappedFieldUndoCommand.
-/// \param material           the osg::UberMaterial whose colour data changes with the settings; may be null.
-/// \param componentSettings  the osg::ColorComponentSettings; may be null.
-/// \param parent             null means the composite being composed, if any.
-///
-/// After each redo and each undo, and after the field command's notify function, the settings and then the material send
-/// a change notification, also when the field command wrote nothing. A field command that stays with its parent is
-/// followed by them, too, but only when it wrote: after its notify function, which stays the caller's, and also when
-/// this command was destroyed before. If the notify function or a listener to one change throws, the rest is done all
-/// the same (see moStep).
+/// Each redo and undo runs the field command with its notify function and then announces the settings and the material,
+/// also if the field command wrote nothing. If the parent of the field command runs it, both are announced after its
+/// notify function, but only if it wrote; also after this command was deleted. If the notify function or a listener to
+/// one change throws, the rest is done all the same (see moStep). Intended: nothing is written for it, because the
+/// renderer listens to the material. See docs/oddities.md#a-change-is-announced-though-nothing-was-written.
 ///
 /// Merging: see moWrappedFieldUndoCommand. Message: "id", "container" (the field command's), "material" and
-/// "componentSettings" (left out for null), unsigned int. A composition tells of its first child only: where that is
-/// the field command, listeners get "id", "container" and "fieldId" of that one and hear of no material.
+/// "componentSettings" (left out for null), unsigned int. Intended: a composite's message has the keys of its first
+/// child. If that is the field command, it has "id", "container" and "fieldId" and names no material. See
+/// docs/oddities.md#a-composite-describes-itself-as-its-first-child.
 class MO_UNDO_STACK_EXPORT moMaterialUndoCommand : public moWrappedFieldUndoCommand
 {
     MO_UNDO_COMMAND_ID
 
 public:
-    /// See the class for the arguments.
+    /// \param command            the field command that does the edit. Owned by this command unless it has a parent,
+    ///                           see moWrappedFieldUndoCommand; null makes this command inert.
+    /// \param material           the osg::UberMaterial whose colour data changes with the settings; may be null.
+    /// \param componentSettings  the osg::ColorComponentSettings; may be null.
+    /// \param parent             null means the composite being composed, if any.
     moMaterialUndoCommand(const moUndoString& text, moFieldBaseUndoCommand<>* command, osg::FieldContainerPtr material,
                           osg::FieldContainerPtr componentSettings, QUndoCommand* parent);
 
-    /// Runs the field command's undo if it is the wrapper that runs it, then notifies.
+    /// Undoes the field command, then announces. Does nothing if the parent of the field command runs it.
     void undo() override;
-    /// The same with its redo.
+    /// Redoes the field command, then announces. Does nothing if the parent of the field command runs it.
     void redo() override;
     /// Adds "material" and "componentSettings".
     void makeMessage(moMessage& message) const override;

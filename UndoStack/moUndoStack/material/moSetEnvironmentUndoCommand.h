@@ -10,25 +10,35 @@
 
 /// Sets the environment of a UBRDF material.
 ///
-/// \param material     the material to edit; null makes the command inert.
-/// \param environment  the new environment; null takes it away.
-/// \param parent       null means the composite being composed, if any.
+/// Old environment: read at construction. If the material was destroyed, the step is a no-op.
 ///
-/// The text is always "Change Environment", untranslated.
-/// Old value: read at construction. Both environments are kept by id and not held: one that was destroyed by undo or
-/// redo leaves the material without an environment. If the material was destroyed, undo and redo are no-ops. Never
-/// merges, nor does a composite that has one. Message: "id", "material" (unsigned int, left out for a null material).
+/// Intended: both environments are kept by id, without a reference, because the scene keeps its containers alive. A
+/// step whose environment was destroyed leaves the material without one. See
+/// docs/oddities.md#an-environment-that-nobody-holds.
+///
+/// Intended: the text is always "Change Environment", untranslated. It is part of the interface, and no constructor
+/// takes another. See docs/oddities.md#two-untranslated-texts.
+///
+/// Never merges; a composite with such a child does not merge either. Message: "id", "material" (unsigned int, left out
+/// for a null material).
 class MO_UNDO_STACK_EXPORT moSetEnvironmentUndoCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moSetEnvironmentUndoCommand)
     MO_UNDO_COMMAND_ID
 
 public:
+    /// \param material     the material to edit; null makes the command inert.
+    /// \param environment  the new environment; null for none.
+    /// \param parent       null means the composite being composed, if any.
     moSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr material, osg::MaterialPtr environment, QUndoCommand* parent);
 
+    /// Sets the old environment.
     void undo() override;
+    /// Sets the new environment.
     void redo() override;
+    /// Adds "material".
     void makeMessage(moMessage& message) const override;
+    /// Always false.
     bool canMergeWith(const QUndoCommand* /*other*/) const override { return false; }
 
 private:

@@ -35,7 +35,7 @@ bool moWrappedFieldUndoCommand::canMergeWith(const QUndoCommand* other) const
     if (!moUndoCommand::canMergeWith(other)) return false;
     const auto* newer = castLike(*this, other);
     if (!newer || newer->m_ownerId != m_ownerId || newer->m_componentId != m_componentId) return false;
-    // Without a command of their own there is nothing that could be lost.
+    // If neither runs its field command, a merge loses nothing.
     if (!m_ownCommand || !newer->m_ownCommand) return m_ownCommand == newer->m_ownCommand;
     return m_ownCommand->canMergeWith(newer->m_ownCommand.get());
 }

@@ -7,16 +7,20 @@
 #include <memory>
 
 /// Base of the commands that wrap one field command and know the two containers that the edit is about: a component (a
-/// colour component, or the settings of all of them) and its owner (what that belongs to).
+/// colour component, or the settings of all of them) and its owner.
 ///
-/// Who runs the field command is settled at construction. One without a parent is owned, run and deleted by its wrapper;
-/// its changed callback is not called then, the wrapper's is. One that has a parent already, which it gets when it is
-/// made while a composition is open, stays with that parent, which runs and deletes it: the wrapper then does not run
-/// it, too. Its notify function stays the caller's in both cases and may be set before or after wrapping.
+/// It is decided at construction what runs the field command:
+///  - A field command without a parent is owned, run and deleted by its wrapper. Its changed callback is not called;
+///    the wrapper's is.
+///  - A field command with a parent, e.g. one made while composing, is run and deleted by that parent, and the wrapper
+///    does not run it. Intended: a command has one owner, and a child cannot be taken from its parent. See
+///    docs/oddities.md#a-wrapped-command-may-belong-to-somebody-else.
 ///
-/// Merges with a newer command of the same class and the same two containers, made within its merge interval, when the
-/// wrapped commands merge; the merging of values is theirs. Message: "id" (int), "container" (unsigned int), what the
-/// field command writes.
+/// The field command's notify function is called in both cases and may be set before or after wrapping.
+///
+/// Merges with a newer command of the same class and the same two containers, made within its merge interval, if the
+/// field commands merge, which merge the values. Message: "id" (int), "container" (unsigned int), the container that
+/// the field command edits.
 class MO_UNDO_STACK_EXPORT moWrappedFieldUndoCommand : public moUndoCommand, protected moContainerTouch
 {
 public:
@@ -26,11 +30,11 @@ public:
     bool mergeWith(const QUndoCommand* other) override;
     /// Sets "id" and "container".
     void makeMessage(moMessage& message) const override;
-    /// Asks for the same two containers and then the field commands.
+    /// Asks for the same two containers, too, and then the field commands.
     bool canMergeWith(const QUndoCommand* other) const override;
 
 protected:
-    /// Who runs the field command.
+    /// What runs the field command.
     enum class RunBy
     {
         Wrapper,   ///< it has no parent
@@ -38,18 +42,18 @@ protected:
         Nobody     ///< it is null
     };
 
-    /// \param command      the field command, owned from here on unless it has a parent; may be null.
+    /// \param command      the field command, owned by this command unless it has a parent; may be null.
     /// \param ownerId      container id, 0 for none.
     /// \param componentId  container id, 0 for none.
     /// \param parent       null means the composite being composed, if any.
     moWrappedFieldUndoCommand(const moUndoString& text, moFieldBaseUndoCommand<>* command, unsigned int ownerId,
                               unsigned int componentId, QUndoCommand* parent);
 
-    /// Settled at construction.
+    /// What runs the field command; decided at construction.
     RunBy runBy() const { return m_runBy; }
-    /// The field command with RunBy::Wrapper, else null.
+    /// The field command if the wrapper runs it, else null.
     moFieldBaseUndoCommand<>* ownCommand() const { return m_ownCommand.get(); }
-    /// Container id of what the component belongs to; 0 for none.
+    /// Container id of the component's owner; 0 for none.
     unsigned int ownerId() const { return m_ownerId; }
     /// Container id of the component; 0 for none.
     unsigned int componentId() const { return m_componentId; }

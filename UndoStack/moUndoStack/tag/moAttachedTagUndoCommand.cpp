@@ -18,12 +18,12 @@ struct TagField
     osg::MField<std::string>* tags = nullptr;
 };
 
-// Without attachment or list of strings, tags is null.
+/// Leaves tags null if there is no attachment, or if the field is no list of strings.
 TagField findTagField(const osg::AttachmentContainerPtr& container, osg::UInt32 fieldId)
 {
     TagField found;
     if (container == osg::NullFC) return found;
-    found.attachment = osg::TagAttachmentPtr::dcast(container->findAttachment(osg::TagAttachment::getClassGroupId()));
+    found.attachment = osg::TagAttachmentPtr::dcast(container->findAttachment(osg::TagAttachment::getClassType()));
     if (found.attachment != osg::NullFC)
         found.tags = dynamic_cast<osg::MField<std::string>*>(found.attachment->getField(fieldId));
     return found;
@@ -72,7 +72,8 @@ moAttachedTagUndoCommand::moAttachedTagUndoCommand(const moUndoString& text, osg
       m_container(std::make_unique<ContainerReference>(container))
 {
     const TagField field = findTagField(container, fieldId);
-    // Intended: a command without a list to edit keeps all its lists empty, and so empties one that turns up later.
+    // Intended: all lists stay empty, because the command replaces whole lists. One that exists by the time of a redo
+    // is emptied. See docs/oddities.md#a-late-tag-attachment-is-emptied.
     if (!field.tags) return;
 
     m_oldTags = *field.tags;
@@ -82,7 +83,8 @@ moAttachedTagUndoCommand::moAttachedTagUndoCommand(const moUndoString& text, osg
 
     const bool isUserTag = fieldId == osg::TagAttachment::UserTagsFieldId;
     const bool isSystemTag = fieldId == osg::TagAttachment::SystemTagsFieldId;
-    // Intended: one line on standard output, without a line end, is all that an unsupported list gets.
+    // Intended: another list is edited, because types derived from the attachment may have some. See
+    // docs/oddities.md#an-unsupported-list-of-tags-is-edited.
     if (!isUserTag && !isSystemTag) std::cout << "Tag type is not Undo Redo supported!";
     setTag(std::move(tag), isUserTag ? USER_TAG : SYSTEM_TAG);
 }
@@ -109,15 +111,16 @@ void moAttachedTagUndoCommand::apply(const osg::MField<std::string>& tags, const
     moStep::run([&] {
         const TagField found = findTagField(getContainer(), m_fieldId);
         if (!found.tags) return;
-        // Prepared before the first edit: with no memory for one of them, neither edit is made.
+        // Prepared before the first edit: if memory runs out, neither edit is made.
         osg::MField<osg::UInt64> newStamps = values;
         Rewrite rewrite(*found.tags, tags);
         {
             const ContainerEdit bracket(found.attachment, m_fieldMask);
             rewrite.write();
         }
-        // Intended: the stamps are edited under the mask of the tags, so both notifications name the same field.
-        // Found again: a listener to the first edit may have taken the list off.
+        // Intended: one edit for the caller, so one mask for both. See
+        // docs/oddities.md#stamps-are-announced-as-tags.
+        // Looked up again: a listener to the first edit may have detached the attachment.
         const TagField again = findTagField(getContainer(), m_fieldId);
         if (!again.tags) return;
         const ContainerEdit bracket(again.attachment, m_fieldMask);

@@ -3,18 +3,23 @@
 #include <moUndoStack/core/moUndoCommandId.h>
 #include <moUndoStack/tag/moTagUndoCommand.h>
 
-/// Records a tag operation that has no effect of its own, so that it shows on the undo stack and in its notifications.
+/// Shows a tag operation of another system in the history and in the messages.
 ///
-/// \param tag   kept for getTagString().
-/// \param type  kept for getTagType().
+/// Intended: undo() and redo() do nothing, because the other system has done the operation. For one that undo is to
+/// take back use moAddTagUndoCommand or moSubTagUndoCommand. See docs/oddities.md#commands-of-empty-tags-do-nothing.
 ///
-/// undo() and redo() do nothing. id() is -1; the two derived commands have ids of their own.
+/// Never merges. id() is -1; the two derived commands have ids of their own. Message: "id" only.
 class MO_UNDO_STACK_EXPORT moEmptyTagUndoCommand : public moTagUndoCommand
 {
 public:
+    /// Parent: the composite being composed, if any.
+    /// \param tag   for getTagString().
+    /// \param type  for getTagType().
     moEmptyTagUndoCommand(const moUndoString& text, std::string tag, TAG_TYPE type);
 
+    /// Does nothing.
     void undo() override;
+    /// Does nothing.
     void redo() override;
 };
 
@@ -24,6 +29,7 @@ class MO_UNDO_STACK_EXPORT moAddEmptyTagUndoCommand : public moEmptyTagUndoComma
     MO_UNDO_COMMAND_ID
 
 public:
+    /// The same as in moEmptyTagUndoCommand.
     using moEmptyTagUndoCommand::moEmptyTagUndoCommand;
 };
 
@@ -33,5 +39,6 @@ class MO_UNDO_STACK_EXPORT moSubEmptyTagUndoCommand : public moEmptyTagUndoComma
     MO_UNDO_COMMAND_ID
 
 public:
+    /// The same as in moEmptyTagUndoCommand.
     using moEmptyTagUndoCommand::moEmptyTagUndoCommand;
 };

@@ -4,7 +4,7 @@
 
 moTagUndoCommand::moTagUndoCommand(const moUndoString& text) : moUndoCommand(text, nullptr)
 {
-    // A composite asks only this of its children: the newer tags would be lost.
+    // A composite would merge two of them and lose the newer tags: it does not look at what mergeWith() answers.
     setMergeEnabled(false);
 }
 

@@ -5,10 +5,12 @@
 
 #include <string>
 
-/// What all tag commands have in common: the tag that the command is about, and the kind of that tag.
+/// Base of the tag commands: keeps the tag that the command is about, and its kind.
 ///
-/// Tag commands never merge, inside a composite neither: they switch merging off. Their constructors take no parent: it
-/// is the composite being composed, if there is one. Message: "id" only.
+/// Never merges, also not inside a composite: tag commands switch merging off. Message: "id" only.
+///
+/// Intended: unlike those of other families, the constructors take no parent; it is the composite being composed, if
+/// any. This is part of the interface. See docs/oddities.md#parent-callback-variant-index.
 class MO_UNDO_STACK_EXPORT moTagUndoCommand : public moUndoCommand
 {
 public:
@@ -19,17 +21,21 @@ public:
         SYSTEM_TAG = 1 ///< field 5, given by the application
     };
 
+    /// Switches merging off. Parent: the composite being composed, if any.
     explicit moTagUndoCommand(const moUndoString& text);
 
+    /// Takes the tag operation back.
     void undo() override = 0;
+    /// Does the tag operation.
     void redo() override = 0;
 
-    /// USER_TAG unless a derived command has set it.
+    /// The kind of the tag; USER_TAG until setTag() was called.
     TAG_TYPE getTagType() const { return m_tagType; }
-    /// Empty unless a derived command has set it.
+    /// The tag; empty until setTag() was called.
     std::string getTagString() const { return m_tagString; }
 
 protected:
+    /// Sets what getTagString() and getTagType() return.
     void setTag(std::string tag, TAG_TYPE type);
 
 private:

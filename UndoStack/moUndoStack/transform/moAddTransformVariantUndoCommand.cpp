@@ -57,7 +57,7 @@ void moAddTransformVariantUndoCommand::undo()
     });
 }
 
-/// The list that an earlier redo has made, else a new one.
+/// Puts back the list that an earlier redo made; makes one if there is none.
 void moAddTransformVariantUndoCommand::putOnList(moVariantList& list)
 {
     if (const auto former = m_attachment->find<osg::TransformVariantsAttachmentPtr>()) {

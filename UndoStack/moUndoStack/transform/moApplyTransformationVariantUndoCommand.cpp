@@ -43,7 +43,7 @@ moApplyTransformationVariantUndoCommand::moApplyTransformationVariantUndoCommand
     m_applied.rotationMode = utils::getRotationMode(live, variantIndex, true);
     m_applied.eulerRotationOrder = utils::getEulerRotationOrder(live, variantIndex, true);
 
-    // The direction is three values that belong together: here the flag is asked for, there is no getter that does.
+    // Direction, axis and validity belong together, and no getter looks at the apply flag for them.
     const bool takesDirection = utils::getApplyFlags(variant) & osg::TransformVariant::ApplyRotationDirection;
     m_applied.rotationDirectionValid =
         (takesDirection ? own : live)
@@ -101,7 +101,7 @@ void moApplyTransformationVariantUndoCommand::apply(const TransformValues& value
     });
 }
 
-/// Two edits; the node is found anew for each, as a listener to the first one may destroy it.
+/// Looks the node up for each of the two edits: a listener to the first one may destroy it.
 void moApplyTransformationVariantUndoCommand::write(const TransformValues& values, int supposedState) const
 {
     const auto node = [this] { return findContainer<osg::NodePtr>(m_nodeId); };

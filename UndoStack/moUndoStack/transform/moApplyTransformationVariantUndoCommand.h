@@ -12,42 +12,47 @@
 #include <functional>
 #include <string>
 
-/// Gives a node's own transform the values of one of its transform variants, and marks it as supposed to show that
+/// Gives a node's own transform the values of one of its transform variants, and sets its supposed state to that
 /// variant.
 ///
-/// \param sync      whether the synchronisation function is called.
-/// \param parent    before the callback here; null means the composite being composed, if any.
-/// \param callback  called after every step, before the synchronisation function; may be empty.
-///
-/// Both states are read at construction and written whole: undo brings back exactly what was there when the command was
-/// made, even if other edits happened in between. Of the variant those components are taken that its apply flags name;
-/// the rest stays as the node's own transform has it. On the stack it never merges. Message: "id" (int). A node without
-/// a transform, an index that names no variant, and a variant without a core of its own make a command that does and
-/// tells nothing; so does a destroyed node.
-/// Inside a composite that merges it must not stand beside a newer one made within its merge interval: the composite
-/// asks canMergeWith() only, which says yes, and the newer edit is lost on redo or survives undo. Compose it with
-/// merging disabled (beginMultiCommand(text, description, false)) or call setMergeEnabled(false).
+/// The apply flags of the variant say which components are applied; the others keep the values of the node's own
+/// transform. Shear stays. Both states are read at construction, and each step writes one of them whole. Intended: undo
+/// also overwrites edits made between construction and redo, see docs/oddities.md#a-whole-transform-comes-back.
+/// On the stack it never merges. Message: "id" (int).
+/// A node without a transform, an index that names no variant and a variant without a core make the command inert. If
+/// the node was destroyed, a step is a no-op and calls no function.
+/// Inside a composite that merges, switch merging off: moUndoStack::beginMultiCommand(text, description, false) or
+/// setMergeEnabled(false). Otherwise an edit may be lost.
+/// See docs/oddities.md#composites-do-not-look-at-what-mergewith-answers.
 class MO_UNDO_STACK_EXPORT moApplyTransformationVariantUndoCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moApplyTransformationVariantUndoCommand)
     MO_UNDO_COMMAND_ID
 
 public:
+    /// Called with the node that was written.
     using SyncFunction = std::function<void(const osg::NodePtr& node)>;
 
+    /// \param variantIndex  from 0 on.
+    /// \param sync          whether steps call the synchronisation function.
+    /// \param parent        owns the command; null means the composite being composed, if any.
+    /// \param callback      called after every step, before the synchronisation function; may be empty.
     moApplyTransformationVariantUndoCommand(osg::NodePtr node, int variantIndex, bool sync, QUndoCommand* parent,
                                             std::function<void()> callback);
 
-    /// One function for the whole class and the rest of the process; an empty one switches mirroring off. The
-    /// function may replace itself while it runs.
+    /// Sets the one function of the class, until the process ends. An empty one switches mirroring off. The function
+    /// may replace itself while it runs. If it records commands, a redo cuts off what could be redone after it, see
+    /// docs/oddities.md#a-mirror-that-records-cuts-off-redo.
     static void setSyncFunction(const SyncFunction& function);
 
 protected:
+    /// Writes the values and the supposed state that were read at construction.
     void undo() override;
+    /// Writes the values of the variant.
     void redo() override;
 
 private:
-    /// A whole transform, except shear, which variants do not have.
+    /// A whole transform except shear, which variants do not have.
     struct TransformValues
     {
         osg::Vec3f translation;

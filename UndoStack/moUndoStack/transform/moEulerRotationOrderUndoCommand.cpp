@@ -19,7 +19,7 @@ moEulerRotationOrderUndoCommand::moEulerRotationOrderUndoCommand(osg::NodePtr no
 {
 }
 
-// The word of the translation is intended.
+// Intended: "Translate", see docs/oddities.md#one-word-for-several-commands.
 moEulerRotationOrderUndoCommand::moEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order,
                                                                  moMergeOption merge, QUndoCommand* parent,
                                                                  Callback callback, int variantIndex)

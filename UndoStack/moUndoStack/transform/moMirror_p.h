@@ -5,8 +5,8 @@
 
 #include <OpenSG/OSGNode.h>
 
-/// Calls a class-wide synchronisation function with the node, if there still is one: listeners to the edit and the
-/// command's own callback come first and may destroy it.
+/// Calls a synchronisation function, unless it is empty or the node was destroyed: a listener to the edit, or the
+/// command's callback, may have destroyed it.
 template<class Signature, class... Arguments>
 void mirror(const moUndoDetail::HeldFunction<Signature>& sync, unsigned int nodeId, const Arguments&... arguments)
 {

@@ -20,7 +20,7 @@ moRotationAsQuaternionUndoCommand::moRotationAsQuaternionUndoCommand(const moUnd
 
 void moRotationAsQuaternionUndoCommand::makeMessage(moMessage& message) const
 {
-    // Past the base, which would add "node": leaving it out is intended.
+    // Skips the base class, which adds "node". Intended: docs/oddities.md#quaternion-without-node.
     moUndoCommand::makeMessage(message); // NOLINT(bugprone-parent-virtual-call)
     message.set("transformCommand", true, true);
 }

@@ -6,7 +6,7 @@
 
 #include <QtCore/QString>
 
-/// The name as the user reads it; empty for a node without one.
+/// The name as the user reads it; empty if the node has none.
 inline QString nodeName(const osg::NodePtr& node)
 {
     return QString::fromUtf8(moNodeUtils::getName(node));

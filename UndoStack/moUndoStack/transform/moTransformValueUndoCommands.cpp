@@ -16,8 +16,8 @@ MO_UNDO_COMMAND_ID_IMPL(moRotationPivotOrientationUndoCommand)
 MO_UNDO_COMMAND_ID_IMPL(moRotationPivotDirectionUndoCommand)
 MO_UNDO_COMMAND_ID_IMPL(moShearUndoCommand)
 
-/// For which transforms a step is told to the synchronisation function. That the pivots and their translations are
-/// mirrored for variants too, and nothing else that has variants is, is intended.
+/// When a step calls the synchronisation function. Intended: of all components that variants have, only pivots and
+/// pivot translations are mirrored for variants. See docs/oddities.md#only-pivots-are-mirrored-for-variants.
 enum class Mirrored
 {
     OwnTransform,
@@ -30,7 +30,7 @@ struct moTransformValueUndoCommand::Row
     Mirrored mirrored;
     osg::Vec3f (*read)(const osg::NodePtr& node, bool flag, int variantIndex);
     void (*write)(const osg::NodePtr& node, const osg::Vec3f& value, bool flag, int variantIndex);
-    /// What setSyncFunction() was given; the only part of a row that changes.
+    /// The synchronisation function; the only part of a row that changes.
     mutable moUndoDetail::HeldFunction<void(const osg::NodePtr&, const osg::Vec3f&, bool)> sync = {};
 };
 
@@ -62,7 +62,7 @@ const moRotationPivotTranslationUndoCommand::Row moRotationPivotTranslationUndoC
 const moRotationPivotOrientationUndoCommand::Row moRotationPivotOrientationUndoCommand::s_row{QStringLiteral("Change Rotation Pivot"), Mirrored::OwnTransform,
     [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotationOrientation(node, i); },
     [](N node, V v, bool, int i) { moNodeUtils::setTransformNodeRotationOrientation(node, v[0], v[1], v[2], i); }};
-// The -1 is intended: the direction as it is stored is read, not the one of the command's axis. For the setter see set().
+// Intended: -1 reads the direction as it is stored, see docs/oddities.md#a-direction-forgets-its-axis. set() writes it.
 const moRotationPivotDirectionUndoCommand::Row moRotationPivotDirectionUndoCommand::s_row{QStringLiteral("Change Rotation Pivot"), Mirrored::OwnTransform,
     [](N node, bool, int i)      { return moNodeUtils::getTransformNodeRotationDirection(node, i, -1); },
     nullptr};
@@ -123,7 +123,7 @@ void moTransformCallbackUndoCommand::set(osg::NodePtr node, osg::Vec3f value)
     const bool wasIdentity = m_callback && moNodeUtils::isTransformNodeIdentity(node);
     write(node, value);
     if (m_callback) {
-        // Found again: a listener to the edit may have destroyed the node.
+        // Looks the node up again: a listener to the edit may have destroyed it.
         const bool isIdentity = moNodeUtils::isTransformNodeIdentity(findNode());
         moStep::afterwards([&] { m_callback(nodeId(), value, variantIndex(), wasIdentity != isIdentity); });
     }

@@ -7,27 +7,28 @@
 #include <functional>
 #include <utility>
 
-// The commands that set one component of a transform. Each is a class here and a row in the table in the source.
+// The commands that set one component of a transform. Each is a class here and a row of the table in the source file.
 
-/// Base of the commands below: a transform command over three floats, whose row says what it reads and writes and when
-/// it is mirrored. For the library's own rows: a command of yours derives from moTransformUndoCommand<osg::Vec3f>.
+/// Base of the commands below: sets three floats. The row of a command says what it reads and writes and when it is
+/// mirrored. Only the library has rows: derive a command of your own from moTransformUndoCommand<osg::Vec3f>.
 ///
-/// A value placed in the world is kept as the three floats of that place: undo and redo give the components back but for
-/// rounding, and do not drift. For all else (text, merging, messages, bad input, the order of the constructors'
-/// arguments) see moTransformUndoCommand.
+/// A value in world space is kept as the three floats of the place in the world. Undo and redo restore the components
+/// up to rounding, however often they run. For text, merging, message, bad input and the order of the arguments see
+/// moTransformUndoCommand.
 ///
-/// Each command has a static setSyncFunction(): one function for the whole class and the rest of the process, so that
-/// the application can mirror edits elsewhere. An empty one switches mirroring off. It may replace itself while it runs.
+/// Each command has a static setSyncFunction(), by which the application mirrors edits elsewhere. It sets the one
+/// function of the class, until the process ends; an empty one switches mirroring off. The function may replace itself
+/// while it runs.
 class MO_UNDO_STACK_EXPORT moTransformValueUndoCommand : public moTransformUndoCommand<osg::Vec3f>
 {
 public:
-    /// Told the node and what was written.
+    /// Called with the node and the value that was written.
     using SyncFunction = std::function<void(const osg::NodePtr& node, const osg::Vec3f& value)>;
-    /// The same for the commands that take the flag: told the flag, too.
+    /// The same for commands that take the flag: called with the flag, too.
     using FlagSyncFunction = std::function<void(const osg::NodePtr& node, const osg::Vec3f& value, bool flag)>;
 
 protected:
-    /// Action word, getter, setter and mirror of one command.
+    /// Action word, getter, setter and synchronisation function of one command.
     struct Row;
 
     /// \param row   outlives the command.
@@ -37,15 +38,15 @@ protected:
 
     /// Reads as the row says.
     osg::Vec3f get(osg::NodePtr node) override;
-    /// Writes as the row says, then tells the mirror.
+    /// Writes as the row says, then calls synchronise().
     void set(osg::NodePtr node, osg::Vec3f value) override;
 
     /// Writes as the row says.
     void write(const osg::NodePtr& node, const osg::Vec3f& value);
-    /// Tells the mirror what was written, if the row says so and the node was not destroyed.
+    /// Calls the synchronisation function if the row says so, unless the node was destroyed.
     void synchronise(const osg::Vec3f& value) const;
 
-    /// Sets the mirror of the command that has this row.
+    /// Sets the synchronisation function of the command that has this row.
     static void mirrorWith(const Row& row, const SyncFunction& function);
     /// The same for a command that takes the flag.
     static void mirrorWith(const Row& row, const FlagSyncFunction& function);
@@ -54,12 +55,12 @@ private:
     const Row& m_row;
 };
 
-/// The same with a callback of the command's own.
+/// The same with a callback for each command.
 class MO_UNDO_STACK_EXPORT moTransformCallbackUndoCommand : public moTransformValueUndoCommand
 {
 public:
-    /// Called at every step, before the synchronisation function. identityChanged: the node's own transform became the
-    /// identity, or no longer is.
+    /// Called at every step, before the synchronisation function. variantIndex: -1 for the node's own transform.
+    /// identityChanged: the node's own transform became the identity, or no longer is.
     using Callback =
         std::function<void(unsigned int nodeId, const osg::Vec3f& value, int variantIndex, bool identityChanged)>;
 
@@ -68,7 +69,7 @@ protected:
     moTransformCallbackUndoCommand(const Row& row, osg::NodePtr node, osg::Vec3f value, bool flag, moMergeOption merge,
                                    QUndoCommand* parent, Callback callback, int variantIndex);
 
-    /// Writes as the row says, then tells the callback and the mirror.
+    /// Writes as the row says, then calls the callback and synchronise().
     void set(osg::NodePtr node, osg::Vec3f value) override;
 
 private:
@@ -77,7 +78,7 @@ private:
 
 /// Sets the translation of a node's transform.
 ///
-/// Mirrored for the node's own transform only: variants are never synchronised.
+/// Mirrored for the node's own transform only.
 class MO_UNDO_STACK_EXPORT moTranslationUndoCommand : public moTransformCallbackUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moTranslationUndoCommand)
@@ -85,11 +86,11 @@ class MO_UNDO_STACK_EXPORT moTranslationUndoCommand : public moTransformCallback
     static const Row s_row;
 
 public:
-    /// Told the node, what was written and the flag.
+    /// Called with the node, the value that was written and the flag.
     using SyncFunction = FlagSyncFunction;
 
-    /// \param value  unit of the scene; with the flag the point of the world to go to, without it relative to the parent.
-    /// \param flag   world space.
+    /// \param value  in the unit of the scene.
+    /// \param flag   true: the value is a point of the world; false: it is relative to the node's parent.
     moTranslationUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag, QUndoCommand* parent, Callback callback,
                              int variantIndex)
         : moTranslationUndoCommand(node, value, flag, moMergeOption(), parent, std::move(callback), variantIndex)
@@ -108,7 +109,7 @@ public:
 
 /// Sets the Euler angles of a node's transform; the order of the axes stays.
 ///
-/// Mirrored for the node's own transform only: variants are never synchronised.
+/// Mirrored for the node's own transform only.
 class MO_UNDO_STACK_EXPORT moRotationUndoCommand : public moTransformCallbackUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationUndoCommand)
@@ -135,7 +136,7 @@ public:
 
 /// Sets the scale factors of a node's transform.
 ///
-/// Mirrored for the node's own transform only: variants are never synchronised.
+/// Mirrored for the node's own transform only.
 class MO_UNDO_STACK_EXPORT moScaleUndoCommand : public moTransformCallbackUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moScaleUndoCommand)
@@ -161,7 +162,7 @@ public:
 
 /// Sets the point that scaling leaves where it is.
 ///
-/// Mirrored at every step, variants included: unlike a translation, this is intended.
+/// Mirrored at every step. Intended: also for variants, see docs/oddities.md#only-pivots-are-mirrored-for-variants.
 class MO_UNDO_STACK_EXPORT moScalePivotUndoCommand : public moTransformValueUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moScalePivotUndoCommand)
@@ -169,11 +170,11 @@ class MO_UNDO_STACK_EXPORT moScalePivotUndoCommand : public moTransformValueUndo
     static const Row s_row;
 
 public:
-    /// Told the node, what was written and the flag.
+    /// Called with the node, the value that was written and the flag.
     using SyncFunction = FlagSyncFunction;
 
     /// \param value  a point, in the unit of the scene.
-    /// \param flag   true: of the world; false: of the node's own space.
+    /// \param flag   true: the point is in the world; false: it is in the node's own space.
     moScalePivotUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag, QUndoCommand* parent, int variantIndex)
         : moScalePivotUndoCommand(node, value, flag, moMergeOption(), parent, variantIndex)
     {
@@ -191,7 +192,7 @@ public:
 
 /// Sets the point that the rotation turns about.
 ///
-/// Mirrored at every step, variants included: unlike a translation, this is intended.
+/// Mirrored at every step. Intended: also for variants, see docs/oddities.md#only-pivots-are-mirrored-for-variants.
 class MO_UNDO_STACK_EXPORT moRotationPivotUndoCommand : public moTransformValueUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationPivotUndoCommand)
@@ -199,11 +200,11 @@ class MO_UNDO_STACK_EXPORT moRotationPivotUndoCommand : public moTransformValueU
     static const Row s_row;
 
 public:
-    /// Told the node, what was written and the flag.
+    /// Called with the node, the value that was written and the flag.
     using SyncFunction = FlagSyncFunction;
 
     /// \param value  a point, in the unit of the scene.
-    /// \param flag   true: of the world; false: of the node's own space.
+    /// \param flag   true: the point is in the world; false: it is in the node's own space.
     moRotationPivotUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag, QUndoCommand* parent, int variantIndex)
         : moRotationPivotUndoCommand(node, value, flag, moMergeOption(), parent, variantIndex)
     {
@@ -221,7 +222,7 @@ public:
 
 /// Sets how far the node is moved between scaling and rotation.
 ///
-/// Mirrored at every step, variants included: unlike a translation, this is intended.
+/// Mirrored at every step. Intended: also for variants, see docs/oddities.md#only-pivots-are-mirrored-for-variants.
 class MO_UNDO_STACK_EXPORT moScalePivotTranslationUndoCommand : public moTransformValueUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moScalePivotTranslationUndoCommand)
@@ -247,7 +248,7 @@ public:
 
 /// Sets how far the node is moved between rotation and translation.
 ///
-/// Mirrored at every step, variants included: unlike a translation, this is intended.
+/// Mirrored at every step. Intended: also for variants, see docs/oddities.md#only-pivots-are-mirrored-for-variants.
 class MO_UNDO_STACK_EXPORT moRotationPivotTranslationUndoCommand : public moTransformValueUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationPivotTranslationUndoCommand)
@@ -273,8 +274,9 @@ public:
 
 /// Sets the orientation of the axes that the rotation turns about.
 ///
-/// The action word is that of moRotationPivotUndoCommand, and so are the texts; the ids differ. Intended.
-/// Mirrored for the node's own transform only: variants are never synchronised.
+/// Intended: text and description are those of moRotationPivotUndoCommand; they are part of the interface. See
+/// docs/oddities.md#one-word-for-several-commands.
+/// Mirrored for the node's own transform only.
 class MO_UNDO_STACK_EXPORT moRotationPivotOrientationUndoCommand : public moTransformValueUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationPivotOrientationUndoCommand)
@@ -300,10 +302,12 @@ public:
 
 /// Sets the orientation of the axes that the rotation turns about by the direction in which one of them points.
 ///
-/// Axis and flag are handed to the setter only. The old value is the direction as it is stored, whatever its axis; undo
-/// writes it with this command's axis and flag. An editor that lets the user change the axis makes that a step of its
-/// own. The action word is that of moRotationPivotUndoCommand, and so are the texts; the ids differ. Intended.
-/// Mirrored for the node's own transform only: variants are never synchronised.
+/// Intended: the value of the command is the direction alone. The old value is the direction as it is stored, whatever
+/// its axis, and undo writes it with this command's axis and flag. Change the axis in a step of its own. See
+/// docs/oddities.md#a-direction-forgets-its-axis.
+/// Intended: text and description are those of moRotationPivotUndoCommand; they are part of the interface. See
+/// docs/oddities.md#one-word-for-several-commands.
+/// Mirrored for the node's own transform only.
 class MO_UNDO_STACK_EXPORT moRotationPivotDirectionUndoCommand : public moTransformValueUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationPivotDirectionUndoCommand)
@@ -313,7 +317,7 @@ class MO_UNDO_STACK_EXPORT moRotationPivotDirectionUndoCommand : public moTransf
 public:
     /// \param value          the direction.
     /// \param directionMode  the axis, see moNodeUtils::setTransformNodeRotationDirection().
-    /// \param directionFlag  true: the direction is stored with length one.
+    /// \param directionFlag  true: the direction is stored with length one; false: as given.
     moRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionMode, bool directionFlag,
                                         QUndoCommand* parent, int variantIndex)
         : moRotationPivotDirectionUndoCommand(node, value, directionMode, directionFlag, moMergeOption(), parent,
@@ -333,7 +337,7 @@ public:
     static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
 
 protected:
-    /// Writes direction, axis and flag, then tells the mirror.
+    /// Writes the direction with axis and flag, then calls synchronise().
     void set(osg::NodePtr node, osg::Vec3f value) override;
 
 private:
@@ -343,7 +347,7 @@ private:
 
 /// Sets the shear of a node's own transform.
 ///
-/// Variants have no shear of their own to edit. Mirrored at every step.
+/// Variants have no shear, so there is no variant index. Mirrored at every step. There is no merge option.
 class MO_UNDO_STACK_EXPORT moShearUndoCommand : public moTransformValueUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moShearUndoCommand)
@@ -351,7 +355,7 @@ class MO_UNDO_STACK_EXPORT moShearUndoCommand : public moTransformValueUndoComma
     static const Row s_row;
 
 public:
-    /// \param value  (a, b, c) adds a·y + b·z to x and c·z to y.
+    /// \param value  (a, b, c) adds a·y + b·z to x and c·z to y; zero is no shear.
     moShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand* parent)
         : moTransformValueUndoCommand(s_row, node, value, false, moMergeOption(), parent, -1)
     {

@@ -9,13 +9,13 @@
 
 MO_UNDO_COMMAND_ID_IMPL(moTransformVariantMoveCommand)
 
-// As the list counts: a negative position becomes one past any end.
+// A negative position becomes one past the end of any list.
 static std::uint64_t listPosition(int position)
 {
     return static_cast<std::uint64_t>(position);
 }
 
-/// Where the variant stands: at the expected position if it stands there, else at the first; the count if nowhere.
+/// The expected position if the variant is there, else its first position in the list; the count if it is not listed.
 static std::uint64_t find(const moVariantList& list, unsigned int variantId, std::uint64_t expected)
 {
     const std::uint64_t count = list.count();
@@ -62,7 +62,7 @@ bool moTransformVariantMoveCommand::move(const Variants& source, const Variants&
 
     moVariantList list(m_nodeId);
     list.edit([&] {
-        // From the highest position down, so that those still to be removed stay where they are.
+        // From the highest position down, so that the positions of the others stay valid.
         std::vector<unsigned int> taken;
         for (auto it = source.rbegin(); it != source.rend(); ++it) {
             const std::uint64_t position = find(list, it->second, listPosition(it->first));

@@ -15,43 +15,46 @@
 
 /// Moves transform variants within the list of a node.
 ///
-/// \param callback  called after every step with the positions before it and those after it, both in ascending order of
-///                  the positions before the move. Required: with an empty one the step stands and its caller gets
-///                  std::bad_function_call.
+/// The constructor records by id which variant moves where. The command holds references only during a step. On the
+/// stack it never merges. Message: "id" (int).
+/// If the positions are out of range, nothing is recorded and the steps leave the list as it is. A destroyed variant is
+/// skipped. If the node was destroyed, a step is a no-op and calls no callback.
 ///
-/// Which variant goes where is recorded at construction, by ids; the command holds no reference, only for the duration
-/// of a step. On the stack it never merges. Message: "id" (int). Positions out of range record nothing: the steps then
-/// leave the list as it is. A destroyed variant is skipped; a destroyed node makes a step do and tell nothing.
-///
-/// If the list is another one by then, a step takes its own variants out wherever they stand, and no other. It puts
-/// each in at its position, or at the end where the list is too short, unless it is in the list. The callback is told
-/// the recorded positions all the same.
-/// Inside a composite that merges it must not stand beside a newer one made within its merge interval: the composite
-/// asks canMergeWith() only, which says yes, and the newer edit is lost on redo or survives undo. Compose it with
-/// merging disabled (beginMultiCommand(text, description, false)) or call setMergeEnabled(false).
+/// If the list was changed meanwhile, a step still removes only its own variants, wherever they are. It inserts each at
+/// its position, or at the end if the list is too short, unless the list has it already. The callback gets the recorded
+/// positions all the same.
+/// Inside a composite that merges, switch merging off: moUndoStack::beginMultiCommand(text, description, false) or
+/// setMergeEnabled(false). Otherwise an edit may be lost.
+/// See docs/oddities.md#composites-do-not-look-at-what-mergewith-answers.
 class MO_UNDO_STACK_EXPORT moTransformVariantMoveCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moTransformVariantMoveCommand)
     MO_UNDO_COMMAND_ID
 
 public:
+    /// Called after every step with the positions before it and after it; both lists are in ascending order of the
+    /// positions before the move.
     using Callback =
         std::function<void(unsigned int nodeId, const QList<int>& positionsBefore, const QList<int>& positionsAfter)>;
 
-    /// The variant at `from` ends up at `to`. The parent comes before the callback; null means the composite being
-    /// composed, if any.
+    /// Moves the variant at `from` to `to`.
+    /// \param parent    owns the command; null means the composite being composed, if any.
+    /// \param callback  required: with an empty one the step stands and its caller gets std::bad_function_call. See
+    ///                  docs/oddities.md#callbacks-that-must-not-be-empty.
     moTransformVariantMoveCommand(osg::NodePtr node, int from, int to, QUndoCommand* parent, Callback callback);
 
-    /// The variants end up side by side from `to` on, in the order in which they are listed. All of them must find room
-    /// there. A position without a variant is skipped, and so is one that was listed before.
+    /// Moves the variants at `from` to `to` and the positions after it, in the order in which they are listed. All of
+    /// them must find room there. A position is skipped if it has no variant, or was listed before.
     moTransformVariantMoveCommand(osg::NodePtr node, const std::vector<int>& from, int to, QUndoCommand* parent,
                                   Callback callback);
 
+    /// Moves the variants back to where they were at construction.
     void undo() override;
+    /// Moves the variants.
     void redo() override;
 
 private:
-    /// Container ids by list position.
+    /// Container ids by position in the list.
     using Variants = std::map<int, unsigned int>;
 
     bool record(const osg::NodePtr& node, int from, int to);

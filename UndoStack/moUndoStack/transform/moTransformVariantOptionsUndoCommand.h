@@ -12,28 +12,31 @@
 
 /// Sets the apply flags of a transform variant.
 ///
-/// \param applyFlags  osg::TransformVariant::ApplyFlags; all 64 bits are kept.
-/// \param parent      before the callback here; null means the composite being composed, if any.
-/// \param callback    called after every step. Required: with an empty one the step stands and its caller gets
-///                    std::bad_function_call.
-///
 /// Old value: read at construction. On the stack it never merges. Message: "id" (int).
-/// Inside a composite that merges it must not stand beside a newer one made within its merge interval: the composite
-/// asks canMergeWith() only, which says yes, and the newer edit is lost on redo or survives undo. Compose it with
-/// merging disabled (beginMultiCommand(text, description, false)) or call setMergeEnabled(false).
-/// A destroyed variant makes a step do and tell nothing; a null one makes a command that never does anything.
+/// If the variant was destroyed, a step is a no-op and calls no callback.
+/// Inside a composite that merges, switch merging off: moUndoStack::beginMultiCommand(text, description, false) or
+/// setMergeEnabled(false). Otherwise an edit may be lost.
+/// See docs/oddities.md#composites-do-not-look-at-what-mergewith-answers.
 class MO_UNDO_STACK_EXPORT moTransformVariantOptionsUndoCommand : public moUndoCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moTransformVariantOptionsUndoCommand)
     MO_UNDO_COMMAND_ID
 
 public:
+    /// Called after every step.
     using Callback = std::function<void()>;
 
+    /// \param variant     null makes the command inert.
+    /// \param applyFlags  of osg::TransformVariant::ApplyFlags; all 64 bits are kept.
+    /// \param parent      owns the command; null means the composite being composed, if any.
+    /// \param callback    required: with an empty one the step stands and its caller gets std::bad_function_call. See
+    ///                    docs/oddities.md#callbacks-that-must-not-be-empty.
     moTransformVariantOptionsUndoCommand(osg::TransformVariantPtr variant, std::uint64_t applyFlags,
                                          QUndoCommand* parent, Callback callback);
 
+    /// Writes the flags that were read at construction.
     void undo() override;
+    /// Writes the new flags.
     void redo() override;
 
 private:

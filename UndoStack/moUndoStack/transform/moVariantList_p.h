@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <vector>
 
-/// The list of transform variants of a node, as the commands edit it. Each call finds the node anew: a listener to the
-/// edit before may have destroyed it.
+/// The list of transform variants of a node, as the commands edit it. Each call looks the node up again: a listener to
+/// the edit before may have destroyed it.
 class moVariantList
 {
 public:
@@ -21,7 +21,7 @@ public:
     std::uint64_t count() const { return moNodeUtils::getTransformVariantCount(node()); }
     osg::TransformVariantPtr at(std::uint64_t index) const { return moNodeUtils::getTransformVariant(node(), index); }
 
-    /// Runs a write that calls the functions below; if a part of it fails, those that were done are taken back.
+    /// Runs a write that calls the functions below. If one of them fails, the changes before it are taken back.
     template<class Write>
     void edit(const Write& write)
     {
@@ -49,7 +49,7 @@ public:
         note(Change::Insertion, index, variant);
         moStep::writeThroughSibling([&] { moNodeUtils::insertTransformVariant(node(), index, variant); });
     }
-    /// The variant lives at least until the edit ends.
+    /// Holds a reference on the variant until the edit ends.
     void remove(std::uint64_t index)
     {
         note(Change::Removal, index, at(index));
@@ -57,19 +57,19 @@ public:
     }
 
 private:
-    /// A change that was begun, with what its reversal needs.
+    /// A change that was begun, with what taking it back needs.
     struct Change
     {
         enum Kind
         {
-            List,      ///< another list, or none
+            List,      ///< the node got another list, or none
             Insertion, ///< of a variant
             Removal    ///< of a variant
         };
         Kind kind;
         std::uint64_t index;
         std::uint64_t countBefore;
-        ContainerReference container; ///< the list before, or the variant
+        ContainerReference container; ///< the former list, or the variant
     };
 
     osg::NodePtr node() const { return findContainer<osg::NodePtr>(m_nodeId); }
@@ -85,7 +85,7 @@ private:
             moStep::writeThroughSibling([this] { takeBack(m_changes.back()); });
     }
 
-    /// The change that failed may have been made or not.
+    /// Looks whether the change was made: the one that failed may not have been.
     void takeBack(const Change& change) const
     {
         if (change.kind == Change::List) {

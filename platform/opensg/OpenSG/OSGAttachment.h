@@ -11,7 +11,7 @@ namespace osg {
     SINGLE(Bool,              Internal, "internal",  false)
 // clang-format on
 
-OSG_CONTAINER_BASE(Attachment, FieldContainer, OSG_ATTACHMENT_FIELDS)
+OSG_ABSTRACT_CONTAINER_BASE(Attachment, FieldContainer, OSG_ATTACHMENT_FIELDS)
 
 /// Something that hangs on attachment containers, each of which holds a reference. Not an attachment container itself.
 class OSG_BASELIB_DLLMAPPING Attachment : public AttachmentBase
@@ -22,9 +22,12 @@ public:
     void addParent(const FieldContainerPtr& parent);
     /// The first entry of that parent; nothing if there is none.
     void subParent(const FieldContainerPtr& parent);
-    void subParent(UInt32 index);
     /// -1 if it is no parent.
-    Int32 findParent(const FieldContainerPtr& parent) const;
+    Int32 findParent(const FieldContainerPtr& parent);
+
+    // The field itself, where other classes give the value.
+    SFBool& getInternal() { return _sfInternal; }
+    const SFBool& getInternal() const { return _sfInternal; }
 
 protected:
     Attachment() = default;

@@ -11,7 +11,7 @@ namespace osg {
     SINGLE(AttachmentMap, Attachments, "attachments", AttachmentMap())
 // clang-format on
 
-OSG_CONTAINER_BASE(AttachmentContainer, FieldContainer, OSG_ATTACHMENTCONTAINER_FIELDS)
+OSG_ABSTRACT_CONTAINER_BASE(AttachmentContainer, FieldContainer, OSG_ATTACHMENTCONTAINER_FIELDS)
 
 /// A container to which attachments can be added: one for each pair of group and binding. It holds a reference on each.
 ///
@@ -25,7 +25,7 @@ public:
     /// Takes the place of an attachment of the same group and binding. Null is ignored.
     void addAttachment(const AttachmentPtr& attachment, UInt16 binding = 0);
     /// Removes what stands under the group and binding, even if it is another attachment: intended, the argument only
-    /// names the place. Nothing if the place is empty; null is ignored.
+    /// names the place, and is what is told. Nothing if the place is empty; null is ignored.
     void subAttachment(const AttachmentPtr& attachment, UInt16 binding = 0);
     /// Null if there is none.
     AttachmentPtr findAttachment(UInt32 groupId, UInt16 binding = 0) const;
@@ -42,7 +42,8 @@ protected:
     using Inherited::setAttachments;
 
 private:
-    void release(const AttachmentPtr& attachment);
+    /// Gives an attachment back; told gets the notification of the edit.
+    void release(const AttachmentPtr& attachment, const AttachmentPtr& told);
 };
 
 } // namespace osg

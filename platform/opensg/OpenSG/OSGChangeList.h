@@ -7,6 +7,8 @@
 
 namespace osg {
 
+class FieldContainerPtr;
+
 /// What happened to containers, by id. A list is read-only at first and then records nothing; recording is switched on
 /// before osgInit for every list, or for one list at any time. Entries are never merged: the list grows until it is
 /// cleared.
@@ -22,9 +24,7 @@ public:
     ChangeList() : m_readOnly(!s_readWriteDefault) {}
 
     static void setReadWriteDefault(bool readWrite = true) { s_readWriteDefault = readWrite; }
-    static bool getReadWriteDefault() { return s_readWriteDefault; }
     void setReadOnly(bool readOnly) { m_readOnly = readOnly; }
-    bool getReadOnly() const { return m_readOnly; }
 
     UInt32 sizeChanged() const { return static_cast<UInt32>(m_changed.size()); }
     changed_const_iterator beginChanged() const { return m_changed.begin(); }
@@ -47,12 +47,10 @@ public:
         return m_changed.empty() && m_addRefd.empty() && m_subRefd.empty() && m_created.empty() && m_destroyed.empty();
     }
 
-    void addChanged(UInt32 id, BitVector mask)
-    {
-        if (!m_readOnly) m_changed.emplace_back(id, mask);
-    }
-    void addAddRefd(UInt32 id) { add(m_addRefd, id); }
-    void addSubRefd(UInt32 id) { add(m_subRefd, id); }
+    // Not for null.
+    void addChanged(const FieldContainerPtr& container, BitVector mask);
+    void addAddRefd(const FieldContainerPtr& container);
+    void addSubRefd(const FieldContainerPtr& container);
     void addCreated(UInt32 id) { add(m_created, id); }
     void addDestroyed(UInt32 id) { add(m_destroyed, id); }
 
@@ -63,6 +61,9 @@ public:
     void merge(const ChangeList& other);
 
 private:
+    friend class FieldContainerPtrBase;
+    friend bool osgInit(Int32, Char8**, UInt16, UInt16, UInt16, bool, bool, bool);
+
     void add(IdStore& ids, UInt32 id)
     {
         if (!m_readOnly) ids.push_back(id);

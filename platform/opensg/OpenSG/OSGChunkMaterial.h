@@ -23,20 +23,24 @@ class OSG_BASELIB_DLLMAPPING ChunkMaterial : public ChunkMaterialBase
     OSG_CONTAINER_OWNING(ChunkMaterial)
 
 public:
-    static constexpr Int32 AutoSlot = -1;
-
-    /// False for null; a chunk may be added several times.
-    bool addChunk(const StateChunkPtr& chunk, Int32 slot = AutoSlot);
-    /// Removes the first entry of the chunk in that slot; false if there is none.
-    bool subChunk(const StateChunkPtr& chunk, Int32 slot = AutoSlot);
-    /// -1 if there is none.
-    Int32 findChunk(const StateChunkPtr& chunk, Int32 slot = AutoSlot) const;
+    /// True, also for null; a chunk may be added several times. The slot -2 takes the place of another chunk of its kind
+    /// when the material is drawn; the list of slots ends with the last one that is another.
+    bool addChunk(StateChunkPtr chunk, Int32 slot = anySlot);
+    /// Removes the first entry of the chunk in that slot and gives false; if there is none, warns and gives true.
+    bool subChunk(StateChunkPtr chunk, Int32 slot = anySlot);
+    /// The first entry of the chunk; -1 if there is none.
+    Int32 find(StateChunkPtr chunk) const;
 
 protected:
     ChunkMaterial() = default;
     /// A copy shares the chunks.
     ChunkMaterial(const ChunkMaterial& source);
     ~ChunkMaterial() override;
+
+private:
+    static constexpr Int32 anySlot = -2;
+
+    Int32 findSlot(const StateChunkPtr& chunk, Int32 slot) const;
 };
 
 OSG_HANDLE_FIELDS(ChunkMaterialPtr)

@@ -19,7 +19,7 @@ public:
     bool operator==(const DynamicVolume& other) const { return m_valid == other.m_valid && m_static == other.m_static; }
 
 private:
-    bool m_valid = false;
+    bool m_valid = true;
     bool m_static = false;
 };
 

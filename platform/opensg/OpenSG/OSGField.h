@@ -27,14 +27,8 @@ public:
     /// A single field takes the value, a multi field appends it. Text that is no value of the content type, and any
     /// text for a handle, changes nothing.
     virtual void pushValueByStr(const Char8* text) = 0;
-    /// Components are separated by a blank, elements by ", ". A handle gives the id of its container, 0 for null.
-    virtual void getValueByStr(std::string& text) const = 0;
-    std::string getValueByStr() const
-    {
-        std::string text;
-        getValueByStr(text);
-        return text;
-    }
+    /// Components are separated by a blank, elements by ", ". A handle gives an address. Gives the text back.
+    virtual std::string& getValueByStr(std::string& text) const = 0;
 
 protected:
     Field() = default;

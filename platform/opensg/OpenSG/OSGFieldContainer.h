@@ -55,15 +55,23 @@ protected:
     virtual void onDestroy();
     /// A class that declares a function of this name gets the call after its construction; source is null or what was
     /// copied.
-    void onCreate(const FieldContainer*) {}
+    void onCreate(const FieldContainer* = nullptr) {}
 
-    /// A new object of class X, which makes FieldContainer its friend.
-    template<class X>
-    static typename X::Ptr newPtr(const X* source = nullptr)
+    /// Makes result the handle of a new object of its class, which makes FieldContainer its friend.
+    template<class HandleT>
+    static void newPtr(HandleT& result)
     {
-        X* const object = source ? new X(*source) : new X;
+        auto* const object = new typename HandleT::StoredObjectType;
+        object->onCreate();
+        result = HandleT(object);
+    }
+    /// The same as a copy.
+    template<class HandleT>
+    static void newPtr(HandleT& result, const typename HandleT::StoredObjectType* source)
+    {
+        auto* const object = new typename HandleT::StoredObjectType(*source);
         object->onCreate(source);
-        return typename X::Ptr(object);
+        result = HandleT(object);
     }
 
     /// What a type table calls after its type is initialised; hidden by a class that has something to set up.
@@ -76,6 +84,7 @@ private:
 
     UInt32 m_id;
     Int32 m_refCount = 0;
+    bool m_dying = false;
 };
 
 template<class Self, class Base, class Object>
@@ -105,19 +114,34 @@ inline Int32 FieldContainerPtrBase::getRefCount() const
 inline void FieldContainerPtrBase::addRef() const
 {
     ++m_store->m_refCount;
-    Thread::getCurrentChangeList()->addAddRefd(m_store->m_id);
+    ChangeList& changes = *Thread::getCurrentChangeList();
+    changes.add(changes.m_addRefd, m_store->m_id);
 }
 
 inline void FieldContainerPtrBase::subRef() const
 {
     if (--m_store->m_refCount > 0) {
-        Thread::getCurrentChangeList()->addSubRefd(m_store->m_id);
-    } else {
+        ChangeList& changes = *Thread::getCurrentChangeList();
+        changes.add(changes.m_subRefd, m_store->m_id);
+    } else if (!m_store->m_dying) {
         // Null before it happens: the handle itself may lie inside the container.
         FieldContainer* const store = m_store;
         m_store = nullptr;
         store->destroy();
     }
+}
+
+inline void ChangeList::addChanged(const FieldContainerPtr& container, BitVector mask)
+{
+    if (!m_readOnly) m_changed.emplace_back(container.getFieldContainerId(), mask);
+}
+inline void ChangeList::addAddRefd(const FieldContainerPtr& container)
+{
+    add(m_addRefd, container.getFieldContainerId());
+}
+inline void ChangeList::addSubRefd(const FieldContainerPtr& container)
+{
+    add(m_subRefd, container.getFieldContainerId());
 }
 
 // The edit bracket. Nothing checks pairs or masks; a null handle is ignored.
@@ -135,7 +159,7 @@ inline void changedCP(const FieldContainerPtr& container, BitVector whichField =
 inline void endEditNotChangedCP(const FieldContainerPtr& container, BitVector whichField = FieldBits::AllFields,
                                 UInt32 = ChangedOrigin::External)
 {
-    if (container) Thread::getCurrentChangeList()->addChanged(container.getFieldContainerId(), whichField);
+    if (container) Thread::getCurrentChangeList()->addChanged(container, whichField);
 }
 /// Makes the entry of the change list, then tells the container.
 inline void endEditCP(const FieldContainerPtr& container, BitVector whichField = FieldBits::AllFields,

@@ -26,8 +26,6 @@ public:
     FieldContainerPtr getContainer(UInt32 id) const { return id < m_store.size() ? m_store[id] : FieldContainerPtr(); }
     /// Indexed by id; a destroyed container's place stays null.
     const FieldContainerStore* getFieldContainerStore() const { return &m_store; }
-    /// How many containers exist, prototypes included. An addition to the interface, for tests.
-    UInt32 getNumLiveContainers() const { return m_numLive; }
 
     /// Null if unknown.
     FieldContainerType* findType(UInt32 id) const;
@@ -74,7 +72,6 @@ private:
     static FieldContainerFactory* s_the;
 
     FieldContainerStore m_store;
-    UInt32 m_numLive = 0;
     bool m_initialized = false;
     std::vector<FieldContainerType*> m_types;
     TypeIdMap m_typesById;

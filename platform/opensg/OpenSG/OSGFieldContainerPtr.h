@@ -93,6 +93,9 @@ class OSG_BASELIB_DLLMAPPING FieldContainerPtr
 {
 public:
     using ContainerHandle::ContainerHandle;
+
+    /// OpenSG has none: there is nothing to find out.
+    static FieldContainerPtr dcast(const FieldContainerPtrBase&) = delete;
 };
 
 /// The type of NullFC, which converts to and compares with every handle.
@@ -131,8 +134,6 @@ class OSG_BASELIB_DLLMAPPING NodePtr : public ContainerHandle<NodePtr, Attachmen
 {
 public:
     using ContainerHandle::ContainerHandle;
-
-    NodeCorePtr getCore() const;
 };
 
 static_assert(sizeof(FieldContainerPtr) == 16 && sizeof(NodePtr) == 16 && sizeof(NodeCorePtr) == 16);
@@ -174,23 +175,25 @@ inline void subRefCP(const FieldContainerPtrBase& container)
 {
     if (container) container.subRef();
 }
-/// Lets destination hold the source in place of what it held. The new reference is taken first.
+/// Lets destination hold the source in place of what it held. The old reference is given back first, and only then is
+/// the handle assigned: for a member that others may look at meanwhile there is assignCounted().
 template<class HandleT, class SourceT>
 void setRefdCP(HandleT& destination, const SourceT& source)
 {
     if (destination == source) return;
-    const HandleT old = destination;
     const HandleT next = source;
-    addRefCP(next);
-    destination = next;
+    const HandleT old = destination;
     subRefCP(old);
+    destination = next;
+    addRefCP(next);
 }
+/// Gives the reference back, then makes the handle null.
 template<class HandleT>
 void clearRefCP(HandleT& handle)
 {
     const HandleT old = handle;
-    handle = HandleT();
     subRefCP(old);
+    handle = HandleT();
 }
 inline void addRef(const FieldContainerPtrBase& container)
 {

@@ -20,7 +20,7 @@ public:
     typedef void (*InitMethod)();
     typedef std::vector<FieldDescription> (*DescribeMethod)();
 
-    /// \param parentName  empty for the root.
+    /// \param parentName  null for the root.
     /// \param create      makes the prototype; null for an abstract class.
     /// \param init        called once the type is usable; may be null.
     /// \param describe    gives the class's own fields; may be null.

@@ -3,6 +3,7 @@
 #include <OpenSG/OSGTypeBase.h>
 
 #include <charconv>
+#include <cstdio>
 #include <cstring>
 #include <string>
 #include <type_traits>
@@ -30,7 +31,9 @@ struct OSG_BASELIB_DLLMAPPING FieldText
         } else if constexpr (std::is_same_v<T, std::string>) {
             text += value;
         } else if constexpr (std::is_base_of_v<FieldContainerPtrBase, T>) {
-            text += std::to_string(value ? value.getFieldContainerId() : 0);
+            char buffer[32];
+            std::snprintf(buffer, sizeof(buffer), "%p", static_cast<const void*>(value.getBaseCPtr()));
+            text += buffer;
         } else if constexpr (HasComponents<T>::value) {
             for (UInt32 i = 0; i < T::Size; ++i) {
                 if (i) text += ' ';

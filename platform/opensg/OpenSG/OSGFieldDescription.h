@@ -39,6 +39,7 @@ public:
 protected:
     friend class FieldContainer;
     friend class Attachment;
+    friend class Image;
     friend class Node;
     friend class NodeCore;
 

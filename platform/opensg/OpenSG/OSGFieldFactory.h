@@ -17,7 +17,7 @@ public:
     /// Null for an unknown type.
     const FieldType* getFieldType(UInt32 typeId);
     const FieldType* getFieldType(const Char8* typeName);
-    UInt32 getNumFieldTypes();
+    static UInt32 getNFieldTypes();
 
 private:
     FieldFactory() = default;

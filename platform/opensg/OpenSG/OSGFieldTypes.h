@@ -86,4 +86,7 @@ namespace osg {
 
 OSG_VALUE_FIELD_TYPES(OSG_FIELD_TYPE)
 
+/// The one list that is not called like its type.
+typedef MFDynamicVolume MFVolume;
+
 } // namespace osg

@@ -70,24 +70,24 @@ public:
         OSG_FLOAT16_IMAGEDATA = 0x140B
     };
 
-    /// Makes this an image of that size, in an edit of its own.
+    /// Makes this an image of that size, in two edits of its own: the format, then the pixels. A size below 1 becomes 1.
     ///
     /// \param data      getSize() bytes to copy; null gives zeros.
     /// \param allocMem  false leaves the image without pixels.
-    /// \return false, and the image unchanged, for an unknown format or type, or a size below 1.
+    /// \return whether there are pixels: not for an unknown format or type, or without memory.
     bool set(UInt32 pixelFormat, Int32 width, Int32 height = 1, Int32 depth = 1, Int32 mipmapCount = 1,
              Int32 frameCount = 1, Time frameDelay = 0.0, const UInt8* data = nullptr, Int32 type = OSG_UINT8_IMAGEDATA,
              bool allocMem = true, Int32 sideCount = 1);
     /// A copy of another image's pixels and format; false for null.
     bool set(ImagePtr image);
-    /// Copies getSize() bytes, in an edit of its own; false for null or an image without a format.
+    /// Copies getSize() bytes, in an edit of its own; false for an image without a format. Null is only warned about.
     bool setData(const UInt8* data);
 
     /// Null without pixels.
     UInt8* getData(UInt32 mipmap = 0, UInt32 frame = 0, UInt32 side = 0);
     /// Bytes of all sides, frames and levels, as the format says.
     UInt32 getSize() const;
-    bool isValid() const { return getPixelFormat() != OSG_INVALID_PF; }
+    bool isValid() const { return !getPixel().empty(); }
 
     void addParent(const FieldContainerPtr& parent);
     void subParent(const FieldContainerPtr& parent);
@@ -98,10 +98,14 @@ public:
 
 protected:
     Image() = default;
-    /// A copy has no parents.
-    Image(const Image& source);
+    /// A copy names the same parents, as it has always been.
+    Image(const Image& source) = default;
+
+    static void initMethod();
+    using Inherited::getComponentSize;
 
 private:
+    bool createData(const UInt8* data, bool allocMem);
     UInt64 calcMipmapSize(Int32 level) const;
     void calcSizes();
 };

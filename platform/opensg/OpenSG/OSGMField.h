@@ -93,19 +93,19 @@ public:
     {
         if (other.getType().getId() == getType().getId()) m_values = static_cast<const Self&>(other).m_values;
     }
-    using Field::getValueByStr;
     void pushValueByStr(const Char8* text) override
     {
         FieldTypeT value{};
         if (text && FieldText<FieldTypeT>::read(text, value)) m_values.push_back(value);
     }
-    void getValueByStr(std::string& text) const override
+    std::string& getValueByStr(std::string& text) const override
     {
         text.clear();
         for (UInt32 i = 0; i < size(); ++i) {
             if (i) text += ", ";
             FieldText<FieldTypeT>::write(m_values[i], text);
         }
+        return text;
     }
 
 private:

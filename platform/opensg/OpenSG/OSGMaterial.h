@@ -14,7 +14,7 @@ typedef FCPtr<AttachmentContainerPtr, Material> MaterialPtr;
     SINGLE(Int32, TransparencyMode, "transparencyMode", 0)
 // clang-format on
 
-OSG_CONTAINER_BASE(Material, AttachmentContainer, OSG_MATERIAL_FIELDS)
+OSG_ABSTRACT_CONTAINER_BASE(Material, AttachmentContainer, OSG_MATERIAL_FIELDS)
 
 /// What surfaces look like; abstract.
 class OSG_BASELIB_DLLMAPPING Material : public MaterialBase

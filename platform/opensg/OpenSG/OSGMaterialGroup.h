@@ -22,7 +22,8 @@ class OSG_BASELIB_DLLMAPPING MaterialGroup : public MaterialGroupBase
     OSG_CONTAINER_OWNING(MaterialGroup)
 
 public:
-    void setMaterial(const MaterialPtr& material) { setRefdCP(_sfMaterial.getValue(), material); }
+    /// The same material again loses and gains a reference.
+    void setMaterial(const MaterialPtr& material);
 
 protected:
     MaterialGroup() = default;

@@ -102,7 +102,9 @@ public:
     void setTransform(const VectorType3f& translation, const QuaternionType& rotation, const VectorType3f& scale,
                       const QuaternionType& scaleOrientation)
     {
-        setTransform(translation, rotation * scaleOrientation, scale);
+        QuaternionType turn = rotation;
+        turn.mult(scaleOrientation);
+        setTransform(translation, turn, scale);
         TransformationMatrix back;
         back.setRotate(scaleOrientation.inverse());
         mult(back);
@@ -175,9 +177,15 @@ public:
     }
 
     /// False, and this unchanged, when the matrix is singular.
+    /// False for a matrix of a determinant below 1e-30; the result is the identity then.
+    bool invertFrom(const TransformationMatrix& matrix)
+    {
+        if (setInverse(matrix) >= 1e-30) return true;
+        setIdentity();
+        return false;
+    }
     bool invert() { return invertFrom(TransformationMatrix(*this)); }
     bool inverse(TransformationMatrix& result) const { return result.invertFrom(*this); }
-    bool invertFrom(const TransformationMatrix& matrix);
 
     bool equals(const TransformationMatrix& matrix, T tolerance) const
     {
@@ -193,25 +201,29 @@ private:
         return m_columns[0] * v[0] + m_columns[1] * v[1] + m_columns[2] * v[2] + m_columns[3] * v[3];
     }
     void diagonalize(TransformationMatrix& axes);
+    /// Gives the absolute value of the determinant; does nothing if that is 0.
+    double setInverse(const TransformationMatrix& matrix);
 
     VectorType m_columns[4];
 };
 
 template<class T>
-bool TransformationMatrix<T>::invertFrom(const TransformationMatrix& matrix)
+double TransformationMatrix<T>::setInverse(const TransformationMatrix& matrix)
 {
     // Gauss-Jordan on columns with the largest pivot of the row; what is done to the left half is done to the right.
     TransformationMatrix left = matrix;
     TransformationMatrix right;
+    double determinant = 1;
     for (UInt32 i = 0; i < 4; ++i) {
         UInt32 pivot = i;
         for (UInt32 column = i + 1; column < 4; ++column) {
             if (std::abs(left[column][i]) > std::abs(left[pivot][i])) pivot = column;
         }
-        if (!(std::abs(left[pivot][i]) > std::numeric_limits<T>::min())) return false;
+        if (!(std::abs(left[pivot][i]) > std::numeric_limits<T>::min())) return 0;
         std::swap(left[i], left[pivot]);
         std::swap(right[i], right[pivot]);
         const T divisor = left[i][i];
+        determinant *= std::abs(divisor);
         left[i] /= divisor;
         right[i] /= divisor;
         for (UInt32 column = 0; column < 4; ++column) {
@@ -222,7 +234,7 @@ bool TransformationMatrix<T>::invertFrom(const TransformationMatrix& matrix)
         }
     }
     *this = right;
-    return true;
+    return determinant;
 }
 
 /// Jacobi rotations: makes the symmetric upper 3 x 3 part diagonal and collects its axes.
@@ -265,7 +277,7 @@ void TransformationMatrix<T>::getTransform(VectorType3f& translation, Quaternion
         turn[i] *= sign;
     for (int step = 0; step < 100; ++step) {
         TransformationMatrix other;
-        if (!turn.inverse(other)) break;
+        if (other.setInverse(turn) <= 0) break;
         other.transpose();
         const TransformationMatrix before = turn;
         for (UInt32 i = 0; i < 3; ++i)

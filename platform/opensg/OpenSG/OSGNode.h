@@ -31,7 +31,8 @@ class OSG_BASELIB_DLLMAPPING Node : public NodeBase
 
 public:
     NodeCorePtr getCore() const { return _sfCore.getValue(); }
-    /// The old core loses a reference and may be destroyed. The same core again changes nothing.
+    /// The old core loses a reference and may be destroyed. The same core again loses and gains one, with both edits of
+    /// its parents.
     void setCore(const NodeCorePtr& core);
 
     NodePtr getParent() { return _sfParent.getValue(); }
@@ -50,15 +51,16 @@ public:
     void insertChild(UInt32 index, const NodePtr& child);
     /// Puts the child in the place of the one that stood at the index before the call; nothing beyond the end.
     void replaceChild(UInt32 index, const NodePtr& child);
-    /// False if the old one is no child or the new one is null.
+    /// False if the old one is no child or the new one is null. OpenSG spoils the list when both are the same, or the new
+    /// one stands before the old one.
     bool replaceChildBy(const NodePtr& oldChild, const NodePtr& newChild);
-    /// The child loses a reference and may be destroyed. A node that is no child, or an index beyond the end, is only
-    /// warned about.
+    /// The child loses a reference and may be destroyed: the handle that was passed is null then. A node that is no
+    /// child, or an index beyond the end, is only warned about.
     void subChild(const NodePtr& child);
     void subChild(UInt32 index);
 
-    /// All traversal bits on, or all off.
-    bool getActive() const { return getTravMask() != 0; }
+    /// True when all traversal bits are on; setActive() turns all on or all off.
+    bool getActive() const { return getTravMask() == 0xFFFFFFFFu; }
     void setActive(bool active) { setTravMask(active ? 0xFFFFFFFFu : 0u); }
 
     UInt8 getOcclusionMask() const { return m_occlusionMask; }
@@ -79,7 +81,7 @@ public:
 
 protected:
     Node() = default;
-    /// A copy has no parent, no children and no core.
+    /// A copy has no parent and no children. It shares the core, see onCreate().
     Node(const Node& source);
     ~Node() override;
 
@@ -87,23 +89,22 @@ protected:
     using Inherited::getChildren;
     using Inherited::setParent;
 
+    /// A copy gets the core of its source and invalidates its volume. What is made empty keeps a valid one: the prototype.
+    void onCreate(const Node* source = nullptr);
+
     static void initMethod();
 
 private:
+    void removeChild(UInt32 index, const NodePtr& child);
     void detachFromParent(const NodePtr& child);
     void setParentOf(const NodePtr& child, const NodePtr& parent);
 
     UInt8 m_occlusionMask = 0;
 };
 
-inline NodeCorePtr NodePtr::getCore() const
-{
-    return (*this)->getCore();
-}
-
 /// A new node with that core.
 OSG_BASELIB_DLLMAPPING NodePtr makeNodeFor(const NodeCorePtr& core);
-/// A copy of the tree that shares cores and attachments; null for null.
+/// A copy of the tree that shares the cores and has the same traversal masks, without attachments; null for null.
 OSG_BASELIB_DLLMAPPING NodePtr cloneTree(const NodePtr& root);
 
 } // namespace osg

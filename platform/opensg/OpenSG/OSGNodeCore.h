@@ -10,7 +10,7 @@ namespace osg {
     MULTI (NodePtr, Parents, "parents")
 // clang-format on
 
-OSG_CONTAINER_BASE(NodeCore, AttachmentContainer, OSG_NODECORE_FIELDS)
+OSG_ABSTRACT_CONTAINER_BASE(NodeCore, AttachmentContainer, OSG_NODECORE_FIELDS)
 
 /// What a node is. Several nodes may share one core; each holds a reference and is one entry of the parents.
 class OSG_BASELIB_DLLMAPPING NodeCore : public NodeCoreBase

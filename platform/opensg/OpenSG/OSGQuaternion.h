@@ -23,26 +23,6 @@ public:
     explicit QuaternionBase(const TransformationMatrix<T>& matrix) { setValue(matrix); }
 
     static QuaternionBase identity() { return QuaternionBase(); }
-    /// The shorter of the two ways from a (t = 0) to b (t = 1).
-    static QuaternionBase slerp(const QuaternionBase& a, const QuaternionBase& b, T t)
-    {
-        T cosine = a.dot(b);
-        const T sign = cosine < T(0) ? T(-1) : T(1);
-        cosine *= sign;
-        T fromA = T(1) - t;
-        T fromB = t;
-        if (cosine < T(1) - T(Eps)) {
-            const T angle = std::acos(cosine);
-            fromA = std::sin(fromA * angle) / std::sin(angle);
-            fromB = std::sin(fromB * angle) / std::sin(angle);
-        }
-        QuaternionBase result;
-        for (UInt32 i = 0; i < 4; ++i)
-            result[i] = fromA * a[i] + sign * fromB * b[i];
-        result.normalize();
-        return result;
-    }
-
     T& operator[](UInt32 i) { return m_values[i]; }
     const T& operator[](UInt32 i) const { return m_values[i]; }
     T* getValues() { return m_values; }
@@ -118,7 +98,6 @@ public:
     void setValue(const TransformationMatrix<T>& matrix);
     void getValue(TransformationMatrix<T>& matrix) const { matrix.setRotate(*this); }
 
-    T dot(const QuaternionBase& q) const { return x() * q.x() + y() * q.y() + z() * q.z() + w() * q.w(); }
     T length() const { return std::sqrt(dot(*this)); }
     void normalize()
     {
@@ -142,12 +121,7 @@ public:
         q.mult(*this);
         *this = q;
     }
-    QuaternionBase& operator*=(const QuaternionBase& q)
-    {
-        mult(q);
-        return *this;
-    }
-    QuaternionBase operator*(const QuaternionBase& q) const { return QuaternionBase(*this) *= q; }
+    void operator*=(const QuaternionBase& q) { mult(q); }
 
     /// The rotated vector; this must have length 1.
     void multVec(const VectorType& source, VectorType& destination) const
@@ -157,12 +131,6 @@ public:
         destination = source + twice * w() + axis.cross(twice);
     }
 
-    QuaternionBase conj() const
-    {
-        QuaternionBase result;
-        result.setValueAsQuat(-x(), -y(), -z(), w());
-        return result;
-    }
     QuaternionBase inverse() const
     {
         QuaternionBase result = conj();
@@ -184,6 +152,14 @@ public:
     bool operator!=(const QuaternionBase& q) const { return !(*this == q); }
 
 private:
+    T dot(const QuaternionBase& q) const { return x() * q.x() + y() * q.y() + z() * q.z() + w() * q.w(); }
+    QuaternionBase conj() const
+    {
+        QuaternionBase result;
+        result.setValueAsQuat(-x(), -y(), -z(), w());
+        return result;
+    }
+
     static constexpr T s_radPerDeg = T(3.14159265358979323846 / 180.0);
 
     T m_values[4] = {T(0), T(0), T(0), T(1)};

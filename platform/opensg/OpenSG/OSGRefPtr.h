@@ -26,7 +26,6 @@ public:
     HandleT get() const { return m_handle; }
     operator HandleT() const { return m_handle; }
     typename HandleT::StoredObjectType* operator->() const { return m_handle.getCPtr(); }
-    typename HandleT::StoredObjectType& operator*() const { return *m_handle; }
 
     bool operator==(const FieldContainerPtrBase& other) const { return m_handle == other; }
     bool operator!=(const FieldContainerPtrBase& other) const { return m_handle != other; }

@@ -44,15 +44,15 @@ public:
     {
         if (other.getType().getId() == getType().getId()) m_value = static_cast<const Self&>(other).m_value;
     }
-    using Field::getValueByStr;
     void pushValueByStr(const Char8* text) override
     {
         if (text) FieldText<FieldTypeT>::read(text, m_value);
     }
-    void getValueByStr(std::string& text) const override
+    std::string& getValueByStr(std::string& text) const override
     {
         text.clear();
         FieldText<FieldTypeT>::write(m_value, text);
+        return text;
     }
 
 private:

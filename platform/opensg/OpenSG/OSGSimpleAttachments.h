@@ -24,18 +24,25 @@ public:
         SimpleFieldId = Inherited::NextFieldId,
         NextFieldId
     };
-    static constexpr BitVector SimpleFieldMask = BitVector(1) << SimpleFieldId;
-
     static FieldContainerType& getClassType() { return _type; }
     static UInt32 getClassTypeId() { return _type.getId(); }
-    static UInt16 getClassGroupId() { return _type.getGroupId(); }
     static Ptr create() { return Ptr::dcast(_type.createFieldContainer()); }
-    static Ptr createEmpty() { return Inherited::template newPtr<SimpleAttachment>(); }
+    static Ptr createEmpty()
+    {
+        Ptr result;
+        Inherited::newPtr(result);
+        return result;
+    }
 
     FieldContainerType& getType() override { return _type; }
     const FieldContainerType& getType() const override { return _type; }
     UInt32 getContainerSize() const override { return static_cast<UInt32>(sizeof(*this)); }
-    FieldContainerPtr shallowCopy() const override { return Inherited::newPtr(this); }
+    FieldContainerPtr shallowCopy() const override
+    {
+        Ptr result;
+        Inherited::newPtr(result, this);
+        return result;
+    }
 
     StoredFieldType* getFieldPtr() { return &_field; }
     const StoredFieldType* getFieldPtr() const { return &_field; }
@@ -44,6 +51,8 @@ public:
     const StoredFieldType& getField() const { return _field; }
 
 protected:
+    static constexpr BitVector SimpleFieldMask = BitVector(1) << SimpleFieldId;
+
     SimpleAttachment() = default;
     SimpleAttachment(const SimpleAttachment&) = default;
     ~SimpleAttachment() override = default;

@@ -10,14 +10,16 @@ namespace osg {
 class OSG_BASELIB_DLLMAPPING IDString
 {
 public:
-    explicit IDString(const Char8* text) : m_text(text ? text : "") {}
+    explicit IDString(const Char8* text) : m_text(text ? text : ""), m_isNull(!text) {}
 
-    const Char8* str() const { return m_text.c_str(); }
+    /// Null if made of null.
+    const Char8* str() const { return m_isNull ? nullptr : m_text.c_str(); }
     bool operator==(const IDString& other) const { return m_text == other.m_text; }
     bool operator!=(const IDString& other) const { return m_text != other.m_text; }
 
 private:
     std::string m_text;
+    bool m_isNull;
 };
 
 /// A named type with a process-wide number. Values, fields and containers draw their numbers from one counter; a second
@@ -48,7 +50,7 @@ private:
 class OSG_BASELIB_DLLMAPPING DataType : public TypeBase
 {
 public:
-    explicit DataType(const Char8* name, const Char8* parentName = "") : TypeBase(name, parentName) {}
+    explicit DataType(const Char8* name, const Char8* parentName = nullptr) : TypeBase(name, parentName) {}
 };
 
 } // namespace osg

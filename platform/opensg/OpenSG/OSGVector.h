@@ -101,23 +101,25 @@ public:
 
     Vector& operator+=(const Vector& v) { return *this = *this + v; }
     Vector& operator-=(const Vector& v) { return *this = *this - v; }
-    Vector& operator*=(T factor)
+    void operator*=(T factor)
     {
         for (T& value : this->m_values)
             value = T(value * factor);
-        return *this;
     }
-    Vector& operator/=(T divisor)
+    void operator/=(T divisor)
     {
         for (T& value : this->m_values)
             value = T(value / divisor);
-        return *this;
     }
     Vector operator+(const Vector& v) const { return Vector(Inherited(*this) += v); }
     Vector operator-(const Vector& v) const { return Vector(Inherited(*this) -= v); }
     Vector operator-() const { return Vector() - *this; }
-    Vector operator*(T factor) const { return Vector(*this) *= factor; }
-    Vector operator/(T divisor) const { return Vector(*this) /= divisor; }
+    Vector operator*(T factor) const
+    {
+        Vector result(*this);
+        result *= factor;
+        return result;
+    }
     friend Vector operator*(T factor, const Vector& v) { return v * factor; }
 
     T dot(const Vector& v) const

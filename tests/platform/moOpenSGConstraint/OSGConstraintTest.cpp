@@ -1,3 +1,4 @@
+#include <support/Ground.h>
 #include <support/UndoTest.h>
 
 #include <moOpenSGConstraint/OSGAimConstraint.h>
@@ -175,7 +176,7 @@ TEST_P(ConstraintList, RemovedObjectTakesTheOneMadeMeanwhileWithIt)
     osg::subRefCP(object);
 }
 
-TEST_P(ConstraintList, ObjectsWhoseSceneObjectsHaveGoneAreToldApart)
+TEST_P(ConstraintList, ObjectsWhoseSceneObjectsWereDestroyedAreToldApart)
 {
     add(lamp, 0.25f);
     add(door, 0.5f);
@@ -207,7 +208,7 @@ TEST_P(ConstraintList, IgnoresNullAndUnknownObjects)
     osg::subRefCP(stranger);
 }
 
-TEST_P(ConstraintList, ObjectOfASceneObjectThatHasGoneStaysListedButIsNotFound)
+TEST_P(ConstraintList, ObjectOfASceneObjectThatWasDestroyedStaysListedButIsNotFound)
 {
     add(lamp, 1);
     const auto object = find(lamp);
@@ -222,7 +223,7 @@ TEST_P(ConstraintList, CopyHoldsTheSameObjects)
     add(lamp, 1);
     const auto copy = osg::AimConstraintPtr::dcast(aim->shallowCopy());
     EXPECT_EQ(GetParam().find(*copy, lamp), find(lamp));
-    EXPECT_EQ(find(lamp).getRefCount(), 2);
+    EXPECT_EQ(find(lamp).getRefCount(), 1 + ground::objectsPerContainer);
     osg::subRefCP(copy);
     EXPECT_EQ(find(lamp).getRefCount(), 1);
 }
@@ -240,7 +241,6 @@ TEST_P(ConstraintList, GivesItsObjectsBackWhenTheConstraintGoes)
 TEST_F(Constraint, IsAbstractAtTheTop)
 {
     EXPECT_TRUE(osg::AbstractConstraint::getClassType().isAbstract());
-    EXPECT_EQ(osg::AbstractConstraint::create(), osg::NullFC);
     EXPECT_TRUE(osg::AimConstraint::getClassType().isDerivedFrom(osg::AbstractConstraint::getClassType()));
     EXPECT_TRUE(osg::AimConstraint::getClassType().isDerivedFrom(osg::TransformConstraint::getClassType()));
     EXPECT_TRUE(osg::AbstractConstraint::getClassType().isDerivedFrom(osg::NodeCore::getClassType()));
@@ -274,7 +274,7 @@ TEST_F(Constraint, HoldsItsTargetUntilItIsReplaced)
     osg::subRefCP(target);
 }
 
-TEST_F(Constraint, TargetWhoseSceneObjectHasGoneIsNobodysTarget)
+TEST_F(Constraint, TargetWhoseSceneObjectWasDestroyedIsNobodysTarget)
 {
     aim->createTarget(lamp);
     osg::subRefCP(lamp);

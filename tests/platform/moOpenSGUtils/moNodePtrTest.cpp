@@ -20,7 +20,7 @@ TEST(moNodePtr, GivesTheNodeItWasMadeFromAndHoldsNoReference)
     EXPECT_EQ(node.get().getRefCount(), 1);
 }
 
-TEST(moNodePtr, IsNullForNoNodeAndAfterTheNodeHasGone)
+TEST(moNodePtr, IsNullForNoNodeAndAfterTheNodeWasDestroyed)
 {
     EXPECT_EQ(moNodePtr().getPtr(), osg::NullFC);
     EXPECT_EQ(moNodePtr(osg::NodePtr()).getPtr(), osg::NullFC);
@@ -43,7 +43,7 @@ TEST(moNodePtr, ComparesTheNodesThatTheyWereMadeFrom)
     EXPECT_NE(kept, moNodePtr());
 }
 
-TEST(moOpenSGUtils, TheRootIsNullUntilSetAndAfterItHasGone)
+TEST(moOpenSGUtils, TheRootIsNullUntilSetAndAfterItWasDestroyed)
 {
     EXPECT_EQ(moOpenSGUtils::getRoot(), osg::NullFC);
     osg::NodePtr root = osg::Node::create();

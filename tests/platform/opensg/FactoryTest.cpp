@@ -48,11 +48,11 @@ TEST_F(FactoryTest, KeepsTheStoreIndexedByIdWithNullInThePlacesOfTheDestroyed)
 
 TEST_F(FactoryTest, CountsWhatLives)
 {
-    const UInt32 before = factory->getNumLiveContainers();
+    const std::size_t before = liveContainerCount();
     const NodePtr node = makeNodeFor(Group::create());
-    EXPECT_EQ(factory->getNumLiveContainers(), before + 2);
+    EXPECT_EQ(liveContainerCount(), before + 2);
     subRefCP(node);
-    EXPECT_EQ(factory->getNumLiveContainers(), before);
+    EXPECT_EQ(liveContainerCount(), before);
 }
 
 TEST_F(FactoryTest, GivesIdsToPrototypesAndHoldsOneReferenceOnEach)
@@ -70,7 +70,6 @@ TEST_F(FactoryTest, FindsTypesByExactNameAndById)
     EXPECT_EQ(factory->findType(Transform::getClassTypeId()), &Transform::getClassType());
     EXPECT_EQ(factory->findType("transform"), nullptr);
     EXPECT_EQ(factory->findType(""), nullptr);
-    EXPECT_EQ(factory->findType(static_cast<const Char8*>(nullptr)), nullptr);
     EXPECT_EQ(factory->findType(0u), nullptr);
     EXPECT_EQ(factory->findUninitializedType("Transform"), nullptr);
 }
@@ -110,10 +109,7 @@ TEST_F(FactoryTest, KnowsGroupsByNameAndNumber)
     EXPECT_NE(group, 0);
     EXPECT_STREQ(factory->findGroupName(group), "name");
     EXPECT_EQ(factory->findGroupId("Name"), 0);
-    EXPECT_EQ(factory->findGroupId(nullptr), 0);
-    EXPECT_EQ(factory->findGroupName(0), nullptr);
-    EXPECT_EQ(factory->findGroupName(static_cast<UInt16>(factory->getNumGroups() + 1)), nullptr);
-    EXPECT_EQ(factory->findGroupId("tags"), TagProbe::getClassGroupId());
+    EXPECT_EQ(factory->findGroupId("tags"), TagProbe::getClassType().getGroupId());
 }
 
 } // namespace

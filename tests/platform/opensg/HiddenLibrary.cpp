@@ -1,7 +1,8 @@
 #include "HiddenLibrary.h"
 
-#include <OpenSG/OSGFieldTypes.h>
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGNodeFields.h>
+#include <OpenSG/OSGReal32Fields.h>
 #include <OpenSG/OSGTransform.h>
 
 namespace {

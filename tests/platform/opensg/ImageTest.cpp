@@ -1,5 +1,6 @@
 #include "Probe.h"
 
+#include <OpenSG/OSGFieldTable.h>
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGMaterialGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -34,8 +35,6 @@ TEST_F(ImageTest, IsInvalidAndWithoutPixelsAtFirst)
     EXPECT_FALSE(image->isValid());
     EXPECT_EQ(image->getSize(), 0u);
     EXPECT_EQ(image->getData(), nullptr);
-    const UInt8 data[4] = {};
-    EXPECT_FALSE(image->setData(data));
 }
 
 TEST_F(ImageTest, HoldsACopyOfThePixelsThatItIsSetTo)
@@ -54,14 +53,16 @@ TEST_F(ImageTest, HoldsACopyOfThePixelsThatItIsSetTo)
     const UInt8 other[] = {6, 5, 4, 3, 2, 1};
     EXPECT_TRUE(image->setData(other));
     EXPECT_EQ(*image->getData(), 6);
+    testing::internal::CaptureStderr();
     EXPECT_FALSE(image->setData(nullptr));
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::HasSubstr("WARNING"));
+    EXPECT_EQ(*image->getData(), 6);
 }
 
 TEST_F(ImageTest, FindsThePixelsOfEachLevelFrameAndSide)
 {
     // Levels of 4 x 2, 2 x 1 and 1 x 1 pixels with 2 bytes each.
     ASSERT_TRUE(image->set(Image::OSG_L_PF, 4, 2, 1, 3, 2, 0.0, nullptr, Image::OSG_UINT16_IMAGEDATA, true, 2));
-    EXPECT_EQ(image->getComponentSize(), 2);
     EXPECT_EQ(image->getSideSize(), 22);
     EXPECT_EQ(image->getFrameSize(), 44);
     EXPECT_EQ(image->getSize(), 88u);
@@ -72,21 +73,31 @@ TEST_F(ImageTest, FindsThePixelsOfEachLevelFrameAndSide)
     EXPECT_EQ(*image->getData(2), 20);
     EXPECT_EQ(*image->getData(0, 0, 1), 22);
     EXPECT_EQ(*image->getData(2, 1, 1), 86);
-    EXPECT_EQ(image->getData(0, 9), nullptr);
 }
 
-TEST_F(ImageTest, StaysWhatItWasForAnUnknownFormatOrAnImpossibleSize)
+TEST_F(ImageTest, TakesASizeBelowOneAsOneAndHasNoPixelsInAnUnknownFormat)
 {
-    ASSERT_TRUE(image->set(Image::OSG_L_PF, 2));
-    EXPECT_FALSE(image->set(0x1234, 2));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 0));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, -1));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, 1, 1, 99));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF));
-    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, 1, 1, 1, 1, 0.0, nullptr, 0));
-    EXPECT_FALSE(image->set(ImagePtr()));
-    EXPECT_EQ(image->getWidth(), 2);
-    EXPECT_EQ(image->getSize(), 2u);
+    const UInt8 data[] = {1, 2, 3};
+    EXPECT_TRUE(image->set(Image::OSG_RGB_PF, 0, -3, 0, 0, 0, 0.0, data));
+    EXPECT_EQ(image->getWidth(), 1);
+    EXPECT_EQ(image->getHeight(), 1);
+    EXPECT_EQ(image->getMipMapCount(), 1);
+    EXPECT_THAT(image->getPixel().getValues(), ElementsAre(1, 2, 3));
+    EXPECT_FALSE(image->set(77, 2, 2, 1, 1, 1, 0.0, data));
+    EXPECT_EQ(image->getPixelFormat(), 77u);
+    EXPECT_EQ(image->getBpp(), 0);
+    EXPECT_TRUE(image->getPixel().empty());
+}
+
+TEST_F(ImageTest, EditsItsFormatAndThenItsPixels)
+{
+    const UInt8 data[] = {1, 2, 3};
+    changes->setReadOnly(false);
+    const UInt32 id = getContainerId(image);
+    image->set(Image::OSG_RGB_PF, 1, 1, 1, 1, 1, 0.0, data);
+    image->setData(data);
+    EXPECT_THAT((std::vector<ChangeList::ChangeEntry>(changes->beginChanged(), changes->endChanged())),
+                ElementsAre(testing::Pair(id, 0x8F70u), testing::Pair(id, 0x13088u), testing::Pair(id, 0x13088u)));
 }
 
 TEST_F(ImageTest, CanBeSetToAnotherOneAndToItself)
@@ -104,41 +115,28 @@ TEST_F(ImageTest, CanBeSetToAnotherOneAndToItself)
 
 TEST_F(ImageTest, CanHaveASizeWithoutPixels)
 {
-    EXPECT_TRUE(image->set(Image::OSG_RGB_PF, 2, 2, 1, 1, 1, 0.0, nullptr, Image::OSG_UINT8_IMAGEDATA, false));
+    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 2, 2, 1, 1, 1, 0.0, nullptr, Image::OSG_UINT8_IMAGEDATA, false));
+    EXPECT_FALSE(image->isValid());
     EXPECT_EQ(image->getSize(), 12u);
     EXPECT_TRUE(image->getPixel().empty());
     EXPECT_EQ(image->getData(), nullptr);
 }
 
-TEST_F(ImageTest, KeepsItsSizeWithinBoundsWhateverTheFieldsSay)
-{
-    image->setWidth(0x7FFFFFFF);
-    image->setHeight(0x7FFFFFFF);
-    image->setDepth(-5);
-    image->setBpp(0x7FFFFFFF);
-    image->setMipMapCount(0x7FFFFFFF);
-    image->setFrameCount(0x7FFFFFFF);
-    endEditCP(image);
-    EXPECT_EQ(image->getSideSize(), 0x7FFFFFFF);
-    EXPECT_EQ(image->getFrameSize(), 0x7FFFFFFF);
-    EXPECT_EQ(image->getSize(), 0x80000000u);
-}
-
-TEST_F(ImageTest, TellsItsParentsWithTheOriginChildAndTheirField)
+TEST_F(ImageTest, TellsItsParentsWithTheOriginChildAndTheirFieldOrTheLastBit)
 {
     const ProbePtr parent = Probe::create();
     FieldContainerPtr link = parent;
     link.setParentFieldPos(Probe::LabelFieldId);
     image->addParent(link);
     image->addParent(parent);
-    image->set(Image::OSG_L_PF, 1);
+    endEditCP(image, Image::WidthFieldMask);
     EXPECT_THAT(takeLog(), ElementsAre("changed " + std::to_string(Probe::LabelFieldMask) + " from 4",
-                                       "changed " + std::to_string(FieldBits::AllFields) + " from 4"));
+                                       "changed " + std::to_string(BitVector(1) << 63) + " from 4"));
     image->subParent(parent);
     image->subParent(image);
     EXPECT_EQ(image->getParents().size(), 1u);
     const ImagePtr copy = ImagePtr::dcast(image->shallowCopy());
-    EXPECT_TRUE(copy->getParents().empty());
+    EXPECT_EQ(copy->getParents().size(), 1u) << "a copy names the same parents";
     subRefCP(copy);
     image->subParent(parent);
     subRefCP(parent);
@@ -165,11 +163,6 @@ TEST_F(MaterialTest, IsCountedByAGroupWhenItIsSetAndReleasedWithIt)
     group->setMaterial(material);
     group->setMaterial(material);
     EXPECT_EQ(material.getRefCount(), 2);
-    const MaterialGroupPtr copy = MaterialGroupPtr::dcast(group->shallowCopy());
-    EXPECT_EQ(copy->getMaterial(), material);
-    EXPECT_EQ(material.getRefCount(), 3);
-    subRefCP(copy);
-    EXPECT_EQ(material.getRefCount(), 2);
     group->setMaterial(NullFC);
     EXPECT_EQ(material.getRefCount(), 1);
     group->setMaterial(material);
@@ -178,15 +171,16 @@ TEST_F(MaterialTest, IsCountedByAGroupWhenItIsSetAndReleasedWithIt)
     subRefCP(material);
 }
 
-TEST_F(MaterialTest, IsTransparentByItsModeOrElseItsTransparency)
+TEST_F(MaterialTest, IsTransparentByItsModeOrItsTransparency)
 {
     const SimpleMaterialPtr material = SimpleMaterial::create();
     EXPECT_FALSE(material->isTransparent());
     material->setTransparency(0.5f);
     EXPECT_TRUE(material->isTransparent());
     material->setTransparencyMode(Material::TransparencyForceOpaque);
-    EXPECT_FALSE(material->isTransparent());
+    EXPECT_TRUE(material->isTransparent()) << "the transparency alone is enough";
     material->setTransparency(0.0f);
+    EXPECT_FALSE(material->isTransparent());
     material->setTransparencyMode(Material::TransparencyForceTransparent);
     EXPECT_TRUE(material->isTransparent());
     EXPECT_EQ(material->getShininess(), 1.0f);
@@ -219,19 +213,18 @@ TEST_F(MaterialTest, HoldsAReferenceForEveryEntryOfAChunk)
     const ChunkMaterialPtr material = ChunkMaterial::create();
     const ChunkProbePtr chunk = ChunkProbe::create();
     addRefCP(chunk);
+    EXPECT_EQ(+StateChunk::IgnoreFieldId, 3u);
     EXPECT_TRUE(material->addChunk(chunk));
+    EXPECT_TRUE(material->getSlots().empty()) << "none is named";
     EXPECT_TRUE(material->addChunk(chunk, 2));
-    EXPECT_FALSE(material->addChunk(NullFC));
+    EXPECT_THAT(material->getSlots().getValues(), ElementsAre(-2, 2));
+    EXPECT_TRUE(material->addChunk(NullFC)) << "null as well";
     EXPECT_EQ(chunk.getRefCount(), 3);
-    EXPECT_EQ(material->findChunk(chunk, 2), 1);
-    EXPECT_EQ(material->findChunk(chunk, 3), -1);
-    EXPECT_TRUE(material->subChunk(chunk));
-    EXPECT_FALSE(material->subChunk(chunk));
+    EXPECT_EQ(material->getChunks().size(), 3u);
+    EXPECT_EQ(material->find(chunk), 0);
+    material->subChunk(chunk);
     EXPECT_EQ(chunk.getRefCount(), 2);
     EXPECT_THAT(material->getSlots().getValues(), ElementsAre(2));
-    const FieldContainerPtr copy = material->shallowCopy();
-    EXPECT_EQ(chunk.getRefCount(), 3);
-    subRefCP(copy);
     subRefCP(material);
     EXPECT_EQ(chunk.getRefCount(), 1);
     subRefCP(chunk);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <support/LiveContainers.h>
+
 #include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGFieldTable.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGTransform.h>
 
@@ -50,7 +53,7 @@ protected:
     void onDestroy() override;
 
 private:
-    void onCreate(const FieldContainer* source);
+    void onCreate(const FieldContainer* source = nullptr);
 
     UInt32 m_number = 0;
 };
@@ -69,7 +72,7 @@ class SpecialProbe : public SpecialProbeBase
 class AbstractProbe;
 typedef FCPtr<FieldContainerPtr, AbstractProbe> AbstractProbePtr;
 #define OSG_ABSTRACTPROBE_FIELDS(SINGLE, MULTI) SINGLE(Int32, Level, "level", 7)
-OSG_CONTAINER_BASE(AbstractProbe, FieldContainer, OSG_ABSTRACTPROBE_FIELDS)
+OSG_ABSTRACT_CONTAINER_BASE(AbstractProbe, FieldContainer, OSG_ABSTRACTPROBE_FIELDS)
 
 class AbstractProbe : public AbstractProbeBase
 {
@@ -105,7 +108,7 @@ protected:
     }
     void TearDown() override
     {
-        EXPECT_EQ(factory->getNumLiveContainers(), m_before);
+        EXPECT_EQ(liveContainerCount(), m_before);
         changes->setReadOnly(true);
         changes->clearAll();
     }
@@ -116,5 +119,5 @@ protected:
     osg::ChangeList* const changes = osg::Thread::getCurrentChangeList();
 
 private:
-    const osg::UInt32 m_before = factory->getNumLiveContainers();
+    const std::size_t m_before = liveContainerCount();
 };

@@ -1,14 +1,9 @@
 #pragma once
 
-#include <OpenSG/OSGFieldContainer.h>
-#include <OpenSG/OSGFieldContainerFields.h>
-#include <OpenSG/OSGFieldContainerType.h>
-#include <OpenSG/OSGFieldTypes.h>
+#include <OpenSG/OSGFieldTableGround.h>
 
-#include <vector>
-
-/** Declares a container class as a table of fields. This is the only place that knows how a container type is
- * registered.
+/** Declares a container class as a table of fields, on whichever OpenSG the build stands: the bundled one or an
+ * installed one. What differs between the two stands in OSGFieldTableGround.h, of which each has its own.
  *
  *     class LightLinkSet;
  *     typedef FCPtr<NodeCorePtr, LightLinkSet> LightLinkSetPtr;
@@ -39,57 +34,21 @@
  *   - getFoo(), a reference to the value or the list, and getFoo(index) of a list,
  *   - setFoo(value) of a single field: a plain assignment, which neither notifies nor counts.
  *
- * For the class there are Ptr, getClassType(), getClassTypeId(), getClassGroupId(), create(), createEmpty(), and the
- * overrides of getType(), getContainerSize() and shallowCopy(). The class may add changed(), onDestroy(), static
- * initMethod(), a destructor.
+ * For the class there are Ptr, getClassType(), getClassTypeId(), create(), createEmpty(), and the overrides of
+ * getType(), getContainerSize() and shallowCopy(). The class may add changed(), onDestroy(), a destructor, and
+ * onCreate(const FieldContainer* source = nullptr), which is called once it is made. An abstract class starts with
+ * OSG_ABSTRACT_CONTAINER_BASE and is made by OSG_ABSTRACT_CONTAINER_IMPL: it has no create functions.
  *
- * A second expansion of the same tables, for an installed OpenSG, differs in here only: OSG_CONTAINER_BASE would
- * declare the masks as `static const BitVector`, the field list as `static FieldDescription* _desc[]` with member
- * function accessors, and executeSync; OSG_CONTAINER_IMPL would define these and pass _desc and its size to the
- * constructor of the FieldContainerType, and OSG_HANDLE_FIELDS would give the handle's FieldDataTraits a DataType and
- * its string and binary forms.
+ * A class that counts what its fields refer to takes and gives its references back in the constructors and the
+ * destructor, never in onDestroy(): an installed OpenSG makes and destroys one object per aspect, but calls onDestroy()
+ * once. It changes such a field by assigning first and releasing last: a listener may look at it in between.
+ *
+ * OSG_HANDLE_FIELDS(XPtr) declares the fields SFXPtr and MFXPtr of a handle type XPtr.
  */
-#define OSG_CONTAINER_BASE(Class, Parent, FIELDS)                                                                      \
-    class OSG_BASELIB_DLLMAPPING Class##Base : public Parent                                                           \
-    {                                                                                                                  \
-        typedef Parent Inherited;                                                                                      \
-        typedef Class##Base TableClass;                                                                                \
-                                                                                                                       \
-    public:                                                                                                            \
-        typedef Class##Ptr Ptr;                                                                                        \
-                                                                                                                       \
-        enum : UInt32                                                                                                  \
-        {                                                                                                              \
-            LastInheritedFieldId = Parent::NextFieldId - 1,                                                            \
-            FIELDS(OSG_TABLE_ID_S_, OSG_TABLE_ID_M_) NextFieldId                                                       \
-        };                                                                                                             \
-        FIELDS(OSG_TABLE_MASK_S_, OSG_TABLE_MASK_M_)                                                                   \
-                                                                                                                       \
-        static FieldContainerType& getClassType();                                                                     \
-        static UInt32 getClassTypeId();                                                                                \
-        static UInt16 getClassGroupId();                                                                               \
-        static Class##Ptr create();                                                                                    \
-        static Class##Ptr createEmpty();                                                                               \
-                                                                                                                       \
-        FieldContainerType& getType() override;                                                                        \
-        const FieldContainerType& getType() const override;                                                            \
-        UInt32 getContainerSize() const override;                                                                      \
-        FieldContainerPtr shallowCopy() const override;                                                                \
-                                                                                                                       \
-        FIELDS(OSG_TABLE_ACCESS_S_, OSG_TABLE_ACCESS_M_)                                                               \
-                                                                                                                       \
-    protected:                                                                                                         \
-        Class##Base() = default;                                                                                       \
-        Class##Base(const Class##Base&) = default;                                                                     \
-        ~Class##Base() override = default;                                                                             \
-                                                                                                                       \
-        FIELDS(OSG_TABLE_MEMBER_S_, OSG_TABLE_MEMBER_M_)                                                               \
-                                                                                                                       \
-    private:                                                                                                           \
-        static std::vector<FieldDescription> describeFields();                                                         \
-                                                                                                                       \
-        static FieldContainerType _type;                                                                               \
-    };
+#define OSG_CONTAINER_BASE(Class, Parent, FIELDS) OSG_TABLE_CLASS_(Class, Parent, FIELDS, OSG_TABLE_CREATE_DECL_(Class))
+
+/// The same for an abstract class: nothing makes a container of it.
+#define OSG_ABSTRACT_CONTAINER_BASE(Class, Parent, FIELDS) OSG_TABLE_CLASS_(Class, Parent, FIELDS, )
 
 /// The first line of the hand-written class: its constructors, and who may call them.
 #define OSG_CONTAINER(Class)                                                                                           \
@@ -119,30 +78,68 @@ private:
     }                                                                                                                  \
     Class##Ptr Class##Base::createEmpty()                                                                              \
     {                                                                                                                  \
-        return newPtr<Class>();                                                                                        \
+        Class##Ptr result;                                                                                             \
+        newPtr(result);                                                                                                \
+        return result;                                                                                                 \
     }                                                                                                                  \
     FieldContainerPtr Class##Base::shallowCopy() const                                                                 \
     {                                                                                                                  \
-        return newPtr(static_cast<const Class*>(this));                                                                \
+        Class##Ptr result;                                                                                             \
+        newPtr(result, static_cast<const Class*>(this));                                                               \
+        return result;                                                                                                 \
     }
 
-/// The same for an abstract class: it has no prototype, and what would make a container gives null.
-#define OSG_ABSTRACT_CONTAINER_IMPL(Class, Parent, FIELDS)                                                             \
-    OSG_TABLE_IMPL_(Class, Parent, FIELDS, #Class, nullptr)                                                            \
-    Class##Ptr Class##Base::create()                                                                                   \
-    {                                                                                                                  \
-        return NullFC;                                                                                                 \
-    }                                                                                                                  \
-    Class##Ptr Class##Base::createEmpty()                                                                              \
-    {                                                                                                                  \
-        return NullFC;                                                                                                 \
-    }                                                                                                                  \
-    FieldContainerPtr Class##Base::shallowCopy() const                                                                 \
-    {                                                                                                                  \
-        return NullFC;                                                                                                 \
-    }
+/// The same for an abstract class.
+#define OSG_ABSTRACT_CONTAINER_IMPL(Class, Parent, FIELDS) OSG_TABLE_IMPL_(Class, Parent, FIELDS, #Class, nullptr)
 
-// The rest is what the four above are made of.
+// The rest is what these are made of. From OSGFieldTableGround.h come OSG_TABLE_VISIBLE, OSG_HANDLE_FIELDS,
+// OSG_TABLE_GROUND_DECL_ (what the class needs beyond the above) and OSG_TABLE_GROUND_IMPL_ (its definition, and the
+// type).
+
+/// The class that a table makes. CREATE declares the functions that make containers.
+#define OSG_TABLE_CLASS_(Class, Parent, FIELDS, CREATE)                                                                \
+    class OSG_TABLE_VISIBLE Class##Base : public Parent                                                                \
+    {                                                                                                                  \
+        typedef Parent Inherited;                                                                                      \
+        typedef Class##Base TableClass;                                                                                \
+                                                                                                                       \
+    public:                                                                                                            \
+        typedef Class##Ptr Ptr;                                                                                        \
+                                                                                                                       \
+        enum : UInt32                                                                                                  \
+        {                                                                                                              \
+            LastInheritedFieldId = Parent::NextFieldId - 1,                                                            \
+            FIELDS(OSG_TABLE_ID_S_, OSG_TABLE_ID_M_) NextFieldId                                                       \
+        };                                                                                                             \
+        FIELDS(OSG_TABLE_MASK_S_, OSG_TABLE_MASK_M_)                                                                   \
+                                                                                                                       \
+        static FieldContainerType& getClassType();                                                                     \
+        static UInt32 getClassTypeId();                                                                                \
+                                                                                                                       \
+        FieldContainerType& getType() override;                                                                        \
+        const FieldContainerType& getType() const override;                                                            \
+        UInt32 getContainerSize() const override;                                                                      \
+        CREATE                                                                                                         \
+                                                                                                                       \
+        FIELDS(OSG_TABLE_ACCESS_S_, OSG_TABLE_ACCESS_M_)                                                               \
+                                                                                                                       \
+    protected:                                                                                                         \
+        Class##Base() = default;                                                                                       \
+        Class##Base(const Class##Base&) = default;                                                                     \
+        ~Class##Base() override = default;                                                                             \
+                                                                                                                       \
+        FIELDS(OSG_TABLE_MEMBER_S_, OSG_TABLE_MEMBER_M_)                                                               \
+                                                                                                                       \
+    private:                                                                                                           \
+        OSG_TABLE_GROUND_DECL_(Class, FIELDS)                                                                          \
+                                                                                                                       \
+        static FieldContainerType _type;                                                                               \
+    };
+
+#define OSG_TABLE_CREATE_DECL_(Class)                                                                                  \
+    static Class##Ptr create();                                                                                        \
+    static Class##Ptr createEmpty();                                                                                   \
+    FieldContainerPtr shallowCopy() const override;
 
 #define OSG_TABLE_ID_S_(type, Name, description, ...) Name##FieldId,
 #define OSG_TABLE_ID_M_(type, Name, description) Name##FieldId,
@@ -193,22 +190,8 @@ private:
 #define OSG_TABLE_MEMBER_S_(type, Name, description, ...) SF##type _sf##Name{SF##type::StoredType(__VA_ARGS__)};
 #define OSG_TABLE_MEMBER_M_(type, Name, description) MF##type _mf##Name;
 
-#define OSG_TABLE_DESCRIBE_(FieldClass, member, Name, description)                                                     \
-    fields.emplace_back(                                                                                               \
-        FieldClass::getClassType(), description, Name##FieldId, Name##FieldMask, false,                                \
-        [](FieldContainer& container) -> osg::Field* { return &static_cast<TableClass&>(container).member##Name; });
-#define OSG_TABLE_DESCRIBE_S_(type, Name, description, ...) OSG_TABLE_DESCRIBE_(SF##type, _sf, Name, description)
-#define OSG_TABLE_DESCRIBE_M_(type, Name, description) OSG_TABLE_DESCRIBE_(MF##type, _mf, Name, description)
-
 #define OSG_TABLE_IMPL_(Class, Parent, FIELDS, groupName, createPrototype)                                             \
-    FieldContainerType Class##Base::_type(#Class, #Parent, groupName, createPrototype, &Class::initMethod,             \
-                                          &Class##Base::describeFields);                                               \
-    std::vector<FieldDescription> Class##Base::describeFields()                                                        \
-    {                                                                                                                  \
-        std::vector<FieldDescription> fields;                                                                          \
-        FIELDS(OSG_TABLE_DESCRIBE_S_, OSG_TABLE_DESCRIBE_M_)                                                           \
-        return fields;                                                                                                 \
-    }                                                                                                                  \
+    OSG_TABLE_GROUND_IMPL_(Class, Parent, FIELDS, groupName, createPrototype)                                          \
     FieldContainerType& Class##Base::getClassType()                                                                    \
     {                                                                                                                  \
         return _type;                                                                                                  \
@@ -216,10 +199,6 @@ private:
     UInt32 Class##Base::getClassTypeId()                                                                               \
     {                                                                                                                  \
         return _type.getId();                                                                                          \
-    }                                                                                                                  \
-    UInt16 Class##Base::getClassGroupId()                                                                              \
-    {                                                                                                                  \
-        return _type.getGroupId();                                                                                     \
     }                                                                                                                  \
     FieldContainerType& Class##Base::getType()                                                                         \
     {                                                                                                                  \
