@@ -284,6 +284,11 @@ struct TagListCase
     Tags after;
 };
 
+void PrintTo(const TagListCase& given, std::ostream* out)
+{
+    *out << given.name;
+}
+
 /// A step of a tag command writes two lists, one after the other.
 class TagStepWithoutMemory : public UndoTest, public testing::WithParamInterface<TagListCase>
 {
