@@ -16,6 +16,8 @@ void UndoTest::TearDown()
 {
     EXPECT_EQ(moUndoStack::getCurrentCommandParent(), nullptr) << "a composition is still open";
     moUndoStack::clearAll();
+    stack.setUndoLimit(0);
+    second.setUndoLimit(0);
     moUndoStack::endUndo();
     EXPECT_FALSE(moUndoStack::undoEnabled()) << "beginUndo() without endUndo()";
     EXPECT_FALSE(moUndoStack::undoBlocked()) << "beginBlockUndo() without endBlockUndo()";

@@ -19,6 +19,20 @@ void moStackOutlook::push(const QUndoCommand* command)
     m_coming.resize(static_cast<std::size_t>(m_place.index - m_known));
     m_coming.push_back(command);
     m_place.count = m_place.index + 1;
+    if (m_place.clean > m_place.index) m_place.clean = -1;
+}
+
+/// With a limit, the oldest step goes when there is one too many: all positions change by one.
+void moStackOutlook::keepLimit()
+{
+    if (m_place.limit <= 0 || m_place.count <= m_place.limit) return;
+    for (; m_known > 0; --m_known)
+        m_coming.push_front(m_stack.command(m_known - 1));
+    m_coming.pop_front();
+    --m_place.count;
+    --m_place.index;
+    m_place.mark = std::max(m_place.mark - 1, 0);
+    m_place.clean = std::max(m_place.clean - 1, -1);
 }
 
 void moStackOutlook::goTo(int index)
@@ -33,6 +47,7 @@ void moStackOutlook::add(const moStackCall& call)
     case Kind::Push:
         if (m_place.openMacros > 0) break; // becomes a child of the macro
         push(call.command);
+        keepLimit();
         goTo(m_place.count);
         break;
     case Kind::Undo:
@@ -42,7 +57,7 @@ void moStackOutlook::add(const moStackCall& call)
         goTo(m_place.index + 1);
         break;
     case Kind::Jump:
-        goTo(call.index);
+        goTo(call.number);
         break;
     case Kind::Mark:
         m_place.mark = m_place.index;
@@ -53,7 +68,7 @@ void moStackOutlook::add(const moStackCall& call)
     case Kind::Clear:
         m_known = 0;
         m_coming.clear();
-        m_place = {};
+        m_place = {0, 0, 0, 0, 0, m_place.limit};
         break;
     case Kind::BeginMacro:
         if (m_place.openMacros == 0) push(nullptr);
@@ -61,8 +76,18 @@ void moStackOutlook::add(const moStackCall& call)
         break;
     case Kind::EndMacro:
         if (m_place.openMacros == 0) break;
-        --m_place.openMacros;
+        if (--m_place.openMacros > 0) break;
+        keepLimit();
         goTo(m_place.count);
+        break;
+    case Kind::SetClean:
+        if (m_place.openMacros == 0) m_place.clean = m_place.index;
+        break;
+    case Kind::ResetClean:
+        m_place.clean = -1;
+        break;
+    case Kind::SetLimit:
+        if (m_place.count == 0) m_place.limit = call.number;
         break;
     }
 }
@@ -111,6 +136,8 @@ void moStackCalls::work(const moStackCall& call)
 {
     m_atHand = &call;
     m_settled = false;
+    m_indexBefore = m_stack.index();
+    m_countBefore = m_stack.count();
     moStep::attempt([this, &call] { m_carryOut(call); });
     settle();
     m_atHand = nullptr;
@@ -120,11 +147,15 @@ void moStackCalls::settleNow()
 {
     m_settled = true;
     switch (m_atHand->kind) {
+    case Kind::Push:
+        moveMark();
+        break;
     case Kind::BeginMacro:
         ++m_openMacros;
         break;
     case Kind::EndMacro:
         m_openMacros = std::max(m_openMacros - 1, 0);
+        moveMark();
         break;
     case Kind::Clear:
         m_openMacros = 0;
@@ -133,6 +164,21 @@ void moStackCalls::settleNow()
         break;
     }
     if (m_outlook && !(now() == m_expected)) m_outlook.reset();
+}
+
+/// The mark stays at its step when the limit has deleted the oldest one.
+void moStackCalls::moveMark()
+{
+    if (m_openMacros == 0) m_mark = std::max(m_mark - dropped(), 0);
+}
+
+/// How many of the oldest steps the call at hand has deleted, because there were more than the limit.
+int moStackCalls::dropped() const
+{
+    const int count = m_stack.count();
+    if (m_atHand->kind == Kind::EndMacro) return m_countBefore - count;
+    const bool appended = m_stack.command(count - 1) == m_atHand->command; // neither merged nor failed
+    return appended ? m_indexBefore + 1 - count : 0;
 }
 
 bool moStackCalls::isAdding() const
@@ -170,7 +216,7 @@ const QUndoCommand* moStackCalls::command(int position)
 
 moStackPlace moStackCalls::now() const
 {
-    return {m_stack.index(), m_stack.count(), m_mark, m_openMacros};
+    return {m_stack.index(), m_stack.count(), m_mark, m_openMacros, m_stack.cleanIndex(), m_stack.undoLimit()};
 }
 
 moStackOutlook& moStackCalls::outlook()

@@ -6,7 +6,6 @@
 #include <functional>
 #include <optional>
 #include <utility>
-#include <vector>
 
 class QUndoCommand;
 class QUndoStack;
@@ -24,12 +23,15 @@ struct moStackCall
         Reset,
         Clear,
         BeginMacro,
-        EndMacro
+        EndMacro,
+        SetClean,
+        ResetClean,
+        SetLimit
     };
 
     Kind kind;
     QUndoCommand* command = nullptr; ///< of a push
-    int index = 0;                   ///< of a jump: where to
+    int number = 0;                  ///< of a jump: the index; of a limit: how many steps
     QString text = {};               ///< of a macro
 };
 
@@ -40,10 +42,13 @@ struct moStackPlace
     int count = 0;
     int mark = 0;
     int openMacros = 0;
+    int clean = 0; ///< -1: none
+    int limit = 0; ///< 0: none
 
     bool operator==(const moStackPlace& other) const
     {
-        return index == other.index && count == other.count && mark == other.mark && openMacros == other.openMacros;
+        return index == other.index && count == other.count && mark == other.mark && openMacros == other.openMacros &&
+               clean == other.clean && limit == other.limit;
     }
 };
 
@@ -66,11 +71,12 @@ public:
 
 private:
     void push(const QUndoCommand* command);
+    void keepLimit();
     void goTo(int index);
 
     const QUndoStack& m_stack;
     int m_known; ///< below this position the commands are those of m_stack, from there on those of m_coming
-    std::vector<const QUndoCommand*> m_coming;
+    std::deque<const QUndoCommand*> m_coming;
     moStackPlace m_place;
 };
 
@@ -131,6 +137,8 @@ private:
     void expect(Waiting& waiting);
     void work(const moStackCall& call);
     void settleNow();
+    void moveMark();
+    int dropped() const;
     moStackPlace now() const;
     moStackOutlook& outlook();
 
@@ -140,6 +148,8 @@ private:
     bool m_settled = true;
     int m_mark = 0;
     int m_openMacros = 0;
+    int m_countBefore = 0; ///< number of steps when the call at hand began
+    int m_indexBefore = 0;
     std::deque<Waiting> m_waiting;
 
     /// Made at the first query and kept as long as the calls do what it computed: each turn of a loop of queries and

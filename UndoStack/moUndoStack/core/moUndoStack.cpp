@@ -289,7 +289,7 @@ void moUndoStack::carryOut(const moStackCall& call)
         m_stack->redo();
         break;
     case Kind::Jump:
-        m_stack->setIndex(call.index);
+        m_stack->setIndex(call.number);
         break;
     case Kind::Mark:
         m_calls->setMark(m_stack->index());
@@ -300,6 +300,7 @@ void moUndoStack::carryOut(const moStackCall& call)
     case Kind::Clear:
         m_calls->setMark(0);
         m_stack->clear();
+        m_stack->setClean(); // Qt's clear() forgets it if there is no command
         m_lastIndex = 0;
         clearMultiCommands();
         moStep::afterwards([this] { Q_EMIT cleared(); });
@@ -309,6 +310,15 @@ void moUndoStack::carryOut(const moStackCall& call)
         break;
     case Kind::EndMacro:
         m_stack->endMacro();
+        break;
+    case Kind::SetClean:
+        m_stack->setClean();
+        break;
+    case Kind::ResetClean:
+        m_stack->resetClean();
+        break;
+    case Kind::SetLimit:
+        m_stack->setUndoLimit(call.number);
         break;
     }
 }
@@ -374,6 +384,21 @@ void moUndoStack::reset()
     m_calls->perform({Kind::Reset});
 }
 
+void moUndoStack::setClean()
+{
+    m_calls->perform({Kind::SetClean});
+}
+
+void moUndoStack::resetClean()
+{
+    m_calls->perform({Kind::ResetClean});
+}
+
+void moUndoStack::setUndoLimit(int limit)
+{
+    m_calls->perform({Kind::SetLimit, nullptr, limit});
+}
+
 void moUndoStack::clear()
 {
     m_calls->perform({Kind::Clear});
@@ -412,6 +437,48 @@ int moUndoStack::size() const
 bool moUndoStack::isEmpty() const
 {
     return size() == 0;
+}
+
+int moUndoStack::index() const
+{
+    return m_calls->place().index;
+}
+
+const QUndoCommand* moUndoStack::command(int index) const
+{
+    return m_calls->command(index);
+}
+
+QString moUndoStack::undoText() const
+{
+    return canUndo() ? textAt(index() - 1) : QString();
+}
+
+QString moUndoStack::redoText() const
+{
+    return canRedo() ? textAt(index()) : QString();
+}
+
+QString moUndoStack::textAt(int index) const
+{
+    const QUndoCommand* command = m_calls->command(index);
+    return command ? command->actionText() : QString();
+}
+
+bool moUndoStack::isClean() const
+{
+    const moStackPlace place = m_calls->place();
+    return place.openMacros == 0 && place.clean == place.index;
+}
+
+int moUndoStack::cleanIndex() const
+{
+    return m_calls->place().clean;
+}
+
+int moUndoStack::undoLimit() const
+{
+    return m_calls->place().limit;
 }
 
 // --- history --------------------------------------------------------------------------------------------------------

@@ -35,14 +35,14 @@ struct moStackCall;
 ///
 /// **Calls from listeners and commands.** A slot, message callback, changed callback or a command's own undo, redo or
 /// merge may call the stack. While a stack is at work on a recorded step, a call that would change it (add,
-/// addOrExecute of a command to be recorded, undo, redo, reset, mark, clear, beginMacro, endMacro, a click into the
-/// history) waits: it is carried out, in the order of the calls, when the step at hand has been run and reported,
+/// addOrExecute of a command to be recorded, undo, redo, reset, mark, clear, beginMacro, endMacro, setClean, resetClean,
+/// setUndoLimit, a click into the history) waits: it is carried out, in the order of the calls, when the step at hand has been run and reported,
 /// before the outermost call returns. So no command is deleted while a listener is told about it, and every listener
 /// hears of the steps in the order in which they happened. Whether a command is recorded is decided when it is handed
 /// in, not when its turn comes. Unrecorded commands are run and reported at once. Beginning and ending a composition
 /// does not wait, because commands are made in between; adding the composite does.
 ///
-/// The queries (canUndo(), canRedo(), currentCommand(), size(), isEmpty()) answer as if the step at hand and all calls
+/// The queries (canUndo(), index(), currentCommand(), isClean() and the like) answer as if the step at hand and all calls
 /// that wait had been carried out: `while (stack.canUndo()) stack.undo();` does in a listener what it does outside. A
 /// push that waits, or whose redo() is running, counts as a step of its own: whether it is merged, or throws, is seen
 /// only when its turn comes. From the notification of a step on, that step is as Qt's stack has it.
@@ -178,6 +178,46 @@ public:
     /// Whether size() is 0.
     bool isEmpty() const;
 
+    /// Number of steps that are done: where the next push goes. While calls wait: the answer once they are done.
+    int index() const;
+
+    /// The step at a position, 0 to size() - 1; null if there is none. While calls wait: as currentCommand().
+    const QUndoCommand* command(int index) const;
+
+    /// Text of the step that undo() would take back, as an action shows it: what follows the first line break of the
+    /// command's text, else all of it. Empty if canUndo() is false.
+    QString undoText() const;
+
+    /// Text of the step that redo() would do, likewise. Empty if canRedo() is false.
+    QString redoText() const;
+
+    /// Declares the present state the clean one, e.g. because it was saved. No newer command is merged into a step at
+    /// which the stack is clean, so the clean state stays within reach. Unlike mark(), the clean index is lost, not
+    /// kept, when its step is deleted: by a push after undo, or by the limit. In a macro Qt warns and nothing changes.
+    /// A composition under way does not count. What runs without being recorded does not change the clean state. Waits
+    /// like the calls that change the history.
+    void setClean();
+
+    /// Whether the stack is at the clean index; false while a macro is open. True at first and after clear(). While
+    /// calls wait: the answer once they are done.
+    bool isClean() const;
+
+    /// The index at which the stack is clean; -1 if there is none. While calls wait: the answer once they are done.
+    int cleanIndex() const;
+
+    /// From now on no state is clean, until setClean() or clear(). Steps can be merged again. Waits like the calls that
+    /// change the history.
+    void resetClean();
+
+    /// Keeps at most this number of steps: a push beyond it deletes the oldest. 0, the default, or less: no limit. The
+    /// mark for reset() and the clean index move with their steps; a mark whose step was deleted is at 0, the oldest
+    /// state that can be reached. Does not change merging. If the stack is not empty, Qt warns and nothing changes.
+    /// Stays through clear(). Waits like the calls that change the history.
+    void setUndoLimit(int limit);
+
+    /// What setUndoLimit() set. While calls wait: the answer once they are done.
+    int undoLimit() const;
+
     /// Sets the one message callback of this stack. Null (the default) switches messages off: then none is built.
     void setMessageCallback(MessageCallback callback);
 
@@ -236,6 +276,7 @@ private:
     void pushNow(QUndoCommand* command);
     void carryOut(const moStackCall& call);
     void deleteCommands();
+    QString textAt(int index) const;
 
     void sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const;
     void sendRedoNotification(const QUndoCommand* command, int index, bool added);
