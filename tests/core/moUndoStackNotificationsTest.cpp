@@ -8,6 +8,10 @@
 
 #include <QtTest/QSignalSpy>
 
+#include <boost/any.hpp>
+
+#include <stdexcept>
+
 namespace {
 
 using testing::ElementsAre;
@@ -310,6 +314,87 @@ TEST_F(Notifications, ReachEverySlotThatIsConnectedAtTheTime)
     EXPECT_THAT(undoAndRedo(), ElementsAre("short-lived", "redo"));
     delete shortLived;
     EXPECT_THAT(undoAndRedo(), ElementsAre("redo"));
+}
+
+// --- message listener -----------------------------------------------------------------------------------------------
+
+class Listener : public UndoTest
+{
+protected:
+    template<class Value>
+    static Value value(const moMessage& message, const std::string& key)
+    {
+        return boost::any_cast<Value>(*message.find(key));
+    }
+
+    void TearDown() override
+    {
+        stack.setMessageCallback(nullptr);
+        stack.setMessageListener({});
+        UndoTest::TearDown();
+    }
+};
+
+TEST_F(Listener, HasAStateAndGetsTheMessageOfEachStep)
+{
+    std::vector<std::string> heard;
+    stack.setMessageListener([&heard](const char* name, moMessage& message, int number) {
+        heard.push_back(std::string(name) + " " + value<std::string>(message, "text") + " " + std::to_string(number));
+    });
+    stack.add(new FamilyCommand("a"));
+    stack.undo();
+    EXPECT_THAT(heard, ElementsAre("moURManager::redo a 0", "moURManager::undo a 0"));
+    stack.setMessageListener({});
+    stack.redo();
+    EXPECT_EQ(heard.size(), 2U);
+}
+
+TEST_F(Listener, ComesAfterTheCallbackAndSeesWhatThatAddedToTheMessage)
+{
+    stack.setMessageCallback([](const char*, moMessage& message, int) {
+        message.set("added by the callback", 1, true);
+        return false;
+    });
+    int seen = 0;
+    stack.setMessageListener(
+        [&seen](const char*, moMessage& message, int) { seen += value<int>(message, "added by the callback"); });
+    stack.add(new FamilyCommand("a"));
+    EXPECT_EQ(seen, 1);
+}
+
+TEST_F(Listener, IsToldThoughTheCallbackThrows)
+{
+    stack.setMessageCallback([](const char*, moMessage&, int) -> bool { throw std::runtime_error("callback"); });
+    int heard = 0;
+    stack.setMessageListener([&heard](const char*, moMessage&, int) { ++heard; });
+    EXPECT_THROW(stack.add(new FamilyCommand("a")), std::runtime_error);
+    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(stack.size(), 1);
+}
+
+TEST_F(Listener, MayReplaceItselfWhileItRuns)
+{
+    std::vector<std::string> heard;
+    stack.setMessageListener([this, &heard, name = std::string("first")](const char*, moMessage&, int) {
+        stack.setMessageListener([&heard](const char*, moMessage&, int) { heard.emplace_back("second"); });
+        heard.push_back(name);
+    });
+    stack.add(new FamilyCommand("a"));
+    stack.undo();
+    EXPECT_THAT(heard, ElementsAre("first", "second"));
+}
+
+TEST_F(Listener, IsThatOfItsOwnStackAndHearsOfWhatIsNotRecorded)
+{
+    std::vector<int> indices;
+    second.setMessageListener([&](const char*, moMessage&, int) { indices.push_back(-2); });
+    stack.setMessageListener(
+        [&](const char*, moMessage& message, int) { indices.push_back(value<int>(message, "index")); });
+    moUndoStack::beginBlockUndo();
+    stack.addOrExecute(new FamilyCommand("a"));
+    moUndoStack::endBlockUndo();
+    EXPECT_THAT(indices, ElementsAre(-1));
+    second.setMessageListener({});
 }
 
 } // namespace

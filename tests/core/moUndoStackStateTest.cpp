@@ -1,419 +1,267 @@
+#include <support/ContextTranslator.h>
 #include <support/ProbeCommand.h>
+#include <support/Trace.h>
 #include <support/UndoTest.h>
 
-#include <QtWidgets/QUndoStack>
+#include <moUndoStack/core/moUndoScopes.h>
+#include <moUndoStack/core/moUndoStackState.h>
 
-#include <random>
+#include <QtCore/QCoreApplication>
+#include <QtGui/QKeySequence>
+#include <QtWidgets/QAction>
+
+#include <memory>
+#include <stdexcept>
 
 namespace {
 
-/// Saved state, limit, position and texts: all as QUndoStack has them.
-class State : public UndoTest
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class StackState : public UndoTest
 {
 protected:
-    ProbeCommand* push(const std::string& text)
+    StackState()
     {
-        auto* command = new ProbeCommand(text);
-        stack.add(command);
-        return command;
+        hear("index", &moUndoStackState::indexChanged);
+        hear("canUndo", &moUndoStackState::canUndoChanged);
+        hear("canRedo", &moUndoStackState::canRedoChanged);
+        hear("clean", &moUndoStackState::cleanChanged);
+        hear("undoText", &moUndoStackState::undoTextChanged);
+        hear("redoText", &moUndoStackState::redoTextChanged);
     }
 
-    /// Pushes a step of a drag: it merges with the one before.
-    void drag(const std::string& text)
+    template<class Value>
+    void hear(const std::string& name, void (moUndoStackState::*signal)(Value))
     {
-        stack.add((new ProbeCommand(text))->withId(7)->onMerge([](const QUndoCommand*) { return true; }));
-    }
-
-    /// Makes the calls while a step is being reported, so that all of them wait.
-    template<class Calls>
-    void whileAtWork(const Calls& calls)
-    {
-        QObject context;
-        bool called = false;
-        QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [&] {
-            if (!std::exchange(called, true)) calls();
+        QObject::connect(state.get(), signal, &context, [this, name](const auto& value) {
+            heard.push_back(name + " " + QVariant(value).toString().toStdString());
         });
-        push("outer");
-        EXPECT_TRUE(called);
     }
+
+    std::vector<std::string> take() { return std::exchange(heard, {}); }
+
+    QObject context;
+    std::vector<std::string> heard;
+    std::unique_ptr<moUndoStackState> state = std::make_unique<moUndoStackState>(stack);
 };
 
-TEST_F(State, GivesThePositionAndTheStepsThere)
-{
-    EXPECT_EQ(stack.index(), 0);
-    const QUndoCommand* a = push("a");
-    const QUndoCommand* b = push("b");
-    stack.undo();
-    EXPECT_EQ(stack.index(), 1);
-    EXPECT_EQ(stack.command(0), a);
-    EXPECT_EQ(stack.command(1), b);
-    EXPECT_EQ(stack.command(2), nullptr);
-    EXPECT_EQ(stack.command(-1), nullptr);
-}
+using StackActions = StackState;
 
-TEST_F(State, GivesTheTextsOfTheStepsBesideThePosition)
+TEST_F(StackState, TellsWhatAPushAnUndoAndARedoChanged)
 {
-    EXPECT_EQ(stack.undoText(), "");
-    push("a");
-    push("b\nshort b");
-    push("c");
+    stack.add(new ProbeCommand("a"));
+    EXPECT_THAT(take(), ElementsAre("index 1", "canUndo true", "undoText a", "clean false"));
+    stack.add(new ProbeCommand("b"));
+    EXPECT_THAT(take(), ElementsAre("index 2", "undoText b"));
     stack.undo();
-    EXPECT_EQ(stack.undoText(), "short b") << "what an action shows";
-    EXPECT_EQ(stack.redoText(), "c");
-    stack.beginMacro("macro");
-    EXPECT_EQ(stack.undoText(), "") << "nothing can be undone while a macro is open";
-    stack.endMacro();
-    EXPECT_EQ(stack.undoText(), "macro");
-}
-
-TEST_F(State, IsCleanAtFirstAndAfterClear)
-{
-    EXPECT_TRUE(stack.isClean());
-    push("a");
-    EXPECT_FALSE(stack.isClean());
-    stack.resetClean();
-    EXPECT_EQ(stack.cleanIndex(), -1);
-    stack.clear();
-    EXPECT_TRUE(stack.isClean());
-    stack.resetClean();
-    stack.clear();
-    EXPECT_TRUE(stack.isClean()) << "also if there was no step";
-    EXPECT_EQ(stack.cleanIndex(), 0);
-}
-
-TEST_F(State, ThatWasSavedIsReachedAgainByUndoAndRedo)
-{
-    push("a");
-    stack.setClean();
-    push("b");
-    EXPECT_FALSE(stack.isClean());
-    stack.undo();
-    EXPECT_TRUE(stack.isClean());
-    stack.undo();
-    EXPECT_FALSE(stack.isClean());
+    EXPECT_THAT(take(), ElementsAre("index 1", "undoText a", "canRedo true", "redoText b"));
     stack.redo();
-    EXPECT_TRUE(stack.isClean());
+    EXPECT_THAT(take(), ElementsAre("index 2", "undoText b", "canRedo false", "redoText "));
 }
 
-TEST_F(State, ThatWasSavedIsNotDraggedAwayInsideAMergedStep)
+TEST_F(StackState, TellsOfAMergeOnlyTheNewText)
 {
-    drag("1");
-    drag("2");
-    stack.setClean();
-    drag("3");
-    drag("4");
-    EXPECT_EQ(describe(stack), "2 steps, at \"3\", undo, no redo");
-    stack.undo();
-    EXPECT_TRUE(stack.isClean());
+    const auto drag = [this](const char* text) {
+        auto* command = new ProbeCommand(text);
+        stack.add(command->withId(7)->onMerge([command](const QUndoCommand* newer) {
+            command->setText(newer->text());
+            return true;
+        }));
+    };
+    drag("from here");
+    take();
+    drag("to there");
+    EXPECT_THAT(take(), ElementsAre("undoText to there"));
 }
 
-TEST_F(State, ThatIsNoLongerCleanMergesAgain)
+TEST_F(StackState, SaysThatNothingCanBeUndoneWhileAMacroIsOpen)
 {
-    drag("1");
-    stack.setClean();
-    stack.resetClean();
-    drag("2");
-    EXPECT_EQ(stack.size(), 1);
-}
-
-TEST_F(State, ThatWasSavedIsLostWhenItsStepIsDeletedByAPush)
-{
-    push("a");
-    push("b");
-    stack.setClean();
-    stack.undo();
-    push("c");
-    EXPECT_EQ(stack.cleanIndex(), -1);
-    EXPECT_FALSE(stack.isClean());
-}
-
-TEST_F(State, CannotBeSavedInTheMiddleOfAMacro)
-{
+    stack.add(new ProbeCommand("a"));
+    take();
     stack.beginMacro("macro");
-    push("a");
-    stack.setClean();
-    EXPECT_FALSE(stack.isClean());
+    EXPECT_THAT(take(), ElementsAre("canUndo false", "undoText "));
+    stack.add(new ProbeCommand("b"));
+    EXPECT_THAT(take(), IsEmpty());
     stack.endMacro();
-    EXPECT_FALSE(stack.isClean());
-    EXPECT_EQ(stack.cleanIndex(), 0);
+    EXPECT_THAT(take(), ElementsAre("index 2", "canUndo true", "undoText macro"));
 }
 
-TEST_F(State, CanBeSavedDuringAComposition)
+TEST_F(StackState, HearsOfACompositionOnlyAtItsEnd)
 {
-    push("a");
-    stack.beginMultiCommand("composite", "", false);
-    stack.setClean();
-    new ProbeCommand("child", moUndoStack::getCurrentCommandParent());
-    EXPECT_TRUE(stack.isClean()) << "the children have not run yet";
-    stack.endMultiCommand();
-    EXPECT_FALSE(stack.isClean());
-    EXPECT_EQ(stack.cleanIndex(), 1);
+    {
+        const moCompositionScope composition(stack, "composite");
+        new ProbeCommand("a", moUndoStack::getCurrentCommandParent());
+        EXPECT_THAT(take(), IsEmpty());
+    }
+    EXPECT_THAT(take(), ElementsAre("index 1", "canUndo true", "undoText composite", "clean false"));
 }
 
-TEST_F(State, DoesNotSeeWhatIsNotRecorded)
+TEST_F(StackState, TellsOfJumpsAndOfClear)
 {
-    moUndoStack::beginBlockUndo();
-    stack.addOrExecute(new ProbeCommand("unrecorded"));
-    moUndoStack::endBlockUndo();
-    EXPECT_TRUE(stack.isClean());
-}
-
-TEST_F(State, IsSavedForEachStackOnItsOwn)
-{
-    push("a");
-    second.add(new ProbeCommand("b"));
-    stack.setClean();
-    EXPECT_TRUE(stack.isClean());
-    EXPECT_FALSE(second.isClean());
-}
-
-TEST_F(State, LimitDeletesTheOldestSteps)
-{
-    stack.setUndoLimit(2);
-    EXPECT_EQ(stack.undoLimit(), 2);
-    EXPECT_EQ(second.undoLimit(), 0);
-    push("a");
-    push("b");
-    push("c");
-    EXPECT_EQ(ProbeCommand::liveCount(), 2);
-    EXPECT_EQ(describe(stack), "2 steps, at \"c\", undo, no redo");
-    stack.undo();
-    stack.undo();
-    EXPECT_FALSE(stack.canUndo());
-}
-
-TEST_F(State, LimitIsRefusedWhenThereAreSteps)
-{
-    push("a");
-    stack.setUndoLimit(1);
-    EXPECT_EQ(stack.undoLimit(), 0);
-}
-
-TEST_F(State, LimitStaysThroughClear)
-{
-    stack.setUndoLimit(3);
-    push("a");
+    for (const char* text : {"a", "b", "c"})
+        stack.add(new ProbeCommand(text));
+    take();
+    stack.reset();
+    EXPECT_THAT(take(),
+                ElementsAre("index 0", "canUndo false", "undoText ", "canRedo true", "redoText a", "clean true"));
+    stack.setIndex(2);
+    EXPECT_THAT(take(), ElementsAre("index 2", "canUndo true", "undoText b", "redoText c", "clean false"));
     stack.clear();
-    EXPECT_EQ(stack.undoLimit(), 3);
+    EXPECT_THAT(take(),
+                ElementsAre("index 0", "canUndo false", "undoText ", "canRedo false", "redoText ", "clean true"));
 }
 
-TEST_F(State, LimitMovesTheMarkAndTheCleanIndexWithTheirSteps)
+TEST_F(StackState, TellsOfTheCleanState)
 {
-    stack.setUndoLimit(3);
-    push("a");
-    const QUndoCommand* b = push("b");
-    stack.mark();
+    stack.add(new ProbeCommand("a"));
+    take();
     stack.setClean();
-    push("c");
-    push("d");
-    EXPECT_EQ(stack.cleanIndex(), 1);
-    stack.reset();
-    EXPECT_EQ(stack.currentCommand(), b);
-    EXPECT_TRUE(stack.isClean());
+    EXPECT_THAT(take(), ElementsAre("clean true"));
+    stack.resetClean();
+    EXPECT_THAT(take(), ElementsAre("clean false"));
 }
 
-TEST_F(State, LimitMovesTheMarkAlsoWhenAMacroIsOneStepTooMany)
-{
-    stack.setUndoLimit(2);
-    push("a");
-    const QUndoCommand* b = push("b");
-    stack.mark();
-    stack.beginMacro("macro");
-    push("c");
-    push("d");
-    stack.endMacro();
-    stack.reset();
-    EXPECT_EQ(stack.currentCommand(), b);
-}
-
-TEST_F(State, LimitLeavesTheMarkAloneWhenAFullStackMergesOrFails)
-{
-    stack.setUndoLimit(2);
-    push("a");
-    stack.mark();
-    drag("1");
-    drag("2");
-    EXPECT_THROW(stack.add((new ProbeCommand("fails"))->onRedo([] { throw 1; })), int);
-    stack.reset();
-    EXPECT_EQ(describe(stack), "2 steps, at \"a\", undo, redo");
-}
-
-TEST_F(State, LimitTakesAMarkThatItDeletedToTheOldestState)
+TEST_F(StackState, TellsOfTheOldestStepThatTheLimitDeleted)
 {
     stack.setUndoLimit(1);
-    push("a");
-    stack.mark();
-    for (const char* text : {"b", "c", "d"})
-        push(text);
-    stack.reset();
-    EXPECT_EQ(describe(stack), "1 step, at start, no undo, redo");
+    stack.add(new ProbeCommand("a"));
+    take();
+    stack.add(new ProbeCommand("b"));
+    EXPECT_THAT(take(), ElementsAre("undoText b"));
 }
 
-TEST_F(State, LimitLosesACleanStateThatItDeleted)
+TEST_F(StackState, IsToldAfterTheListenersOfTheStack)
 {
-    stack.setUndoLimit(1);
-    push("a");
-    push("b");
-    EXPECT_EQ(stack.cleanIndex(), -1);
+    QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [this] { heard.emplace_back("redoPerformed"); });
+    stack.add(new ProbeCommand("a"));
+    EXPECT_EQ(take().front(), "redoPerformed");
 }
 
-// --- calls that wait ------------------------------------------------------------------------------------------------
-
-TEST_F(State, AnswersInAListenerAsIfTheCallsThatWaitWereDone)
+TEST_F(StackState, AgreesWithTheQueriesAlsoWhenASlotCallsTheStack)
 {
-    whileAtWork([&] {
-        stack.setClean();
-        EXPECT_TRUE(stack.isClean());
-        push("a");
-        EXPECT_FALSE(stack.isClean());
-        EXPECT_EQ(stack.cleanIndex(), 1);
-        EXPECT_EQ(stack.index(), 2);
-        EXPECT_EQ(stack.undoText(), "a");
-        stack.undo();
-        EXPECT_EQ(stack.redoText(), "a");
-        EXPECT_EQ(stack.undoText(), "outer");
-        stack.resetClean();
-        EXPECT_EQ(stack.cleanIndex(), -1);
-        stack.clear();
-        stack.setUndoLimit(1);
-        EXPECT_EQ(stack.undoLimit(), 1);
-        push("b");
-        EXPECT_TRUE(stack.command(0) == stack.currentCommand() && stack.currentCommand());
+    int calls = 0;
+    const auto check = [&] {
+        EXPECT_EQ(heard.back(), "canUndo " + std::string(stack.canUndo() ? "true" : "false"));
+        if (++calls == 1) stack.undo();
+    };
+    QObject::connect(state.get(), &moUndoStackState::canUndoChanged, &context, check);
+    stack.add(new ProbeCommand("a"));
+    EXPECT_EQ(calls, 2);
+    EXPECT_FALSE(stack.canUndo());
+    EXPECT_EQ(stack.redoText(), "a");
+    EXPECT_THAT(take(),
+                ElementsAre("index 1", "canUndo true", "canRedo true", "redoText a", "index 0", "canUndo false"));
+}
+
+TEST_F(StackState, LetsTheStepStandAndTellsTheRestWhenASlotThrows)
+{
+    QObject::connect(state.get(), &moUndoStackState::indexChanged, &context, [](int index) {
+        if (index == 1) throw std::runtime_error("slot");
     });
-    EXPECT_EQ(describe(stack), "1 step, at \"b\", undo, no redo");
-    EXPECT_EQ(stack.undoLimit(), 1);
+    EXPECT_THROW(stack.add(new ProbeCommand("a")), std::runtime_error);
+    EXPECT_EQ(stack.size(), 1);
+    EXPECT_THAT(take(), testing::Contains("clean false"));
 }
 
-/// The same random calls on a stack of Qt, with the same answers after each.
-class Twin
+TEST_F(StackState, MayBeDestroyedByItsOwnSlot)
 {
-public:
-    explicit Twin(moUndoStack& ours) : m_ours(ours) {}
-
-    void call(std::mt19937& random, bool merging)
-    {
-        const auto pick = random() % 12;
-        const int id = merging && pick < 2 ? 7 : -1;
-        switch (pick) {
-        case 0:
-        case 1:
-        case 2:
-        case 3:
-            push(id);
-            break;
-        case 4:
-        case 5:
-            m_ours.undo();
-            m_qt.undo();
-            break;
-        case 6:
-            m_ours.redo();
-            m_qt.redo();
-            break;
-        case 7:
-            m_ours.setClean();
-            m_qt.setClean();
-            break;
-        case 8:
-            m_ours.resetClean();
-            m_qt.resetClean();
-            break;
-        case 9:
-            m_ours.beginMacro("macro");
-            m_qt.beginMacro("macro");
-            break;
-        case 10:
-            m_ours.endMacro();
-            m_qt.endMacro();
-            break;
-        default:
-            if (random() % 4 == 0) {
-                m_ours.clear();
-                m_qt.clear();
-                m_qt.setClean(); // Qt forgets that if there was no step
-            }
-            const int limit = static_cast<int>(random() % 4);
-            m_ours.setUndoLimit(limit);
-            m_qt.setUndoLimit(limit);
-            break;
-        }
-    }
-
-    void compare() const
-    {
-        EXPECT_EQ(m_ours.index(), m_qt.index());
-        EXPECT_EQ(m_ours.size(), m_qt.count());
-        EXPECT_EQ(m_ours.canUndo(), m_qt.canUndo());
-        EXPECT_EQ(m_ours.canRedo(), m_qt.canRedo());
-        EXPECT_EQ(m_ours.isClean(), m_qt.isClean());
-        EXPECT_EQ(m_ours.cleanIndex(), m_qt.cleanIndex());
-        EXPECT_EQ(m_ours.undoLimit(), m_qt.undoLimit());
-    }
-
-    void compareTexts() const
-    {
-        EXPECT_EQ(m_ours.undoText(), m_qt.undoText());
-        EXPECT_EQ(m_ours.redoText(), m_qt.redoText());
-    }
-
-    void push(int id)
-    {
-        const std::string text = "step " + std::to_string(++m_made);
-        for (const bool ours : {false, true}) {
-            auto* command = (new ProbeCommand(text))->withId(id)->onMerge([](const QUndoCommand*) { return true; });
-            if (ours)
-                m_ours.add(command);
-            else
-                m_qt.push(command);
-        }
-    }
-
-private:
-    moUndoStack& m_ours;
-    QUndoStack m_qt;
-    int m_made = 0;
-};
-
-TEST_F(State, IsThatOfQtAfterAnyCalls)
-{
-    for (unsigned int seed = 1; seed <= 200 && !HasFailure(); ++seed) {
-        SCOPED_TRACE(seed);
-        stack.clear();
-        stack.setUndoLimit(0);
-        std::mt19937 random(seed);
-        Twin twin(stack);
-        for (int i = 0; i < 40; ++i) {
-            twin.call(random, true);
-            twin.compare();
-            twin.compareTexts();
-        }
-        stack.clear();
-    }
+    QObject::connect(state.get(), &moUndoStackState::indexChanged, &context, [this] { state.reset(); });
+    moUndoStackState other(stack);
+    int heardByOther = 0;
+    QObject::connect(&other, &moUndoStackState::canUndoChanged, &context, [&] { ++heardByOther; });
+    stack.add(new ProbeCommand("a"));
+    EXPECT_THAT(take(), ElementsAre("index 1"));
+    EXPECT_EQ(heardByOther, 1);
 }
 
-TEST_F(State, IsThatOfQtAfterAnyCallsThatWait)
+TEST_F(StackState, IsThatOfItsOwnStack)
 {
-    for (unsigned int seed = 1; seed <= 200 && !HasFailure(); ++seed) {
-        SCOPED_TRACE(seed);
-        stack.clear();
-        stack.setUndoLimit(0);
-        std::mt19937 random(seed);
-        Twin twin(stack);
-        QObject context;
-        bool called = false;
-        QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [&] {
-            if (std::exchange(called, true)) return;
-            for (int i = 0; i < 40; ++i) {
-                twin.call(random, false);
-                twin.compare();
-            }
-        });
-        twin.push(-1);
-        EXPECT_TRUE(called);
-        twin.compare();
-        twin.compareTexts();
-        stack.clear();
-    }
+    second.add(new ProbeCommand("a"));
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+// --- actions --------------------------------------------------------------------------------------------------------
+
+TEST_F(StackActions, ShowTheStepAndAreEnabledWhileTheStackCanDoIt)
+{
+    const QAction* undo = state->createUndoAction(&context);
+    const QAction* redo = state->createRedoAction(&context);
+    EXPECT_EQ(undo->parent(), &context);
+    EXPECT_EQ(undo->text(), "Undo");
+    EXPECT_EQ(redo->text(), "Redo");
+    EXPECT_FALSE(undo->isEnabled() || redo->isEnabled());
+    stack.add(new ProbeCommand("move"));
+    EXPECT_EQ(undo->text(), "Undo move");
+    EXPECT_TRUE(undo->isEnabled());
+    stack.undo();
+    EXPECT_EQ(redo->text(), "Redo move");
+    EXPECT_EQ(undo->text(), "Undo");
+    EXPECT_TRUE(redo->isEnabled());
+    EXPECT_FALSE(undo->isEnabled());
+}
+
+TEST_F(StackActions, UndoAndRedoWhenTheyAreTriggered)
+{
+    QAction* undo = state->createUndoAction(&context);
+    QAction* redo = state->createRedoAction(&context);
+    stack.add(new ProbeCommand("a"));
+    undo->trigger();
+    EXPECT_EQ(stack.index(), 0);
+    redo->trigger();
+    EXPECT_EQ(stack.index(), 1);
+}
+
+TEST_F(StackActions, HaveTheStandardShortcuts)
+{
+    EXPECT_EQ(state->createUndoAction(&context)->shortcuts(), QKeySequence::keyBindings(QKeySequence::Undo));
+    EXPECT_EQ(state->createRedoAction(&context)->shortcuts(), QKeySequence::keyBindings(QKeySequence::Redo));
+}
+
+TEST_F(StackActions, PutAPrefixBeforeTheStep)
+{
+    const QAction* undo = state->createUndoAction(&context, "Re&vert:");
+    EXPECT_EQ(undo->text(), "Re&vert:");
+    stack.add(new ProbeCommand("move"));
+    EXPECT_EQ(undo->text(), "Re&vert: move");
+}
+
+TEST_F(StackActions, ShowTextsAsTheyAre)
+{
+    const QAction* undo = state->createUndoAction(&context);
+    const QAction* redo = state->createRedoAction(&context);
+    stack.add(new ProbeCommand("cut & paste %1"));
+    EXPECT_EQ(undo->text(), "Undo cut && paste %1");
+    stack.add(new ProbeCommand("long text\nfirst line\nsecond line"));
+    EXPECT_EQ(undo->text(), "Undo first line second line");
+    stack.add(new ProbeCommand("Set (a) (b) "));
+    EXPECT_EQ(undo->text(), "Undo Set (a) (b)");
+    stack.undo();
+    EXPECT_EQ(redo->text(), "Redo Set (a) (b)");
+}
+
+TEST_F(StackActions, MadeLaterShowThePresentState)
+{
+    stack.add(new ProbeCommand("a"));
+    stack.add(new ProbeCommand("b"));
+    stack.undo();
+    EXPECT_EQ(state->createUndoAction(&context)->text(), "Undo a");
+    EXPECT_EQ(state->createRedoAction(&context)->text(), "Redo b");
+    EXPECT_TRUE(state->createRedoAction(&context)->isEnabled());
+}
+
+TEST_F(StackActions, AreDisabledOnceTheStateIsDestroyed)
+{
+    stack.add(new ProbeCommand("a"));
+    const QAction* undo = state->createUndoAction(&context);
+    state.reset();
+    EXPECT_FALSE(undo->isEnabled());
+}
+
+TEST_F(StackActions, AreTranslatedInTheContextOfTheirClass)
+{
+    const ContextTranslator translator;
+    EXPECT_EQ(state->createUndoAction(&context)->text(), "moUndoStackState: Undo");
 }
 
 } // namespace

@@ -21,9 +21,9 @@ public:
 
     /// Does nothing if there is none.
     template<class... Arguments>
-    void operator()(const Arguments&... arguments) const
+    void operator()(Arguments&&... arguments) const
     {
-        if (const auto running = m_held) running->function(arguments...);
+        if (const auto running = m_held) running->function(std::forward<Arguments>(arguments)...);
     }
 
 private:

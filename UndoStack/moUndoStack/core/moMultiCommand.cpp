@@ -60,6 +60,7 @@ moMultiCommand::~moMultiCommand() = default;
 
 void moMultiCommand::undo()
 {
+    if (m_cancelled) return;
     const int last = childCount() - 1;
     const auto fromTheLast = [this, last](int i) { return childAt(last - i); };
     runWhole(fromTheLast, &QUndoCommand::undo, &QUndoCommand::redo, m_after);
@@ -67,6 +68,7 @@ void moMultiCommand::undo()
 
 void moMultiCommand::redo()
 {
+    if (m_cancelled) return;
     const auto fromTheFirst = [this](int i) { return childAt(i); };
     runWhole(fromTheFirst, &QUndoCommand::redo, &QUndoCommand::undo, m_after);
 }
@@ -82,13 +84,15 @@ bool moMultiCommand::mergeWith(const QUndoCommand* other)
 
 void moMultiCommand::makeMessage(moMessage& message) const
 {
-    if (childCount() == 0) return;
-    if (const auto* first = dynamic_cast<const moUndoCommand*>(child(0))) first->makeMessage(message);
+    const auto children = childrenOf(*this);
+    if (children.empty()) return;
+    if (const auto* first = dynamic_cast<const moUndoCommand*>(children.front())) first->makeMessage(message);
 }
 
 bool moMultiCommand::canMergeWith(const QUndoCommand* other) const
 {
-    if (!other || !m_mergeEnabled || other->id() != id() || other->childCount() != childCount()) return false;
+    if (!other || !m_mergeEnabled || m_cancelled || other->id() != id() || other->childCount() != childCount())
+        return false;
     for (int i = 0; i < childCount(); ++i) {
         const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i));
         if (!command || !command->canMergeWith(other->child(i))) return false;
@@ -112,6 +116,29 @@ bool moMultiCommand::hasChild(const QUndoCommand* command) const
         if (child(i) == command) return true;
     }
     return false;
+}
+
+/// From now on the composite does nothing. It and its children exist as long as its parent, which cannot release them.
+void moMultiCommand::cancel()
+{
+    m_cancelled = true;
+    removeChangedCBs();
+}
+
+bool moMultiCommand::isCancelled(const QUndoCommand* command)
+{
+    const auto* composite = dynamic_cast<const moMultiCommand*>(command);
+    return composite && composite->m_cancelled;
+}
+
+/// The children of any command but the composites that were cancelled.
+std::vector<const QUndoCommand*> moMultiCommand::childrenOf(const QUndoCommand& command)
+{
+    std::vector<const QUndoCommand*> children;
+    for (int i = 0; i < command.childCount(); ++i) {
+        if (!isCancelled(command.child(i))) children.push_back(command.child(i));
+    }
+    return children;
 }
 
 QUndoCommand* moMultiCommand::childAt(int index) const

@@ -3,6 +3,8 @@
 #include <moUndoStack/core/moUndoCommandBase.h>
 #include <moUndoStack/core/moUndoCommandId.h>
 
+#include <vector>
+
 /// A composite: one undo step made of child commands.
 ///
 /// Usually made between moUndoStack::beginMultiCommand() and endMultiCommand(). Its children are done in order and
@@ -77,8 +79,16 @@ public:
     bool hasChild(const QUndoCommand* command) const;
 
 private:
+    friend class moUndoStack;
+    friend class moUndoHistoryModel;
+
+    void cancel();
+    static bool isCancelled(const QUndoCommand* command);
+    static std::vector<const QUndoCommand*> childrenOf(const QUndoCommand& command);
+
     QUndoCommand* childAt(int index) const;
 
     std::function<void()> m_after;
     bool m_mergeEnabled = true;
+    bool m_cancelled = false; ///< stays with its parent, which cannot release it, and does nothing
 };

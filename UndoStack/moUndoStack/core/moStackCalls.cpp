@@ -68,7 +68,7 @@ void moStackOutlook::add(const moStackCall& call)
     case Kind::Clear:
         m_known = 0;
         m_coming.clear();
-        m_place = {0, 0, 0, 0, 0, m_place.limit};
+        m_place = {0, 0, 0, 0, 0, m_place.limit, m_place.clears + 1};
         break;
     case Kind::BeginMacro:
         if (m_place.openMacros == 0) push(nullptr);
@@ -140,6 +140,7 @@ void moStackCalls::work(const moStackCall& call)
     m_countBefore = m_stack.count();
     moStep::attempt([this, &call] { m_carryOut(call); });
     settle();
+    if (m_moves) Q_EMIT m_moves->moved(move());
     m_atHand = nullptr;
 }
 
@@ -159,6 +160,7 @@ void moStackCalls::settleNow()
         break;
     case Kind::Clear:
         m_openMacros = 0;
+        ++m_clears;
         break;
     default:
         break;
@@ -177,8 +179,48 @@ int moStackCalls::dropped() const
 {
     const int count = m_stack.count();
     if (m_atHand->kind == Kind::EndMacro) return m_countBefore - count;
-    const bool appended = m_stack.command(count - 1) == m_atHand->command; // neither merged nor failed
-    return appended ? m_indexBefore + 1 - count : 0;
+    return hasAppended() ? m_indexBefore + 1 - count : 0;
+}
+
+/// Whether the push at hand was neither merged nor failed.
+bool moStackCalls::hasAppended() const
+{
+    return m_stack.command(m_stack.count() - 1) == m_atHand->command;
+}
+
+moStackMove moStackCalls::move() const
+{
+    const int count = m_stack.count();
+    moStackMove move;
+    switch (m_atHand->kind) {
+    case Kind::Push:
+        move.appended = m_openMacros == 0 && hasAppended();
+        move.merged = m_openMacros == 0 && !move.appended;
+        move.kept = move.appended || m_openMacros > 0 ? m_indexBefore : count;
+        move.dropped = m_openMacros == 0 ? dropped() : 0;
+        break;
+    case Kind::BeginMacro:
+    case Kind::EndMacro:
+        move.kept = m_indexBefore;
+        if (m_openMacros > 0) break;
+        move.dropped = dropped();
+        move.appended = m_stack.index() + move.dropped > m_indexBefore;
+        if (!move.appended) move.kept = count; // there was no macro
+        break;
+    case Kind::Clear:
+        break;
+    default:
+        move.kept = count;
+        move.unknown = count != m_countBefore; // commands of the caller that turned obsolete
+        break;
+    }
+    return move;
+}
+
+const moStackMoves& moStackCalls::moves()
+{
+    if (!m_moves) m_moves = std::make_unique<moStackMoves>();
+    return *m_moves;
 }
 
 bool moStackCalls::isAdding() const
@@ -216,7 +258,8 @@ const QUndoCommand* moStackCalls::command(int position)
 
 moStackPlace moStackCalls::now() const
 {
-    return {m_stack.index(), m_stack.count(), m_mark, m_openMacros, m_stack.cleanIndex(), m_stack.undoLimit()};
+    return {m_stack.index(),      m_stack.count(),     m_mark,  m_openMacros,
+            m_stack.cleanIndex(), m_stack.undoLimit(), m_clears};
 }
 
 moStackOutlook& moStackCalls::outlook()

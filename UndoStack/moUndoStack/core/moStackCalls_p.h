@@ -1,9 +1,12 @@
 #pragma once
 
+#include <moUndoStack/core/moStackMoves_p.h>
+
 #include <QtCore/QString>
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -42,13 +45,14 @@ struct moStackPlace
     int count = 0;
     int mark = 0;
     int openMacros = 0;
-    int clean = 0; ///< -1: none
-    int limit = 0; ///< 0: none
+    int clean = 0;  ///< -1: none
+    int limit = 0;  ///< 0: none
+    int clears = 0; ///< how often the stack was cleared
 
     bool operator==(const moStackPlace& other) const
     {
         return index == other.index && count == other.count && mark == other.mark && openMacros == other.openMacros &&
-               clean == other.clean && limit == other.limit;
+               clean == other.clean && limit == other.limit && clears == other.clears;
     }
 };
 
@@ -122,6 +126,9 @@ public:
     /// The command at a position, likewise; null if there is none.
     const QUndoCommand* command(int position);
 
+    /// Tells what each call did. Made at the first use, because few stacks have companions.
+    const moStackMoves& moves();
+
     /// Sets the index for reset().
     void setMark(int index) { m_mark = index; }
     /// The index for reset(), by the calls that were carried out.
@@ -139,6 +146,8 @@ private:
     void settleNow();
     void moveMark();
     int dropped() const;
+    bool hasAppended() const;
+    moStackMove move() const;
     moStackPlace now() const;
     moStackOutlook& outlook();
 
@@ -148,8 +157,10 @@ private:
     bool m_settled = true;
     int m_mark = 0;
     int m_openMacros = 0;
+    int m_clears = 0;
     int m_countBefore = 0; ///< number of steps when the call at hand began
     int m_indexBefore = 0;
+    std::unique_ptr<moStackMoves> m_moves;
     std::deque<Waiting> m_waiting;
 
     /// Made at the first query and kept as long as the calls do what it computed: each turn of a loop of queries and

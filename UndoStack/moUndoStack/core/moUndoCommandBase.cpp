@@ -40,6 +40,16 @@ void moUndoCommandBase::setChangedCB(std::function<void(bool)> changed)
     s_changedCount += int(bool(m_changed)) - int(had);
 }
 
+void moUndoCommandBase::removeChangedCBs()
+{
+    setChangedCB({});
+    for (int i = 0; i < childCount(); ++i) {
+        // Qt returns children as const only; this command owns them.
+        if (auto* command = dynamic_cast<moUndoCommandBase*>(const_cast<QUndoCommand*>(child(i))))
+            command->removeChangedCBs();
+    }
+}
+
 void moUndoCommandBase::callChangedCB(bool done) const
 {
     moStep::afterwards([this, done] { m_changed(done); });

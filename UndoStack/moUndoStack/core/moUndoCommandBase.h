@@ -45,9 +45,11 @@ public:
     void setChangedCB(std::function<void(bool)> changed);
 
 private:
+    friend class moMultiCommand;
     friend class moUndoStack;
 
     void callChangedCB(bool done) const;
+    void removeChangedCBs();
 
     /// How many commands have a changed callback. With none, a step skips the search for callbacks: the dynamic_cast
     /// alone takes 240 instructions, a fifth of an undo.

@@ -20,7 +20,8 @@
 
 unsigned int moUndoStack::s_undoEnableCount = 0;
 unsigned int moUndoStack::s_blockUndoCount = 0;
-QStack<QPair<moMultiCommand*, moUndoStack::StackType>> moUndoStack::s_multiCommands;
+std::vector<moUndoStack::Composition> moUndoStack::s_multiCommands;
+unsigned int moUndoStack::s_compositionCount = 0;
 std::vector<moMultiCommand*> moUndoStack::s_abandoned;
 
 namespace {
@@ -82,8 +83,10 @@ struct moUndoStacks
         // deleted, but are closed: such a call finds them empty and changes nothing.
         for (moUndoStack& stack : all)
             stack.m_calls->close();
-        while (!moUndoStack::s_multiCommands.isEmpty())
-            moUndoStack::abandon(moUndoStack::s_multiCommands.pop().first);
+        while (!moUndoStack::s_multiCommands.empty()) {
+            moUndoStack::abandon(moUndoStack::s_multiCommands.back().composite);
+            moUndoStack::s_multiCommands.pop_back();
+        }
         for (const moMultiCommand* composite : moUndoStack::s_abandoned)
             delete composite;
         moUndoStack::s_abandoned.clear();
@@ -163,12 +166,12 @@ void moUndoStack::endBlockUndo()
 
 QUndoCommand* moUndoStack::currentMultiCommand()
 {
-    return s_multiCommands.isEmpty() ? nullptr : s_multiCommands.constLast().first;
+    return s_multiCommands.empty() ? nullptr : s_multiCommands.back().composite;
 }
 
 bool moUndoStack::isComposing()
 {
-    return !s_multiCommands.isEmpty();
+    return !s_multiCommands.empty();
 }
 
 QUndoCommand* moUndoStack::getCurrentCommandParent()
@@ -178,67 +181,88 @@ QUndoCommand* moUndoStack::getCurrentCommandParent()
 
 bool moUndoStack::isChildOfMultiCommand(const QUndoCommand* command)
 {
-    for (const auto& composition : s_multiCommands) {
-        if (composition.first->hasChild(command)) return true;
-    }
-    return false;
+    return std::any_of(s_multiCommands.begin(), s_multiCommands.end(),
+                       [command](const Composition& each) { return each.composite->hasChild(command); });
 }
 
 void moUndoStack::beginMultiCommand(const QString& text, const QString& description, bool mergeEnabled)
 {
+    s_multiCommands.reserve(s_multiCommands.size() + 1);
     auto* composite = new moMultiCommand(moUndoString(text, description, QString()), nullptr, mergeEnabled);
-    s_multiCommands.push({composite, getType()});
+    s_multiCommands.push_back({composite, getType(), ++s_compositionCount});
+}
+
+/// Whether the innermost composition was begun on this stack; logs an error if not.
+bool moUndoStack::checkComposition(const char* function) const
+{
+    if (s_multiCommands.empty()) {
+        moLog::errorNR("moUndoStack::%s(): no matching beginMultiCommand()", function);
+        return false;
+    }
+    if (s_multiCommands.back().type != getType()) {
+        moLog::errorNR("moUndoStack::%s(): no matching beginMultiCommand() for stack %i.", function,
+                       static_cast<int>(getType()));
+        return false;
+    }
+    return true;
 }
 
 void moUndoStack::endMultiCommand()
 {
-    if (s_multiCommands.isEmpty()) {
-        moLog::errorNR("moUndoStack::endMultiCommand(): no matching beginMultiCommand()");
-        return;
-    }
-    if (s_multiCommands.top().second != getType()) {
-        moLog::errorNR("moUndoStack::endMultiCommand(): no matching beginMultiCommand() for stack %i.",
-                       static_cast<int>(getType()));
-        return;
-    }
+    if (!checkComposition("endMultiCommand")) return;
 
-    moMultiCommand* composite = s_multiCommands.top().first;
+    moMultiCommand* composite = s_multiCommands.back().composite;
     if (s_multiCommands.size() > 1) {
         abandon(composite);
-        s_multiCommands.pop();
+        s_multiCommands.pop_back();
         return;
     }
-    s_multiCommands.pop();
-    const int count = composite->childCount();
-    if (count < 1) {
+    s_multiCommands.pop_back();
+    const auto children = moMultiCommand::childrenOf(*composite);
+    if (children.empty()) {
         delete composite;
         return;
     }
 
     if (composite->getDescription().isEmpty()) {
-        if (const auto* first = dynamic_cast<const moUndoCommandBase*>(composite->child(0)))
+        if (const auto* first = dynamic_cast<const moUndoCommandBase*>(children.front()))
             composite->setDescription(QStringLiteral("Set ") + first->getDescription());
     }
     if (composite->text().isEmpty()) {
         QString text = tr("Set ");
-        for (int i = 0; i < count; ++i) {
-            const QString name = composite->child(i)->text();
-            text += count == 1 ? name : QLatin1Char('(') + name + QLatin1String(") ");
+        for (const QUndoCommand* child : children) {
+            const QString name = child->text();
+            text += children.size() == 1 ? name : QLatin1Char('(') + name + QLatin1String(") ");
         }
         composite->setText(text);
     }
     addOrExecute(composite);
 }
 
+void moUndoStack::cancelMultiCommand()
+{
+    if (checkComposition("cancelMultiCommand")) cancelInnermost();
+}
+
+void moUndoStack::cancelInnermost()
+{
+    moMultiCommand* composite = s_multiCommands.back().composite;
+    if (s_multiCommands.size() > 1) {
+        abandon(composite);
+        composite->cancel();
+        s_multiCommands.pop_back();
+        return;
+    }
+    s_multiCommands.pop_back();
+    delete composite;
+}
+
 void moUndoStack::clearMultiCommands()
 {
-    if (s_multiCommands.isEmpty()) return;
+    if (s_multiCommands.empty()) return;
     moLog::warningNR("moUndoStack::clearMultiCommands() called while multi command is composed.");
-    while (s_multiCommands.size() > 1) {
-        abandon(s_multiCommands.top().first);
-        s_multiCommands.pop();
-    }
-    delete s_multiCommands.pop().first;
+    while (!s_multiCommands.empty())
+        cancelInnermost();
 }
 
 /// A nested composite stays a child of the one around it. One without a parent was begun while recording was off.
@@ -325,7 +349,7 @@ void moUndoStack::carryOut(const moStackCall& call)
 
 void moUndoStack::add(QUndoCommand* command)
 {
-    if (!command || !s_multiCommands.isEmpty()) return;
+    if (!command || isComposing()) return;
     if (m_calls->isClosed()) {
         drop(command);
         return;
@@ -372,6 +396,11 @@ void moUndoStack::beginMacro(const QString& text)
 void moUndoStack::endMacro()
 {
     m_calls->perform({Kind::EndMacro});
+}
+
+void moUndoStack::setIndex(int index)
+{
+    m_calls->perform({Kind::Jump, nullptr, index});
 }
 
 void moUndoStack::mark()
@@ -489,7 +518,7 @@ void moUndoStack::showHistory()
         moLog::errorNR("moUndoStack::showHistory(): there is no QApplication");
         return;
     }
-    moHistoryWindow::show(getType(), *m_stack, [this](int index) { m_calls->perform({Kind::Jump, nullptr, index}); });
+    moHistoryWindow::show(getType(), *m_stack, [this](int index) { setIndex(index); });
 }
 
 // --- notifications --------------------------------------------------------------------------------------------------
@@ -497,6 +526,11 @@ void moUndoStack::showHistory()
 void moUndoStack::setMessageCallback(MessageCallback callback)
 {
     m_messageCallback = callback;
+}
+
+void moUndoStack::setMessageListener(MessageListener listener)
+{
+    m_messageListener.set(std::move(listener));
 }
 
 /// Signals are emitted from the first connection on: emitting one that has no slot takes a tenth of an undo. A
@@ -515,7 +549,7 @@ void moUndoStack::indexChanged(int i)
     m_calls->settle();
     const bool forward = m_lastIndex <= i;
     m_lastIndex = i;
-    if (!m_hadSlots && !m_messageCallback && moUndoCommandBase::s_changedCount == 0) return;
+    if (!m_hadSlots && !hasMessages() && moUndoCommandBase::s_changedCount == 0) return;
     if (forward)
         sendRedoNotification(m_stack->command(i - 1), i - 1, m_calls->isAdding());
     else
@@ -525,14 +559,14 @@ void moUndoStack::indexChanged(int i)
 void moUndoStack::sendRedoNotification(const QUndoCommand* command, int index, bool added)
 {
     if (m_hadSlots) moStep::afterwards([&] { Q_EMIT redoPerformed(command, added); });
-    if (m_messageCallback) sendMessage(command, redoMessage, index, added);
+    if (hasMessages()) sendMessage(command, redoMessage, index, added);
     callChangedCB(command, true);
 }
 
 void moUndoStack::sendUndoNotification(const QUndoCommand* command, int index)
 {
     if (m_hadSlots) moStep::afterwards([&] { Q_EMIT undoPerformed(command); });
-    if (m_messageCallback) sendMessage(command, undoMessage, index, false);
+    if (hasMessages()) sendMessage(command, undoMessage, index, false);
     callChangedCB(command, false);
 }
 
@@ -544,6 +578,7 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
     moStep::afterwards([&] { fill(message, *command, index, added); });
     // Checked again: makeMessage() is foreign code and may have removed the callback.
     if (m_messageCallback) moStep::afterwards([&] { m_messageCallback(name, message, 0); });
+    if (m_messageListener) moStep::afterwards([&] { m_messageListener(name, message, 0); });
 }
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)

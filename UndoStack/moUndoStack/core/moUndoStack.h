@@ -1,13 +1,13 @@
 #pragma once
 
+#include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moUndoStackExport.h>
 
 #include <QtCore/QMetaType>
 #include <QtCore/QObject>
-#include <QtCore/QPair>
-#include <QtCore/QStack>
 #include <QtWidgets/QUndoCommand>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -154,6 +154,15 @@ public:
     /// docs/oddities.md#nested-composites-that-belong-to-nobody.
     void endMultiCommand();
 
+    /// Ends the innermost composition and drops its composite: the children are neither run nor recorded, and their
+    /// changed callbacks are removed. The edits of the compositions around it stay. The children are deleted with the
+    /// outermost composite: at once if that is the one which is cancelled. If nothing is being composed, or the
+    /// composition was begun on the other stack, an error is logged and nothing changes. See moCompositionScope, which
+    /// cancels when an exception leaves it.
+    ///
+    /// A composite with a cancelled one inside does not merge.
+    void cancelMultiCommand();
+
     /// Starts a macro of Qt: what is added until endMacro() becomes one step, reported once, when it ends. Each command
     /// is run as it is added. If one of them fails to write when the macro is undone or redone, the commands before it
     /// stay undone or redone: only a composite happens whole or not at all.
@@ -218,8 +227,22 @@ public:
     /// What setUndoLimit() set. While calls wait: the answer once they are done.
     int undoLimit() const;
 
-    /// Sets the one message callback of this stack. Null (the default) switches messages off: then none is built.
+    /// Goes to the state in which this number of steps is done, reported as one step. Out of range: the nearest. While
+    /// a macro is open, Qt warns and nothing changes.
+    void setIndex(int index);
+
+    /// Sets the one message callback of this stack. Null, the default: none. A message is built only if there is a
+    /// callback or a listener.
     void setMessageCallback(MessageCallback callback);
+
+    /// Gets the message of each step, as MessageCallback does.
+    using MessageListener = std::function<void(const char*, moMessage&, int)>;
+
+    /// Sets the one message listener of this stack: a callback that may have a state. It is called after the message
+    /// callback with the same message, also with what that has changed in it. An empty function, the default: none. It
+    /// may be replaced while it runs. Nothing is called once the stack is destroyed at process exit; remove it before
+    /// what it refers to is destroyed.
+    void setMessageListener(MessageListener listener);
 
 Q_SIGNALS:
     /// A command was done, with `added` true, or redone, with `added` false. A merge reports the older command, with
@@ -265,9 +288,24 @@ private:
     moUndoStack();
     ~moUndoStack() override;
 
+    friend class moCompositionScope;
+    friend class moMacroScope;
+    friend class moUndoHistoryModel;
+    friend class moUndoStackState;
+
+    /// A composition under way. Its number tells it from all others, also from later ones at the same address.
+    struct Composition
+    {
+        moMultiCommand* composite;
+        StackType type;
+        unsigned int number;
+    };
+
     static QUndoCommand* currentMultiCommand();
     static bool isChildOfMultiCommand(const QUndoCommand* command);
     static void clearMultiCommands();
+    bool checkComposition(const char* function) const;
+    static void cancelInnermost();
     static void abandon(moMultiCommand* composite);
 
     StackType getType() const;
@@ -276,6 +314,7 @@ private:
     void pushNow(QUndoCommand* command);
     void carryOut(const moStackCall& call);
     void deleteCommands();
+    bool hasMessages() const { return m_messageCallback || m_messageListener; }
     QString textAt(int index) const;
 
     void sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const;
@@ -285,13 +324,15 @@ private:
 
     static unsigned int s_undoEnableCount;
     static unsigned int s_blockUndoCount;
-    static QStack<QPair<moMultiCommand*, StackType>> s_multiCommands;
+    static std::vector<Composition> s_multiCommands;
+    static unsigned int s_compositionCount;
     static std::vector<moMultiCommand*> s_abandoned;
 
     QUndoStack* m_stack;
     std::unique_ptr<moStackCalls> m_calls;
     int m_lastIndex = 0;
     MessageCallback m_messageCallback = nullptr;
+    moUndoDetail::HeldFunction<void(const char*, moMessage&, int)> m_messageListener;
     bool m_hadSlots = false;
 };
 
