@@ -17,8 +17,10 @@
 #include <moUndoStack/core/moUndoCommand.h>
 #include <moUndoStack/core/moUndoCommandBase.h>
 #include <moUndoStack/core/moUndoCommandId.h>
+#include <moUndoStack/core/moUndoScopes.h>
 #include <moUndoStack/core/moUndoStack.h>
 #include <moUndoStack/core/moUndoStackExport.h>
+#include <moUndoStack/core/moUndoStackState.h>
 #include <moUndoStack/field/moBoolFieldUndoCommand.h>
 #include <moUndoStack/field/moFieldBaseUndoCommand.h>
 #include <moUndoStack/field/moFieldUndoCommand.h>

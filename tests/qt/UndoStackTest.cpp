@@ -326,4 +326,70 @@ TEST_F(QtUndoStack, OwnsACommandThatThrowsInAMacroNeither)
     EXPECT_EQ(stack.command(0)->childCount(), 0);
 }
 
+// --- clean state and limit ------------------------------------------------------------------------------------------
+
+TEST_F(QtUndoStack, NeverMergesIntoTheCleanCommand)
+{
+    auto* const older = command("a", 1);
+    older->onMerge = [] { return true; };
+    stack.push(older);
+    stack.setClean();
+    stack.push(command("b", 1));
+    EXPECT_EQ(stack.count(), 2);
+}
+
+TEST_F(QtUndoStack, LosesTheCleanStateWhenAPushOrAMacroDeletesItsCommand)
+{
+    push("a");
+    stack.setClean();
+    stack.undo();
+    push("b");
+    EXPECT_EQ(stack.cleanIndex(), -1);
+    stack.setClean();
+    stack.undo();
+    stack.beginMacro("macro");
+    EXPECT_EQ(stack.cleanIndex(), -1);
+    stack.endMacro();
+}
+
+TEST_F(QtUndoStack, IsCleanAfterClearOnlyIfItHeldACommand)
+{
+    stack.resetClean();
+    stack.clear();
+    EXPECT_FALSE(stack.isClean());
+    push("a");
+    stack.resetClean();
+    stack.clear();
+    EXPECT_TRUE(stack.isClean());
+}
+
+TEST_F(QtUndoStack, DeletesTheOldestCommandAfterAppendingAndThenReportsTheUnchangedIndex)
+{
+    stack.setUndoLimit(2);
+    push("a");
+    push("b");
+    stack.setClean();
+    take();
+    push("c");
+    EXPECT_THAT(take(), ElementsAre("redo c", "delete a", "index 2 of 2"));
+    EXPECT_EQ(stack.cleanIndex(), 1);
+}
+
+TEST_F(QtUndoStack, AppliesTheLimitToAMacroAtItsEnd)
+{
+    stack.setUndoLimit(1);
+    push("a");
+    stack.beginMacro("macro");
+    EXPECT_EQ(stack.count(), 2);
+    stack.endMacro();
+    EXPECT_EQ(stack.count(), 1);
+}
+
+TEST_F(QtUndoStack, RefusesALimitWhileItHoldsACommand)
+{
+    push("a");
+    stack.setUndoLimit(5);
+    EXPECT_EQ(stack.undoLimit(), 0);
+}
+
 } // namespace
