@@ -18,8 +18,9 @@ constexpr std::array<KindRow, Operation::kindCount> kinds = {{
     {"Rename", 70},     {"Number", 70},     {"MakeNumber", 25}, {"Text", 70},      {"Switch", 30},    {"Tally", 30},
     {"Group", 20},      {"Sample", 30},     {"Undo", 150},      {"Redo", 90},      {"Mark", 15},      {"Reset", 25},
     {"Begin", 45},      {"End", 12},        {"BeginMacro", 12}, {"EndMacro", 10},  {"BeginUndo", 14}, {"EndUndo", 14},
-    {"BeginBlock", 12}, {"EndBlock", 10},   {"Clear", 10},       {"ClearAll", 5},   {"Wait", 50},      {"Destroy", 8},
-    {"Create", 30},     {"Messages", 14},   {"Respond", 25},   {"UndoAll", 8},
+    {"BeginBlock", 12}, {"EndBlock", 10},   {"Clear", 10},       {"ClearAll", 5},   {"Wait", 50},      {"Destroy", 12},
+    {"Create", 30},     {"Messages", 14},   {"Respond", 25},   {"UndoAll", 14},
+    {"Cancel", 14},      {"SetClean", 20},   {"ResetClean", 14},  {"Limit", 8},
 }};
 // clang-format on
 
@@ -137,18 +138,21 @@ Program Generator::program(unsigned length)
     while (made.size() < length) {
         made.push_back(next());
         if (made.back().kind == Operation::End && below(2) == 0) repeatComposition(made);
+        // A limit is taken only where there is no step.
+        if (made.back().kind == Operation::Clear) made.push_back({Operation::Limit, made.back().stack, below(4)});
         if (made.back().kind <= Operation::Text && below(8) == 0) drag(made);
     }
     made.resize(length);
     return made;
 }
 
-/// Repeats a command, sometimes after a pause that is too long for a merge.
+/// Repeats a command, sometimes after a pause that is too long for a merge, or from a state that was saved.
 void Generator::drag(Program& program)
 {
     const Operation step = program.back();
     for (unsigned i = 2 + below(4); i > 0; --i) {
         program.push_back({Operation::Wait, 0, below(8)});
+        if (below(8) == 0) program.push_back({Operation::SetClean, step.stack});
         program.push_back(step);
     }
 }

@@ -38,9 +38,13 @@ struct Operation
         Create,
         Messages, ///< the message callback on or off
         Respond,  ///< a slot answers the next signal with a call of the stack
-        UndoAll   ///< calls undo() in a loop, as long as canUndo()
+        UndoAll,  ///< calls undo() in a loop, as long as canUndo()
+        Cancel,
+        SetClean,
+        ResetClean,
+        Limit
     };
-    static constexpr unsigned kindCount = UndoAll + 1;
+    static constexpr unsigned kindCount = Limit + 1;
     static constexpr unsigned slotCount = 3; ///< without one more, which is always empty
 
     Kind kind;
@@ -64,6 +68,7 @@ struct Operation
     bool hasText() const { return which % 2 != 0; }
     bool hasDescription() const { return which / 2 % 2 != 0; }
     bool composesMergeably() const { return how % 4 != 0; }
+    unsigned limit() const { return which % 4 * 2; }
     unsigned ticks() const;
     Operation response() const;
 };

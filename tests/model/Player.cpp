@@ -291,6 +291,18 @@ void Player::play(const Operation& operation)
     case Operation::End:
         stack.endMultiCommand();
         break;
+    case Operation::Cancel:
+        stack.cancelMultiCommand();
+        break;
+    case Operation::SetClean:
+        stack.setClean();
+        break;
+    case Operation::ResetClean:
+        stack.resetClean();
+        break;
+    case Operation::Limit:
+        stack.setUndoLimit(static_cast<int>(operation.limit()));
+        break;
     case Operation::BeginMacro:
         stack.beginMacro(text("macro").text());
         break;
@@ -417,7 +429,9 @@ std::vector<std::string> Player::state(const std::vector<std::size_t>& samples)
         const QUndoCommand* current = stack.currentCommand();
         lines.push_back("stack " + std::to_string(i) + ": " + std::to_string(stack.size()) + " steps" +
                         (stack.canUndo() ? ", undo" : ", no undo") + (stack.canRedo() ? ", redo" : ", no redo") +
-                        ", at " + (current ? treeOf(*current) : "start") +
+                        ", at " + (current ? treeOf(*current) : "start") + ", index " + std::to_string(stack.index()) +
+                        ", clean " + std::to_string(stack.cleanIndex()) + (stack.isClean() ? " now" : "") + ", limit " +
+                        std::to_string(stack.undoLimit()) +
                         (stack.isEmpty() != (stack.size() == 0) ? ", isEmpty() contradicts size()" : ""));
     }
     lines.push_back(std::string("recording ") + (moUndoStack::undoEnabled() ? "on" : "off") +
@@ -452,6 +466,8 @@ std::vector<std::string> Player::state(const std::vector<std::size_t>& samples)
 std::string Player::finish()
 {
     moUndoStack::clearAll();
+    for (const unsigned type : {0U, 1U})
+        moUndoStack::get(type).setUndoLimit(0);
     leaveRecording();
     for (unsigned slot = 0; slot < Operation::slotCount; ++slot)
         destroy(slot);

@@ -67,7 +67,13 @@ TEST(RandomModelSeeds, TogetherMakeAllHappenThatTheModelKnowsOf)
                               "thing created",
                               "thing destroyed",
                               "response",
-                              "call waited"})
+                              "call waited",
+                              "composition cancelled",
+                              "nested composition cancelled",
+                              "held back from the clean step",
+                              "clean state lost",
+                              "oldest step dropped",
+                              "limit refused"})
         EXPECT_GE(countOf(counts, event), 10) << event;
 }
 
@@ -88,7 +94,7 @@ TEST(RandomModelShrinking, LeavesOnlyTheOperationsThatAreNeeded)
         }
         return false;
     };
-    const Program program = shrunk(Generator(3).program(300), isWrong);
+    const Program program = shrunk(Generator(4).program(300), isWrong);
     ASSERT_EQ(program.size(), 2U);
     EXPECT_EQ(program[0].kind, Operation::Mark);
     EXPECT_EQ(program[1].kind, Operation::Reset);
@@ -111,7 +117,7 @@ TEST(RandomModelGenerator, MakesAProgramOfAnyBytes)
     const std::uint8_t bytes[] = {255, 255, 255, 255, 0, 3, 1, 2, 9};
     EXPECT_EQ(asCode(programOfBytes(bytes, sizeof bytes), "Bytes"),
               "TEST(RandomModelCase, Bytes)\n{\n    EXPECT_EQ(differenceOf({\n"
-              "        {Operation::Text, 1, 63, 735},\n"
+              "        {Operation::Limit, 1, 63, 735},\n"
               "        {Operation::Rename, 1, 1, 258},\n"
               "    }), \"\");\n}\n");
 }

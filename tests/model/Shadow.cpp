@@ -1,6 +1,7 @@
 #include "Shadow.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -160,12 +161,36 @@ void Shadow::play(const Operation& operation)
     case Operation::End:
         end(stack);
         break;
+    case Operation::Cancel:
+        cancel(stack);
+        break;
+    case Operation::SetClean:
+        perform(stack, [this, stack] {
+            if (inMacro(stack))
+                tell("qt: QUndoStack::setClean(): cannot set clean in the middle of a macro");
+            else
+                m_stacks[stack].clean = static_cast<long>(m_stacks[stack].index);
+        });
+        break;
+    case Operation::ResetClean:
+        perform(stack, [this, stack] { m_stacks[stack].clean = -1; });
+        break;
+    case Operation::Limit:
+        perform(stack, [this, stack, limit = operation.limit()] {
+            if (m_stacks[stack].steps.empty()) {
+                m_stacks[stack].limit = limit;
+                return;
+            }
+            tell("qt: QUndoStack::setUndoLimit(): an undo limit can only be set when the stack is empty");
+            happened("limit refused");
+        });
+        break;
     case Operation::BeginMacro: {
         const CommandPtr macro = make(Kind::Macro, -1, "macro");
         perform(stack, [this, stack, macro] {
             Stack& on = m_stacks[stack];
             if (on.macros.empty()) {
-                on.steps.resize(on.index);
+                purge(stack);
                 on.steps.push_back(macro);
             } else {
                 on.macros.back()->children.push_back(macro);
@@ -244,19 +269,51 @@ void Shadow::begin(const Operation& operation)
     m_compositions.push_back({composite, operation.stackType(), nests});
 }
 
-void Shadow::end(unsigned stack)
+bool Shadow::mayEnd(unsigned stack, const std::string& call)
 {
     if (m_compositions.empty()) {
-        tell("log: errorNR: moUndoStack::endMultiCommand(): no matching beginMultiCommand()");
+        tell("log: errorNR: moUndoStack::" + call + "(): no matching beginMultiCommand()");
         happened("surplus end");
-        return;
+        return false;
     }
     if (m_compositions.back().stack != stack) {
-        tell("log: errorNR: moUndoStack::endMultiCommand(): no matching beginMultiCommand() for stack " +
+        tell("log: errorNR: moUndoStack::" + call + "(): no matching beginMultiCommand() for stack " +
              std::to_string(stack) + '.');
         happened("composition ended on the wrong stack");
-        return;
+        return false;
     }
+    return true;
+}
+
+/// A nested composition that is cancelled stays where it is and does nothing.
+void Shadow::cancel(unsigned stack)
+{
+    if (!mayEnd(stack, "cancelMultiCommand")) return;
+    Command& composite = *m_compositions.back().composite;
+    composite.cancelled = true;
+    removeChanged(composite);
+    happened(m_compositions.size() > 1 ? "nested composition cancelled" : "composition cancelled");
+    m_compositions.pop_back();
+}
+
+void Shadow::removeChanged(Command& command)
+{
+    command.changed.clear();
+    for (const CommandPtr& child : command.children)
+        removeChanged(*child);
+}
+
+const Shadow::Command* Shadow::Command::first() const
+{
+    for (const CommandPtr& child : children) {
+        if (!child->cancelled) return child.get();
+    }
+    return nullptr;
+}
+
+void Shadow::end(unsigned stack)
+{
+    if (!mayEnd(stack, "endMultiCommand")) return;
     const CommandPtr composite = m_compositions.back().composite;
     if (m_compositions.size() > 1) {
         if (!m_compositions.back().hasParent) happened("composition without parent");
@@ -264,13 +321,16 @@ void Shadow::end(unsigned stack)
         return;
     }
     m_compositions.pop_back();
-    if (composite->children.empty()) return;
+    if (!composite->first()) return;
 
-    if (composite->description.empty()) composite->description = "Set " + composite->children[0]->description;
+    if (composite->description.empty()) composite->description = "Set " + composite->first()->description;
     if (composite->text.empty()) {
+        Commands done;
+        std::copy_if(composite->children.begin(), composite->children.end(), std::back_inserter(done),
+                     [](const CommandPtr& child) { return !child->cancelled; });
         composite->text = "Set ";
-        for (const CommandPtr& child : composite->children)
-            composite->text += composite->children.size() > 1 ? '(' + child->text + ") " : child->text;
+        for (const CommandPtr& child : done)
+            composite->text += done.size() > 1 ? '(' + child->text + ") " : child->text;
     }
     if (recording())
         push(stack, composite);
@@ -292,6 +352,7 @@ void Shadow::clear(unsigned stack)
             happened("history cleared");
         }
         on.mark = 0;
+        on.clean = 0;
         if (!m_compositions.empty()) {
             tell("log: warningNR: moUndoStack::clearMultiCommands() called while multi command is composed.");
             happened("composition cleared");
@@ -329,6 +390,7 @@ void Shadow::endMacro(unsigned stack)
     on.macros.pop_back();
     if (!on.macros.empty()) return;
     happened("macro recorded");
+    keepLimit(stack);
     moveTo(stack, on.index + 1, true);
 }
 
@@ -390,12 +452,13 @@ void Shadow::push(unsigned stack, const CommandPtr& command)
     perform(stack, [this, stack, command] {
         Stack& on = m_stacks[stack];
         redo(*command);
-        if (!inMacro(stack) && on.index < on.steps.size()) {
-            on.steps.resize(on.index);
-            happened("redo branch purged");
-        }
+        if (!inMacro(stack)) purge(stack);
         Commands& list = inMacro(stack) ? on.macros.back()->children : on.steps;
-        if (!list.empty() && command->id != -1 && list.back()->id == command->id && merge(*list.back(), *command)) {
+        const bool saved = !inMacro(stack) && on.clean == static_cast<long>(on.index);
+        if (saved && !list.empty() && list.back()->id == command->id && mayMerge(*list.back(), *command))
+            happened("held back from the clean step");
+        if (!saved && !list.empty() && command->id != -1 && list.back()->id == command->id &&
+            merge(*list.back(), *command)) {
             happened(inMacro(stack) ? "merged in a macro" : "merged");
             if (command->kind == Kind::Composite) happened("composite merged");
             if (!inMacro(stack)) moveTo(stack, on.index, true);
@@ -406,9 +469,32 @@ void Shadow::push(unsigned stack, const CommandPtr& command)
             happened("pushed into a macro");
         } else {
             happened("pushed");
+            keepLimit(stack);
             moveTo(stack, on.index + 1, true);
         }
     });
+}
+
+void Shadow::purge(unsigned stack)
+{
+    Stack& on = m_stacks[stack];
+    if (on.index == on.steps.size()) return;
+    on.steps.resize(on.index);
+    happened("redo branch purged");
+    if (on.clean <= static_cast<long>(on.index)) return;
+    on.clean = -1;
+    happened("clean state lost");
+}
+
+void Shadow::keepLimit(unsigned stack)
+{
+    Stack& on = m_stacks[stack];
+    if (on.limit == 0 || on.steps.size() <= on.limit) return;
+    on.steps.erase(on.steps.begin());
+    --on.index;
+    if (on.mark > 0) --on.mark;
+    if (on.clean >= 0) --on.clean;
+    happened("oldest step dropped");
 }
 
 void Shadow::runUnrecorded(unsigned stack, const CommandPtr& command)
@@ -456,6 +542,7 @@ void Shadow::step(Command& command, bool forward)
         break;
     case Kind::Composite:
     case Kind::Macro:
+        if (command.cancelled) break;
         if (forward) {
             for (std::size_t i = 0; i < command.children.size(); ++i)
                 redo(*command.children[i]);
@@ -482,6 +569,7 @@ bool Shadow::mayMerge(const Command& older, const Command& newer)
 {
     if (older.id != newer.id || older.kind == Kind::Macro || newer.kind == Kind::Macro) return false;
     if (older.kind == Kind::Composite) {
+        if (older.cancelled || newer.cancelled) return false;
         if (!older.mergeEnabled || older.children.size() != newer.children.size()) return false;
         for (std::size_t i = 0; i < older.children.size(); ++i) {
             if (!mayMerge(*older.children[i], *newer.children[i])) return false;
@@ -561,8 +649,8 @@ std::string Shadow::keys(const Command& command) const
     case Kind::Macro:
         return {};
     case Kind::Composite:
-        if (command.children.empty() || isComposite(*command.children[0])) return {};
-        return keys(*command.children[0]);
+        if (!command.first() || isComposite(*command.first())) return {};
+        return keys(*command.first());
     case Kind::Sample:
         return m_facts.samples[command.number].keys + '*';
     case Kind::Tally:
@@ -603,7 +691,10 @@ std::vector<std::string> Shadow::state(const std::vector<std::size_t>& samples) 
         const Stack& on = m_stacks[i];
         lines.push_back("stack " + std::to_string(i) + ": " + std::to_string(on.steps.size()) + " steps" +
                         (canUndo(i) ? ", undo" : ", no undo") + (canRedo(i) ? ", redo" : ", no redo") + ", at " +
-                        (on.index > 0 ? tree(*on.steps[on.index - 1]) : "start"));
+                        (on.index > 0 ? tree(*on.steps[on.index - 1]) : "start") + ", index " +
+                        std::to_string(on.index) + ", clean " + std::to_string(on.clean) +
+                        (!inMacro(i) && on.clean == static_cast<long>(on.index) ? " now" : "") + ", limit " +
+                        std::to_string(on.limit));
     }
     lines.push_back(std::string("recording ") + (recording() ? "on" : "off") + (m_blocked > 0 ? ", blocked" : ""));
     const bool composing = !m_compositions.empty();

@@ -99,8 +99,12 @@ private:
         std::string old;   ///< of a Text
         unsigned number = 0;
         bool hasAfter = false;
+        bool cancelled = false;
         std::string changed;
         Commands children;
+
+        /// The first child that was not cancelled; null if there is none.
+        const Command* first() const;
     };
     using CommandPtr = std::shared_ptr<Command>;
 
@@ -109,6 +113,8 @@ private:
         Commands steps;
         std::size_t index = 0;
         std::size_t mark = 0;
+        long clean = 0;
+        std::size_t limit = 0;
         Commands macros;
         bool messages = true;
         std::deque<Operation> responses;
@@ -138,7 +144,12 @@ private:
     void handIn(const CommandPtr& command, unsigned stack, bool execute);
 
     void begin(const Operation& operation);
+    bool mayEnd(unsigned stack, const std::string& call);
     void end(unsigned stack);
+    void cancel(unsigned stack);
+    static void removeChanged(Command& command);
+    void purge(unsigned stack);
+    void keepLimit(unsigned stack);
     void clear(unsigned stack);
     void jump(unsigned stack, std::size_t index);
     void undoAll(unsigned stack);

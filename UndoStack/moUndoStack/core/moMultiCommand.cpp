@@ -91,7 +91,8 @@ void moMultiCommand::makeMessage(moMessage& message) const
 
 bool moMultiCommand::canMergeWith(const QUndoCommand* other) const
 {
-    if (!other || !m_mergeEnabled || m_cancelled || other->id() != id() || other->childCount() != childCount())
+    if (!other || !m_mergeEnabled || m_cancelled || isCancelled(other) || other->id() != id() ||
+        other->childCount() != childCount())
         return false;
     for (int i = 0; i < childCount(); ++i) {
         const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i));

@@ -140,7 +140,7 @@ void moStackCalls::work(const moStackCall& call)
     m_countBefore = m_stack.count();
     moStep::attempt([this, &call] { m_carryOut(call); });
     settle();
-    if (m_moves) Q_EMIT m_moves->moved(move());
+    if (m_moves) moStep::attempt([this] { Q_EMIT m_moves->moved(move()); });
     m_atHand = nullptr;
 }
 
