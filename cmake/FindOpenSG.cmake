@@ -22,7 +22,7 @@ if(OpenSG_FOUND AND NOT TARGET OpenSG::OpenSG)
     target_include_directories(OpenSG::OpenSG SYSTEM INTERFACE ${OpenSG_INCLUDE_DIR} ${OpenSG_INCLUDE_DIR}/OpenSG)
     target_compile_definitions(OpenSG::OpenSG INTERFACE _OSG_HAVE_CONFIGURED_H_ OSG_BUILD_DLL)
     target_compile_options(OpenSG::OpenSG INTERFACE
-        -fno-strict-aliasing -fno-delete-null-pointer-checks -fwrapv -Wno-deprecated -Wno-array-bounds)
+        -fno-strict-aliasing -fno-delete-null-pointer-checks -fwrapv)
     target_link_libraries(OpenSG::OpenSG INTERFACE
         -Wl,--no-as-needed ${OpenSG_System_LIBRARY} ${OpenSG_Base_LIBRARY} Threads::Threads)
 endif()

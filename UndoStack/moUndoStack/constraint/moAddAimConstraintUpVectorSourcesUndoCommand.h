@@ -10,7 +10,7 @@ class MO_UNDO_STACK_EXPORT moAddAimConstraintUpVectorSourcesUndoCommand
     : public moConstraintSourcesUndoCommand<osg::AimConstraintPtr>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param constraint  null makes the command inert.
@@ -18,8 +18,5 @@ public:
     /// \param parent      null means the composite being composed, if any.
     moAddAimConstraintUpVectorSourcesUndoCommand(osg::AimConstraintPtr constraint,
                                                  const std::vector<osg::AttachmentContainerPtr>& sources,
-                                                 QUndoCommand* parent)
-        : moConstraintSourcesUndoCommand(s_row, constraint, sources, parent)
-    {
-    }
+                                                 QUndoCommand* parent);
 };

@@ -7,15 +7,12 @@ class MO_UNDO_STACK_EXPORT moAddConstraintSourcesUndoCommand
     : public moConstraintSourcesUndoCommand<osg::AbstractConstraintPtr>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param constraint  null makes the command inert.
     /// \param sources     the scene objects, added in this order; null ones are ignored.
     /// \param parent      null means the composite being composed, if any.
     moAddConstraintSourcesUndoCommand(osg::AbstractConstraintPtr constraint,
-                                      const std::vector<osg::AttachmentContainerPtr>& sources, QUndoCommand* parent)
-        : moConstraintSourcesUndoCommand(s_row, constraint, sources, parent)
-    {
-    }
+                                      const std::vector<osg::AttachmentContainerPtr>& sources, QUndoCommand* parent);
 };

@@ -91,3 +91,16 @@ void moConstraintSourcesUndoCommand<ConstraintPtr>::apply(bool add)
 
 template class moConstraintSourcesUndoCommand<osg::AbstractConstraintPtr>;
 template class moConstraintSourcesUndoCommand<osg::AimConstraintPtr>;
+
+moAddConstraintSourcesUndoCommand::moAddConstraintSourcesUndoCommand(
+    osg::AbstractConstraintPtr constraint, const std::vector<osg::AttachmentContainerPtr>& sources,
+    QUndoCommand* parent)
+    : moConstraintSourcesUndoCommand(s_row, constraint, sources, parent)
+{
+}
+
+moAddAimConstraintUpVectorSourcesUndoCommand::moAddAimConstraintUpVectorSourcesUndoCommand(
+    osg::AimConstraintPtr constraint, const std::vector<osg::AttachmentContainerPtr>& sources, QUndoCommand* parent)
+    : moConstraintSourcesUndoCommand(s_row, constraint, sources, parent)
+{
+}

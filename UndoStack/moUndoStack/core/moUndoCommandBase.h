@@ -53,7 +53,7 @@ private:
 
     /// How many commands have a changed callback. With none, a step skips the search for callbacks: the dynamic_cast
     /// alone takes 240 instructions, a fifth of an undo.
-    static int s_changedCount;
+    Q_DECL_HIDDEN static int s_changedCount;
 
     QUndoCommand* m_parent;
     moUndoDetail::HeldFunction<void(bool)> m_changed;

@@ -17,7 +17,7 @@ public:                                                                         
     int id() const override;                                                                                           \
                                                                                                                        \
 private:                                                                                                               \
-    [[maybe_unused]] static void classNameTest();
+    [[maybe_unused]] static void classNameTest() {}
 
 /// Defines the identity of a command class, once, in its source.
 /// \param Class  the class, without template arguments.
@@ -30,8 +30,7 @@ private:                                                                        
     int Class::id() const                                                                                              \
     {                                                                                                                  \
         return commandId();                                                                                            \
-    }                                                                                                                  \
-    void Class::classNameTest() {}
+    }
 
 /// The same for a class template with one type parameter, before its explicit instantiations.
 /// \param Class  the class template.
@@ -47,8 +46,4 @@ private:                                                                        
     int Class<T>::id() const                                                                                           \
     {                                                                                                                  \
         return commandId();                                                                                            \
-    }                                                                                                                  \
-    template<class T>                                                                                                  \
-    void Class<T>::classNameTest()                                                                                     \
-    {                                                                                                                  \
     }

@@ -322,11 +322,11 @@ private:
     void sendUndoNotification(const QUndoCommand* command, int index);
     void callChangedCB(const QUndoCommand* command, bool done);
 
-    static unsigned int s_undoEnableCount;
-    static unsigned int s_blockUndoCount;
-    static std::vector<Composition> s_multiCommands;
-    static unsigned int s_compositionCount;
-    static std::vector<moMultiCommand*> s_abandoned;
+    Q_DECL_HIDDEN static unsigned int s_undoEnableCount;
+    Q_DECL_HIDDEN static unsigned int s_blockUndoCount;
+    Q_DECL_HIDDEN static std::vector<Composition> s_multiCommands;
+    Q_DECL_HIDDEN static unsigned int s_compositionCount;
+    Q_DECL_HIDDEN static std::vector<moMultiCommand*> s_abandoned;
 
     QUndoStack* m_stack;
     std::unique_ptr<moStackCalls> m_calls;

@@ -6,7 +6,7 @@
 class MO_UNDO_STACK_EXPORT moStringFieldUndoCommand : public moTextFieldUndoCommand<osg::SFString, std::string>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param fieldName  as moUndoUtil::findField() takes it.

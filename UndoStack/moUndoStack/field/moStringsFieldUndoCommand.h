@@ -8,7 +8,7 @@ class MO_UNDO_STACK_EXPORT moStringsFieldUndoCommand
     : public moTextFieldUndoCommand<osg::MFString, std::vector<std::string>>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param fieldName  as moUndoUtil::findField() takes it.

@@ -92,3 +92,29 @@ void moLensFlareListCommand<OwnerPtr, ItemPtr>::edit(Edit there, Edit back)
 
 template class moLensFlareListCommand<osg::NodePtr, osg::LensFlareElementPtr>;
 template class moLensFlareListCommand<osg::LensFlareGhostLinePtr, osg::LensFlareGhostPtr>;
+
+moAddLensFlareElementCommand::moAddLensFlareElementCommand(const osg::NodePtr& light,
+                                                           const std::vector<osg::LensFlareElementPtr>& elements,
+                                                           QUndoCommand* parent)
+    : moLensFlareElementsCommand(s_row, light, elements, parent)
+{
+}
+
+moRemoveLensFlareElementCommand::moRemoveLensFlareElementCommand(const osg::NodePtr& light,
+                                                                 const std::vector<unsigned int>& elementIds,
+                                                                 QUndoCommand* parent)
+    : moLensFlareElementsCommand(s_row, light, elementIds, parent)
+{
+}
+
+moAddGhostCommand::moAddGhostCommand(const osg::LensFlareGhostLinePtr& ghostLine,
+                                     const std::vector<osg::LensFlareGhostPtr>& ghosts, QUndoCommand* parent)
+    : moGhostsCommand(s_row, ghostLine, ghosts, parent)
+{
+}
+
+moRemoveGhostCommand::moRemoveGhostCommand(const osg::LensFlareGhostLinePtr& ghostLine,
+                                           const std::vector<unsigned int>& ghostIds, QUndoCommand* parent)
+    : moGhostsCommand(s_row, ghostLine, ghostIds, parent)
+{
+}

@@ -81,15 +81,12 @@ class MO_UNDO_STACK_EXPORT moAddLensFlareElementCommand : public moLensFlareElem
 {
     Q_DECLARE_TR_FUNCTIONS(moAddLensFlareElementCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param elements  added in this order; null ones are skipped.
     moAddLensFlareElementCommand(const osg::NodePtr& light, const std::vector<osg::LensFlareElementPtr>& elements,
-                                 QUndoCommand* parent)
-        : moLensFlareElementsCommand(s_row, light, elements, parent)
-    {
-    }
+                                 QUndoCommand* parent);
 };
 
 /// Removes elements from the lens flare of a light.
@@ -97,15 +94,12 @@ class MO_UNDO_STACK_EXPORT moRemoveLensFlareElementCommand : public moLensFlareE
 {
     Q_DECLARE_TR_FUNCTIONS(moRemoveLensFlareElementCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param elementIds  container ids; an id of anything but an element is skipped.
     moRemoveLensFlareElementCommand(const osg::NodePtr& light, const std::vector<unsigned int>& elementIds,
-                                    QUndoCommand* parent)
-        : moLensFlareElementsCommand(s_row, light, elementIds, parent)
-    {
-    }
+                                    QUndoCommand* parent);
 };
 
 /// Adds ghosts to a ghost line.
@@ -113,15 +107,12 @@ class MO_UNDO_STACK_EXPORT moAddGhostCommand : public moGhostsCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moAddGhostCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param ghosts  added in this order; null ones are skipped.
     moAddGhostCommand(const osg::LensFlareGhostLinePtr& ghostLine, const std::vector<osg::LensFlareGhostPtr>& ghosts,
-                      QUndoCommand* parent)
-        : moGhostsCommand(s_row, ghostLine, ghosts, parent)
-    {
-    }
+                      QUndoCommand* parent);
 };
 
 /// Removes ghosts from a ghost line.
@@ -129,13 +120,10 @@ class MO_UNDO_STACK_EXPORT moRemoveGhostCommand : public moGhostsCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moRemoveGhostCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param ghostIds  container ids; an id of anything but a ghost is skipped.
     moRemoveGhostCommand(const osg::LensFlareGhostLinePtr& ghostLine, const std::vector<unsigned int>& ghostIds,
-                         QUndoCommand* parent)
-        : moGhostsCommand(s_row, ghostLine, ghostIds, parent)
-    {
-    }
+                         QUndoCommand* parent);
 };

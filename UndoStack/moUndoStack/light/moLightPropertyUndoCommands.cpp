@@ -102,3 +102,46 @@ void moLightAttenuationUndoCommand::set(osg::NodePtr node, osg::UberLight::Light
     };
     moStep::writeOrTakeBack([&] { writeBoth(mode); }, [&] { writeBoth(former); });
 }
+
+moLightDiffuseUndoCommand::moLightDiffuseUndoCommand(const osg::NodePtr& light, osg::Vec3f value, QUndoCommand* parent)
+    : moLightPropertyUndoCommand(s_row, light, value, parent)
+{
+}
+
+moLightGlossyUndoCommand::moLightGlossyUndoCommand(const osg::NodePtr& light, osg::Vec3f value, QUndoCommand* parent)
+    : moLightPropertyUndoCommand(s_row, light, value, parent)
+{
+}
+
+moLightIntensityUndoCommand::moLightIntensityUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent)
+    : moLightPropertyUndoCommand(s_row, light, value, parent)
+{
+}
+
+moLightPenumbraAngleUndoCommand::moLightPenumbraAngleUndoCommand(const osg::NodePtr& light, float value,
+                                                                 QUndoCommand* parent)
+    : moLightPropertyUndoCommand(s_row, light, value, parent)
+{
+}
+
+moLightConeAngleUndoCommand::moLightConeAngleUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent)
+    : moLightPropertyUndoCommand(s_row, light, value, parent)
+{
+}
+
+moLightAttenuationUndoCommand::moLightAttenuationUndoCommand(const osg::NodePtr& light,
+                                                             osg::UberLight::LightAttenuation value,
+                                                             QUndoCommand* parent)
+    : moLightPropertyUndoCommand(s_row, light, value, parent)
+{
+}
+
+moLightEnableUndoCommand::moLightEnableUndoCommand(const osg::NodePtr& light, bool value, QUndoCommand* parent)
+    : moLightSwitchUndoCommand(s_row, light, value, parent)
+{
+}
+
+moLightVisibleUndoCommand::moLightVisibleUndoCommand(const osg::NodePtr& light, bool value, QUndoCommand* parent)
+    : moLightSwitchUndoCommand(s_row, light, value, parent)
+{
+}

@@ -58,70 +58,55 @@ protected:
 class MO_UNDO_STACK_EXPORT moLightDiffuseUndoCommand : public moLightPropertyUndoCommand<osg::Vec3f>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  red, green, blue; 1 is full.
-    moLightDiffuseUndoCommand(const osg::NodePtr& light, osg::Vec3f value, QUndoCommand* parent)
-        : moLightPropertyUndoCommand(s_row, light, value, parent)
-    {
-    }
+    moLightDiffuseUndoCommand(const osg::NodePtr& light, osg::Vec3f value, QUndoCommand* parent);
 };
 
 /// Sets the specular colour.
 class MO_UNDO_STACK_EXPORT moLightGlossyUndoCommand : public moLightPropertyUndoCommand<osg::Vec3f>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  red, green, blue; 1 is full.
-    moLightGlossyUndoCommand(const osg::NodePtr& light, osg::Vec3f value, QUndoCommand* parent)
-        : moLightPropertyUndoCommand(s_row, light, value, parent)
-    {
-    }
+    moLightGlossyUndoCommand(const osg::NodePtr& light, osg::Vec3f value, QUndoCommand* parent);
 };
 
 /// Sets the intensity.
 class MO_UNDO_STACK_EXPORT moLightIntensityUndoCommand : public moLightPropertyUndoCommand<float>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  light value, in the unit of the light.
-    moLightIntensityUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent)
-        : moLightPropertyUndoCommand(s_row, light, value, parent)
-    {
-    }
+    moLightIntensityUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent);
 };
 
 /// Sets the angle of the soft edge of the light's cone.
 class MO_UNDO_STACK_EXPORT moLightPenumbraAngleUndoCommand : public moLightPropertyUndoCommand<float>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  degrees.
-    moLightPenumbraAngleUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent)
-        : moLightPropertyUndoCommand(s_row, light, value, parent)
-    {
-    }
+    moLightPenumbraAngleUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent);
 };
 
 /// Sets the angle of the light's cone.
 class MO_UNDO_STACK_EXPORT moLightConeAngleUndoCommand : public moLightPropertyUndoCommand<float>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  degrees.
-    moLightConeAngleUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent)
-        : moLightPropertyUndoCommand(s_row, light, value, parent)
-    {
-    }
+    moLightConeAngleUndoCommand(const osg::NodePtr& light, float value, QUndoCommand* parent);
 };
 
 /// Sets how the light falls off with the distance. The light library rescales the light value when the mode changes.
@@ -130,15 +115,12 @@ class MO_UNDO_STACK_EXPORT moLightAttenuationUndoCommand
     : public moLightPropertyUndoCommand<osg::UberLight::LightAttenuation>
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  the mode.
     moLightAttenuationUndoCommand(const osg::NodePtr& light, osg::UberLight::LightAttenuation value,
-                                  QUndoCommand* parent)
-        : moLightPropertyUndoCommand(s_row, light, value, parent)
-    {
-    }
+                                  QUndoCommand* parent);
 
 protected:
     /// Writes the mode and then the light value from before.
@@ -149,14 +131,11 @@ protected:
 class MO_UNDO_STACK_EXPORT moLightEnableUndoCommand : public moLightSwitchUndoCommand
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  true: on.
-    moLightEnableUndoCommand(const osg::NodePtr& light, bool value, QUndoCommand* parent)
-        : moLightSwitchUndoCommand(s_row, light, value, parent)
-    {
-    }
+    moLightEnableUndoCommand(const osg::NodePtr& light, bool value, QUndoCommand* parent);
 };
 
 /// Shows or hides the symbol that the editor draws for the light. Intended: the text, "Show Light" or "Hide Light",
@@ -165,12 +144,9 @@ public:
 class MO_UNDO_STACK_EXPORT moLightVisibleUndoCommand : public moLightSwitchUndoCommand
 {
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  true: shown.
-    moLightVisibleUndoCommand(const osg::NodePtr& light, bool value, QUndoCommand* parent)
-        : moLightSwitchUndoCommand(s_row, light, value, parent)
-    {
-    }
+    moLightVisibleUndoCommand(const osg::NodePtr& light, bool value, QUndoCommand* parent);
 };

@@ -83,5 +83,5 @@ private:
     bool m_captured = false;
     bool m_sync;
 
-    static moUndoDetail::HeldFunction<void(const osg::NodePtr&)> s_sync;
+    Q_DECL_HIDDEN static moUndoDetail::HeldFunction<void(const osg::NodePtr&)> s_sync;
 };

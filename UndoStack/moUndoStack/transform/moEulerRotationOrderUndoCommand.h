@@ -47,5 +47,5 @@ protected:
 private:
     Callback m_callback;
 
-    static moUndoDetail::HeldFunction<void(const osg::NodePtr&, const std::string&)> s_sync;
+    Q_DECL_HIDDEN static moUndoDetail::HeldFunction<void(const osg::NodePtr&, const std::string&)> s_sync;
 };

@@ -138,3 +138,119 @@ void moRotationPivotDirectionUndoCommand::set(osg::NodePtr node, osg::Vec3f valu
     });
     synchronise(value);
 }
+
+moTranslationUndoCommand::moTranslationUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag, moMergeOption merge,
+                                                   QUndoCommand* parent, Callback callback, int variantIndex)
+    : moTransformCallbackUndoCommand(s_row, node, value, flag, merge, parent, std::move(callback), variantIndex)
+{
+}
+
+void moTranslationUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moRotationUndoCommand::moRotationUndoCommand(osg::NodePtr node, osg::Vec3f value, moMergeOption merge,
+                                             QUndoCommand* parent, Callback callback, int variantIndex)
+    : moTransformCallbackUndoCommand(s_row, node, value, false, merge, parent, std::move(callback), variantIndex)
+{
+}
+
+void moRotationUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moScaleUndoCommand::moScaleUndoCommand(osg::NodePtr node, osg::Vec3f value, moMergeOption merge, QUndoCommand* parent,
+                                       Callback callback, int variantIndex)
+    : moTransformCallbackUndoCommand(s_row, node, value, false, merge, parent, std::move(callback), variantIndex)
+{
+}
+
+void moScaleUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moScalePivotUndoCommand::moScalePivotUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag, moMergeOption merge,
+                                                 QUndoCommand* parent, int variantIndex)
+    : moTransformValueUndoCommand(s_row, node, value, flag, merge, parent, variantIndex)
+{
+}
+
+void moScalePivotUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moRotationPivotUndoCommand::moRotationPivotUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag,
+                                                       moMergeOption merge, QUndoCommand* parent, int variantIndex)
+    : moTransformValueUndoCommand(s_row, node, value, flag, merge, parent, variantIndex)
+{
+}
+
+void moRotationPivotUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moScalePivotTranslationUndoCommand::moScalePivotTranslationUndoCommand(osg::NodePtr node, osg::Vec3f value,
+                                                                       moMergeOption merge, QUndoCommand* parent,
+                                                                       int variantIndex)
+    : moTransformValueUndoCommand(s_row, node, value, false, merge, parent, variantIndex)
+{
+}
+
+void moScalePivotTranslationUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moRotationPivotTranslationUndoCommand::moRotationPivotTranslationUndoCommand(osg::NodePtr node, osg::Vec3f value,
+                                                                             moMergeOption merge, QUndoCommand* parent,
+                                                                             int variantIndex)
+    : moTransformValueUndoCommand(s_row, node, value, false, merge, parent, variantIndex)
+{
+}
+
+void moRotationPivotTranslationUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moRotationPivotOrientationUndoCommand::moRotationPivotOrientationUndoCommand(osg::NodePtr node, osg::Vec3f value,
+                                                                             moMergeOption merge, QUndoCommand* parent,
+                                                                             int variantIndex)
+    : moTransformValueUndoCommand(s_row, node, value, false, merge, parent, variantIndex)
+{
+}
+
+void moRotationPivotOrientationUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moRotationPivotDirectionUndoCommand::moRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value,
+                                                                         int directionMode, bool directionFlag,
+                                                                         moMergeOption merge, QUndoCommand* parent,
+                                                                         int variantIndex)
+    : moTransformValueUndoCommand(s_row, node, value, false, merge, parent, variantIndex),
+      m_directionMode(directionMode),
+      m_directionFlag(directionFlag)
+{
+}
+
+void moRotationPivotDirectionUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}
+
+moShearUndoCommand::moShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand* parent)
+    : moTransformValueUndoCommand(s_row, node, value, false, moMergeOption(), parent, -1)
+{
+}
+
+void moShearUndoCommand::setSyncFunction(const SyncFunction& function)
+{
+    mirrorWith(s_row, function);
+}

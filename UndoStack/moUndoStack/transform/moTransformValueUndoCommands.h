@@ -83,7 +83,7 @@ class MO_UNDO_STACK_EXPORT moTranslationUndoCommand : public moTransformCallback
 {
     Q_DECLARE_TR_FUNCTIONS(moTranslationUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// Called with the node, the value that was written and the flag.
@@ -98,13 +98,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moTranslationUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag, moMergeOption merge, QUndoCommand* parent,
-                             Callback callback, int variantIndex)
-        : moTransformCallbackUndoCommand(s_row, node, value, flag, merge, parent, std::move(callback), variantIndex)
-    {
-    }
+                             Callback callback, int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
 
 /// Sets the Euler angles of a node's transform; the order of the axes stays.
@@ -114,7 +111,7 @@ class MO_UNDO_STACK_EXPORT moRotationUndoCommand : public moTransformCallbackUnd
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  degrees.
@@ -125,13 +122,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moRotationUndoCommand(osg::NodePtr node, osg::Vec3f value, moMergeOption merge, QUndoCommand* parent,
-                          Callback callback, int variantIndex)
-        : moTransformCallbackUndoCommand(s_row, node, value, false, merge, parent, std::move(callback), variantIndex)
-    {
-    }
+                          Callback callback, int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
 
 /// Sets the scale factors of a node's transform.
@@ -141,7 +135,7 @@ class MO_UNDO_STACK_EXPORT moScaleUndoCommand : public moTransformCallbackUndoCo
 {
     Q_DECLARE_TR_FUNCTIONS(moScaleUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  factors along the three axes.
@@ -151,13 +145,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moScaleUndoCommand(osg::NodePtr node, osg::Vec3f value, moMergeOption merge, QUndoCommand* parent,
-                       Callback callback, int variantIndex)
-        : moTransformCallbackUndoCommand(s_row, node, value, false, merge, parent, std::move(callback), variantIndex)
-    {
-    }
+                       Callback callback, int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
 
 /// Sets the point that scaling leaves where it is.
@@ -167,7 +158,7 @@ class MO_UNDO_STACK_EXPORT moScalePivotUndoCommand : public moTransformValueUndo
 {
     Q_DECLARE_TR_FUNCTIONS(moScalePivotUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// Called with the node, the value that was written and the flag.
@@ -181,13 +172,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moScalePivotUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag, moMergeOption merge, QUndoCommand* parent,
-                            int variantIndex)
-        : moTransformValueUndoCommand(s_row, node, value, flag, merge, parent, variantIndex)
-    {
-    }
+                            int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
 
 /// Sets the point that the rotation turns about.
@@ -197,7 +185,7 @@ class MO_UNDO_STACK_EXPORT moRotationPivotUndoCommand : public moTransformValueU
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationPivotUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// Called with the node, the value that was written and the flag.
@@ -211,13 +199,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moRotationPivotUndoCommand(osg::NodePtr node, osg::Vec3f value, bool flag, moMergeOption merge,
-                               QUndoCommand* parent, int variantIndex)
-        : moTransformValueUndoCommand(s_row, node, value, flag, merge, parent, variantIndex)
-    {
-    }
+                               QUndoCommand* parent, int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
 
 /// Sets how far the node is moved between scaling and rotation.
@@ -227,7 +212,7 @@ class MO_UNDO_STACK_EXPORT moScalePivotTranslationUndoCommand : public moTransfo
 {
     Q_DECLARE_TR_FUNCTIONS(moScalePivotTranslationUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  unit of the scene.
@@ -237,13 +222,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moScalePivotTranslationUndoCommand(osg::NodePtr node, osg::Vec3f value, moMergeOption merge, QUndoCommand* parent,
-                                       int variantIndex)
-        : moTransformValueUndoCommand(s_row, node, value, false, merge, parent, variantIndex)
-    {
-    }
+                                       int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
 
 /// Sets how far the node is moved between rotation and translation.
@@ -253,7 +235,7 @@ class MO_UNDO_STACK_EXPORT moRotationPivotTranslationUndoCommand : public moTran
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationPivotTranslationUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  unit of the scene.
@@ -263,13 +245,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moRotationPivotTranslationUndoCommand(osg::NodePtr node, osg::Vec3f value, moMergeOption merge,
-                                          QUndoCommand* parent, int variantIndex)
-        : moTransformValueUndoCommand(s_row, node, value, false, merge, parent, variantIndex)
-    {
-    }
+                                          QUndoCommand* parent, int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
 
 /// Sets the orientation of the axes that the rotation turns about.
@@ -281,7 +260,7 @@ class MO_UNDO_STACK_EXPORT moRotationPivotOrientationUndoCommand : public moTran
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationPivotOrientationUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  three angles in degrees.
@@ -291,13 +270,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moRotationPivotOrientationUndoCommand(osg::NodePtr node, osg::Vec3f value, moMergeOption merge,
-                                          QUndoCommand* parent, int variantIndex)
-        : moTransformValueUndoCommand(s_row, node, value, false, merge, parent, variantIndex)
-    {
-    }
+                                          QUndoCommand* parent, int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
 
 /// Sets the orientation of the axes that the rotation turns about by the direction in which one of them points.
@@ -312,7 +288,7 @@ class MO_UNDO_STACK_EXPORT moRotationPivotDirectionUndoCommand : public moTransf
 {
     Q_DECLARE_TR_FUNCTIONS(moRotationPivotDirectionUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value          the direction.
@@ -326,15 +302,10 @@ public:
     }
     /// \param merge  true, false or seconds, see moMergeOption.
     moRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionMode, bool directionFlag,
-                                        moMergeOption merge, QUndoCommand* parent, int variantIndex)
-        : moTransformValueUndoCommand(s_row, node, value, false, merge, parent, variantIndex),
-          m_directionMode(directionMode),
-          m_directionFlag(directionFlag)
-    {
-    }
+                                        moMergeOption merge, QUndoCommand* parent, int variantIndex);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 
 protected:
     /// Writes the direction with axis and flag, then calls synchronise().
@@ -352,15 +323,12 @@ class MO_UNDO_STACK_EXPORT moShearUndoCommand : public moTransformValueUndoComma
 {
     Q_DECLARE_TR_FUNCTIONS(moShearUndoCommand)
     MO_UNDO_COMMAND_ID
-    static const Row s_row;
+    Q_DECL_HIDDEN static const Row s_row;
 
 public:
     /// \param value  (a, b, c) adds a·y + b·z to x and c·z to y; zero is no shear.
-    moShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand* parent)
-        : moTransformValueUndoCommand(s_row, node, value, false, moMergeOption(), parent, -1)
-    {
-    }
+    moShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand* parent);
 
     /// See moTransformValueUndoCommand.
-    static void setSyncFunction(const SyncFunction& function) { mirrorWith(s_row, function); }
+    static void setSyncFunction(const SyncFunction& function);
 };
