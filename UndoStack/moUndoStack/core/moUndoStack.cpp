@@ -217,8 +217,8 @@ void moUndoStack::endMultiCommand()
         s_multiCommands.pop_back();
         return;
     }
+    const auto children = moMultiCommand::childrenOf(*composite); // before anything changes: memory may run out
     s_multiCommands.pop_back();
-    const auto children = moMultiCommand::childrenOf(*composite);
     if (children.empty()) {
         delete composite;
         return;
