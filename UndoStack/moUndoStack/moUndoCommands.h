@@ -17,6 +17,7 @@
 #include <moUndoStack/core/moUndoCommand.h>
 #include <moUndoStack/core/moUndoCommandBase.h>
 #include <moUndoStack/core/moUndoCommandId.h>
+#include <moUndoStack/core/moUndoHistoryModel.h>
 #include <moUndoStack/core/moUndoScopes.h>
 #include <moUndoStack/core/moUndoStack.h>
 #include <moUndoStack/core/moUndoStackExport.h>

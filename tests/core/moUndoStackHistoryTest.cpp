@@ -104,6 +104,23 @@ TEST_F(History, ListsTheStepsAndTheStart)
     EXPECT_EQ(model->data(model->index(2, 0)).toString(), "b");
 }
 
+TEST_F(History, HasTheLookOfTheModel)
+{
+    stack.add(new ProbeCommand("a"));
+    stack.setClean();
+    stack.add(new ProbeCommand("b"));
+    stack.undo();
+    const QAbstractItemModel* model = shown()->model();
+    EXPECT_EQ(model->index(1, 0).data(Qt::ToolTipRole).toString(), "about a");
+    EXPECT_TRUE(model->index(1, 0).data(Qt::FontRole).isValid()) << "clean";
+    EXPECT_TRUE(model->index(2, 0).data(Qt::ForegroundRole).isValid()) << "undone";
+}
+
+TEST_F(History, DoesNotKeepTheApplicationAlive)
+{
+    EXPECT_FALSE(shown()->testAttribute(Qt::WA_QuitOnClose));
+}
+
 TEST_F(History, NeedsNoLookAtEachRow)
 {
     EXPECT_TRUE(shown()->uniformItemSizes());
@@ -169,7 +186,7 @@ TEST_F(History, WhoseModelHasAListenerThatThrowsLeavesThePushedCommandOnTheStack
 {
     const QUndoView* view = shown();
     QObject context;
-    QObject::connect(view->model(), &QAbstractItemModel::modelReset, &context,
+    QObject::connect(view->model(), &QAbstractItemModel::rowsInserted, &context,
                      [] { throw std::runtime_error("view"); });
     int deleted = 0;
     EXPECT_THROW(stack.add((new ProbeCommand("a"))->onDestroyed([&deleted] { ++deleted; })), std::runtime_error);

@@ -3,6 +3,9 @@
 #include <qt/QtTest.h>
 
 #include <QtCore/QItemSelectionModel>
+#include <QtCore/QSignalBlocker>
+#include <QtCore/QStringListModel>
+#include <QtWidgets/QListView>
 #include <QtWidgets/QUndoView>
 
 #include <memory>
@@ -42,19 +45,17 @@ TEST_F(QtUndoView, MovesTheStackToTheIndexOfTheChosenRow)
     EXPECT_THAT(take(), ElementsAre("undo b", "undo a", "index 0 of 2"));
 }
 
-/// The connection that moHistoryWindow replaces by its own.
-TEST_F(QtUndoView, LeavesTheStackAloneOnceItsModelHearsOfNoChoice)
+TEST_F(QtUndoView, LeavesTheStackAloneOnceItShowsAnotherModel)
 {
-    QObject::disconnect(view.selectionModel(), &QItemSelectionModel::currentChanged, view.model(), nullptr);
-    int row = -1;
-    QObject::connect(view.selectionModel(), &QItemSelectionModel::currentChanged, &view,
-                     [&row](const QModelIndex& chosen) { row = chosen.row(); });
+    QStringListModel other({"x", "y", "z"});
+    view.setModel(&other);
     choose(0);
-    EXPECT_EQ(row, 0);
+    choose(2);
     EXPECT_THAT(take(), IsEmpty());
     EXPECT_EQ(stack.index(), 2);
     stack.undo();
-    EXPECT_EQ(chosenRow(), 1) << "it still follows";
+    EXPECT_EQ(chosenRow(), 2) << "it no longer follows";
+    EXPECT_EQ(view.stack(), &stack);
 }
 
 TEST_F(QtUndoView, ResetsItsWholeModelAtEachStep)
@@ -62,7 +63,29 @@ TEST_F(QtUndoView, ResetsItsWholeModelAtEachStep)
     int resets = 0;
     QObject::connect(view.model(), &QAbstractItemModel::modelReset, &view, [&resets] { ++resets; });
     stack.undo();
-    EXPECT_EQ(resets, 1) << "if this is 0, the history window need not ask for rows of one height any more";
+    EXPECT_EQ(resets, 1) << "if this is 0, the history window may show Qt's model again";
+}
+
+TEST(QtItemView, ShowsACurrentRowThatItIsToldOfLater)
+{
+    QStringList rows;
+    for (int i = 0; i < 50; ++i)
+        rows.push_back("row");
+    QStringListModel model(rows);
+    QListView view;
+    view.setModel(&model);
+    view.resize(100, 60);
+    view.show();
+    const QModelIndex last = model.index(49, 0);
+    {
+        const QSignalBlocker blocker(view.selectionModel());
+        view.setCurrentIndex(last);
+    }
+    EXPECT_EQ(view.currentIndex(), last);
+    EXPECT_EQ(view.selectionModel()->selectedIndexes(), QModelIndexList{last});
+    EXPECT_FALSE(view.viewport()->rect().intersects(view.visualRect(last)));
+    Q_EMIT view.selectionModel()->currentChanged(last, QModelIndex());
+    EXPECT_TRUE(view.viewport()->rect().intersects(view.visualRect(last)));
 }
 
 TEST(QtUndoViewAtTheEndOfItsStack, IsEmptyAndCanBeDestroyed)

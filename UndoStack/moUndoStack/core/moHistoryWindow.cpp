@@ -1,8 +1,8 @@
 #include <moUndoStack/core/moHistoryWindow_p.h>
 
+#include <moUndoStack/core/moUndoHistoryModel.h>
 #include <moUndoStack/core/moUndoStack.h>
 
-#include <QtCore/QItemSelectionModel>
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QUndoStack>
@@ -40,31 +40,27 @@ void destroyViewsInTime()
     Q_UNUSED(s_registered)
 }
 
-QUndoView* makeView(QUndoStack& stack, const std::function<void(int)>& jump)
+QUndoView* makeView(moUndoStack& stack, QUndoStack& qtStack)
 {
     constexpr int width = 300;
     constexpr int height = 100;
-    auto* view = new QUndoView(&stack);
+    auto* view = new QUndoView(&qtStack);
+    // Qt's own model would move Qt's stack directly, where calls that commands make meanwhile would not wait, and it is
+    // reset at each step.
+    (new moUndoHistoryModel(stack, view))->showIn(*view);
     view->setWindowTitle(moUndoStack::tr("Undo/Redo History"));
     view->resize(width, height);
-    // The view lays out its whole list again at each step; with rows of one height it need not measure each.
-    view->setUniformItemSizes(true);
-    // Qt's model would move Qt's stack directly: calls that commands make meanwhile would not wait.
-    const QItemSelectionModel* selection = view->selectionModel();
-    QObject::disconnect(selection, &QItemSelectionModel::currentChanged, view->model(), nullptr);
-    QObject::connect(selection, &QItemSelectionModel::currentChanged, view, [&stack, jump](const QModelIndex& chosen) {
-        if (chosen.isValid() && chosen.row() != stack.index()) jump(chosen.row());
-    });
+    view->setAttribute(Qt::WA_QuitOnClose, false);
     destroyViewsInTime();
     return view;
 }
 
 } // namespace
 
-void moHistoryWindow::show(unsigned int slot, QUndoStack& stack, const std::function<void(int)>& jump)
+void moHistoryWindow::show(unsigned int slot, moUndoStack& stack, QUndoStack& qtStack)
 {
     QPointer<QUndoView>& view = views().at(slot);
-    if (!view) view = makeView(stack, jump);
+    if (!view) view = makeView(stack, qtStack);
     view->show();
     view->raise();
 }

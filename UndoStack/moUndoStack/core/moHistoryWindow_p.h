@@ -1,8 +1,7 @@
 #pragma once
 
-#include <functional>
-
 class QUndoStack;
+class moUndoStack;
 
 /// The windows that show the histories, one for each of the two stacks, and how long they exist:
 ///
@@ -14,9 +13,10 @@ namespace moHistoryWindow {
 
 /// Shows the history of a stack, in a window made at the first call.
 ///
-/// \param slot  0 or 1: which of the two windows.
-/// \param jump  called with the index when the user chooses a row.
-void show(unsigned int slot, QUndoStack& stack, const std::function<void(int)>& jump);
+/// \param slot     0 or 1: which of the two windows.
+/// \param stack    whose history is shown.
+/// \param qtStack  that which the stack stands on.
+void show(unsigned int slot, moUndoStack& stack, QUndoStack& qtStack);
 
 /// Disconnects the window from the stack, so that the stack can be emptied and destroyed while the window exists.
 void abandon(QUndoStack& stack);

@@ -132,13 +132,22 @@ bool moMultiCommand::isCancelled(const QUndoCommand* command)
     return composite && composite->m_cancelled;
 }
 
-/// The children of any command but the composites that were cancelled.
+/// The positions of the children of any command but the composites that were cancelled.
+std::vector<int> moMultiCommand::positionsOf(const QUndoCommand& command)
+{
+    std::vector<int> positions;
+    for (int i = 0; i < command.childCount(); ++i) {
+        if (!isCancelled(command.child(i))) positions.push_back(i);
+    }
+    return positions;
+}
+
+/// The children at these positions.
 std::vector<const QUndoCommand*> moMultiCommand::childrenOf(const QUndoCommand& command)
 {
     std::vector<const QUndoCommand*> children;
-    for (int i = 0; i < command.childCount(); ++i) {
-        if (!isCancelled(command.child(i))) children.push_back(command.child(i));
-    }
+    for (const int position : positionsOf(command))
+        children.push_back(command.child(position));
     return children;
 }
 

@@ -84,6 +84,7 @@ private:
 
     void cancel();
     static bool isCancelled(const QUndoCommand* command);
+    static std::vector<int> positionsOf(const QUndoCommand& command);
     static std::vector<const QUndoCommand*> childrenOf(const QUndoCommand& command);
 
     QUndoCommand* childAt(int index) const;

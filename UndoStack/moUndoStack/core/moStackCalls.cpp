@@ -135,6 +135,7 @@ void moStackCalls::expect(Waiting& waiting)
 void moStackCalls::work(const moStackCall& call)
 {
     m_atHand = &call;
+    ++m_number;
     m_settled = false;
     m_indexBefore = m_stack.index();
     m_countBefore = m_stack.count();
@@ -221,6 +222,11 @@ const moStackMoves& moStackCalls::moves()
 {
     if (!m_moves) m_moves = std::make_unique<moStackMoves>();
     return *m_moves;
+}
+
+bool moStackCalls::isClearing() const
+{
+    return m_atHand && m_atHand->kind == Kind::Clear && !m_settled;
 }
 
 bool moStackCalls::isAdding() const

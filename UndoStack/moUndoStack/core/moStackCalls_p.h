@@ -112,6 +112,12 @@ public:
         if (!m_settled) settleNow();
     }
 
+    /// Whether Qt's stack is being cleared, also for good. Its commands must not be looked at then.
+    bool isClearing() const;
+
+    /// Number of the call at hand; at rest, of the last one.
+    unsigned int number() const { return m_number; }
+
     /// Whether the call at hand adds something: a push, or the end of a macro.
     bool isAdding() const;
 
@@ -155,6 +161,7 @@ private:
     CarryOut m_carryOut;
     const moStackCall* m_atHand = nullptr;
     bool m_settled = true;
+    unsigned int m_number = 0;
     int m_mark = 0;
     int m_openMacros = 0;
     int m_clears = 0;

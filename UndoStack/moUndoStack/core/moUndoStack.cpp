@@ -518,7 +518,7 @@ void moUndoStack::showHistory()
         moLog::errorNR("moUndoStack::showHistory(): there is no QApplication");
         return;
     }
-    moHistoryWindow::show(getType(), *m_stack, [this](int index) { setIndex(index); });
+    moHistoryWindow::show(getType(), *this, *m_stack);
 }
 
 // --- notifications --------------------------------------------------------------------------------------------------
