@@ -13,8 +13,8 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-# A component is complete: what the runtime package has of it is removed from the other one.
-set(CPACK_PRE_BUILD_SCRIPTS ${debian}/leave-to-runtime.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${debian}/before-packing.cmake)
+set(CPACK_POST_BUILD_SCRIPTS ${debian}/after-packing.cmake)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_GROUPING ONE_PER_GROUP)
@@ -31,16 +31,15 @@ and merge them, and reports of each step.")
 set(CPACK_DEBIAN_RUNTIMEPACKAGE_PACKAGE_NAME ${runtime})
 set(CPACK_DEBIAN_RUNTIMEPACKAGE_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIMEPACKAGE_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_RUNTIMEPACKAGE_DESCRIPTION "undo and redo of a scene graph over QUndoStack
-${about}
+set(CPACK_DEBIAN_RUNTIMEPACKAGE_PACKAGE_CONTROL_EXTRA ${debian}/triggers)
+set(CPACK_DEBIAN_RUNTIMEPACKAGE_DESCRIPTION "${about}
 
 This package contains the shared libraries.")
 set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_PACKAGE_NAME ${development})
 set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_PACKAGE_DEPENDS
     "${runtime} (= ${PROJECT_VERSION}-${revision}), qtbase5-dev (>= 5.15), libboost-dev")
-set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_DESCRIPTION "undo and redo of a scene graph over QUndoStack (development files)
-${about}
+set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_DESCRIPTION "${about}
 
 This package contains the headers and the CMake package.")
 
