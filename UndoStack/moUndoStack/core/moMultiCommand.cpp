@@ -85,10 +85,7 @@ bool moMultiCommand::mergeWith(const QUndoCommand* other)
 
 void moMultiCommand::makeMessage(moMessage& message) const
 {
-    int i = 0;
-    while (isCancelled(child(i)))
-        ++i;
-    if (const auto* first = dynamic_cast<const moUndoCommand*>(child(i))) first->makeMessage(message);
+    if (const auto* first = dynamic_cast<const moUndoCommand*>(firstChild())) first->makeMessage(message);
 }
 
 bool moMultiCommand::canMergeWith(const QUndoCommand* other) const
@@ -135,11 +132,19 @@ bool moMultiCommand::isCancelled(const QUndoCommand* command)
     return static_cast<const moMultiCommand*>(command)->m_cancelled;
 }
 
+/// The first child that is no cancelled composite; null if there is none.
+const QUndoCommand* moMultiCommand::firstChild() const
+{
+    int i = 0;
+    while (isCancelled(child(i)))
+        ++i;
+    return child(i);
+}
+
 /// The children of any command but the composites that were cancelled.
 std::vector<const QUndoCommand*> moMultiCommand::childrenOf(const QUndoCommand& command)
 {
     std::vector<const QUndoCommand*> children;
-    children.reserve(static_cast<std::size_t>(command.childCount()));
     for (int i = 0; i < command.childCount(); ++i) {
         if (!isCancelled(command.child(i))) children.push_back(command.child(i));
     }

@@ -86,6 +86,7 @@ private:
     static bool isCancelled(const QUndoCommand* command);
     static std::vector<const QUndoCommand*> childrenOf(const QUndoCommand& command);
 
+    const QUndoCommand* firstChild() const;
     QUndoCommand* childAt(int index) const;
 
     std::function<void()> m_after;
