@@ -2,14 +2,7 @@
 
 #include <moUtils/moLog.h>
 
-#include <utility>
-
 moStep* moStep::s_current = nullptr;
-
-void moStep::finish()
-{
-    if (m_first) std::rethrow_exception(std::exchange(m_first, nullptr));
-}
 
 void moStep::keepException(moStep* step) noexcept
 {

@@ -4,6 +4,7 @@
 
 #include <exception>
 #include <new>
+#include <utility>
 
 /// Keeps a step whole when foreign code throws. The library's commands are written with it; yours can be, too.
 ///
@@ -131,7 +132,11 @@ private:
     moStep() : m_outer(s_current) { s_current = this; }
     ~moStep() { s_current = m_outer; }
 
-    void finish();
+    /// Throws the exception that was kept, if any.
+    void finish()
+    {
+        if (m_first) std::rethrow_exception(std::exchange(m_first, nullptr));
+    }
 
     /// Keeps the exception being handled for the step, or logs it if there is no step or it has one already.
     static void keepException(moStep* step) noexcept;
