@@ -9,23 +9,10 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-/// The message callback is a plain function: it finds the session here.
-EditorSession* s_session = nullptr;
-
-bool receive(const char* name, moMessage& message, int)
-{
-    Q_EMIT s_session->messageArrived(QString::fromUtf8(name), message);
-    return true;
-}
-
-} // namespace
-
 EditorSession::EditorSession(QObject* parent) : QObject(parent), m_editState(edits()), m_viewState(views())
 {
-    s_session = this;
-    edits().setMessageCallback(receive);
+    edits().setMessageListener(
+        [this](const char* name, moMessage& message, int) { Q_EMIT messageArrived(QString::fromUtf8(name), message); });
     connect(&edits(), &moUndoStack::redoPerformed, this, &EditorSession::sceneChanged);
     connect(&edits(), &moUndoStack::undoPerformed, this, &EditorSession::sceneChanged);
     setRecording(true);
@@ -34,8 +21,7 @@ EditorSession::EditorSession(QObject* parent) : QObject(parent), m_editState(edi
 EditorSession::~EditorSession()
 {
     disconnect(&edits(), nullptr, this, nullptr);
-    edits().setMessageCallback(nullptr);
-    s_session = nullptr;
+    edits().setMessageListener({});
     setBlocked(false);
     setRecording(false);
     // The commands hold parts of the scene.

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <sceneeditor/Camera.h>
-#include <sceneeditor/StackState.h>
 
 #include <scene/ModelLoader.h>
 
 #include <moOpenSGUtils/moNodePtr.h>
 
 #include <moUndoStack/core/moUndoStack.h>
+#include <moUndoStack/core/moUndoStackState.h>
 
 #include <OpenSG/OSGNode.h>
 

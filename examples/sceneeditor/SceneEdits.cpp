@@ -52,10 +52,13 @@ template<class Edit>
 void editEach(EditorSession& session, const std::vector<osg::NodePtr>& nodes, const QString& text, const Edit& edit)
 {
     if (nodes.empty()) return;
-    if (nodes.size() > 1) session.edits().beginMultiCommand(text, text, false);
+    if (nodes.size() == 1) {
+        edit(nodes.front());
+        return;
+    }
+    const moCompositionScope composition(session.edits(), text, text);
     for (const osg::NodePtr& node : nodes)
         edit(node);
-    if (nodes.size() > 1) session.edits().endMultiCommand();
 }
 
 } // namespace
