@@ -64,7 +64,7 @@ bool ViewUndoCommand::canMergeWith(const QUndoCommand* other) const
 {
     if (!moUndoCommand::canMergeWith(other)) return false;
     const auto* newer = castLike(*this, other);
-    return newer && newer->m_camera == m_camera;
+    return newer && newer->m_camera == m_camera && newer->text() == text();
 }
 
 bool ViewUndoCommand::mergeWith(const QUndoCommand* other)

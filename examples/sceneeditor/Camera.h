@@ -48,7 +48,7 @@ private:
 };
 
 /// A command of the application's own that edits no scene: sets the view of a camera. Destroyed cameras are skipped.
-/// Merges with a newer one of the same camera.
+/// Merges with a newer one of the same camera and the same text.
 class ViewUndoCommand : public moUndoCommand
 {
     MO_UNDO_COMMAND_ID

@@ -131,6 +131,8 @@ void EditorWindow::makeDocks()
     QDockWidget* const history =
         add(new HistoryDock(tr("History"), "historyDock", m_session.edits(), this), Qt::LeftDockWidgetArea);
     resizeDocks({scene, history}, {3, 2}, Qt::Vertical);
+    constexpr int sceneColumns = 46;
+    resizeDocks({scene}, {fontMetrics().averageCharWidth() * sceneColumns}, Qt::Horizontal);
     QDockWidget* const messages = add(new MessagesDock(m_session, this), Qt::BottomDockWidgetArea);
     QDockWidget* const views =
         add(new HistoryDock(tr("Views"), "viewHistoryDock", m_session.views(), this), Qt::BottomDockWidgetArea);

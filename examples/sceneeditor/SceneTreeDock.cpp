@@ -80,7 +80,7 @@ void SceneTreeDock::showScene()
 {
     m_view->expandToDepth(1);
     // Room for the tags, too.
-    m_view->setColumnWidth(SceneTreeModel::NameColumn, m_view->fontMetrics().averageCharWidth() * 26);
+    m_view->setColumnWidth(SceneTreeModel::NameColumn, m_view->fontMetrics().averageCharWidth() * 20);
     showSelection();
 }
 

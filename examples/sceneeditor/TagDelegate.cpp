@@ -27,10 +27,10 @@ std::vector<TagDelegate::Chip> TagDelegate::chips(const QStyleOptionViewItem& op
         result.push_back({tag, rect, cross});
         left += width + gap;
     };
-    for (const QString& tag : index.data(SceneTreeModel::SystemTagsRole).toStringList())
-        add(tag, false);
     for (const QString& tag : index.data(SceneTreeModel::UserTagsRole).toStringList())
         add(tag, true);
+    for (const QString& tag : index.data(SceneTreeModel::SystemTagsRole).toStringList())
+        add(tag, false);
     return result;
 }
 
