@@ -109,8 +109,8 @@ void EditorWindow::makeViewMenu()
     QMenu* const menu = menuBar()->addMenu(tr("&View"));
     QAction* const undo = named(m_session.viewState().createUndoAction(menu, tr("Undo View:")), "undoView");
     QAction* const redo = named(m_session.viewState().createRedoAction(menu, tr("Redo View:")), "redoView");
-    undo->setShortcut(tr("Alt+Left"));
-    redo->setShortcut(tr("Alt+Right"));
+    undo->setShortcuts({tr("Alt+Left")});
+    redo->setShortcuts({tr("Alt+Right")});
     menu->addActions({undo, redo});
     named(menu->addAction(tr("&Fit"), m_viewport, &Viewport::fit, tr("Ctrl+F")), "fit");
     menu->addSeparator();

@@ -47,7 +47,7 @@ protected:
         m_session = std::make_unique<EditorSession>();
         m_session->load(STUDIO_MODEL);
         window = std::make_unique<AnsweredWindow>(*m_session);
-        window->resize(1000, 700);
+        window->resize(900, 640);
         window->show();
         QCoreApplication::processEvents();
     }

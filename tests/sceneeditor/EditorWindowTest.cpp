@@ -40,6 +40,18 @@ TEST_F(EditorWindowTest, TheEditMenuShowsWhatCanBeUndoneAndRedone)
     EXPECT_FALSE(action("redo").isEnabled());
 }
 
+TEST_F(EditorWindowTest, NoTwoActionsHaveTheSameShortcut)
+{
+    QList<QKeySequence> known;
+    for (const QAction* const each : window->findChildren<QAction*>()) {
+        for (const QKeySequence& keys : each->shortcuts()) {
+            EXPECT_FALSE(known.contains(keys)) << keys.toString().toStdString();
+            known.append(keys);
+        }
+    }
+    EXPECT_GT(known.size(), 10);
+}
+
 TEST_F(EditorWindowTest, TheTitleMarksASceneThatWasModified)
 {
     EXPECT_EQ(window->windowTitle(), "scene.gltf[*] – Scene Editor");
