@@ -40,7 +40,8 @@ int main(int argc, char** argv)
     const QCommandLineOption helpOption({"h", "help"}, "Show this text.");
     const QCommandLineOption screenshotOption("screenshot", "Write a picture of the window and end.", "FILE");
     const QCommandLineOption stepsOption("steps", "Carry out the steps of a script first.", "SCRIPT");
-    parser.addOptions({helpOption, screenshotOption, stepsOption});
+    const QCommandLineOption widgetOption("widget", "Of that part of the window only, by its object name.", "NAME");
+    parser.addOptions({helpOption, screenshotOption, stepsOption, widgetOption});
     parser.addPositionalArgument("MODEL", "Any model file that Assimp reads. Default: a small studio scene.",
                                  "[MODEL]");
     if (!parser.parse(QCoreApplication::arguments())) return fail(Unusable, parser.errorText());
@@ -73,7 +74,10 @@ int main(int argc, char** argv)
     }
     if (!parser.isSet(screenshotOption)) return QApplication::exec();
     QCoreApplication::processEvents();
-    if (!window.grab().save(parser.value(screenshotOption)))
+    QWidget* part = &window;
+    if (parser.isSet(widgetOption)) part = window.findChild<QWidget*>(parser.value(widgetOption));
+    if (!part) return fail(Failed, QStringLiteral("there is no '%1'").arg(parser.value(widgetOption)));
+    if (!part->grab().save(parser.value(screenshotOption)))
         return fail(Failed, QStringLiteral("cannot write '%1'").arg(parser.value(screenshotOption)));
     return Done;
 }
