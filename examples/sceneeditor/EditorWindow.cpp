@@ -129,15 +129,13 @@ void EditorWindow::makeDocks()
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     QDockWidget* const scene = add(new SceneTreeDock(m_session, this), Qt::LeftDockWidgetArea);
     QDockWidget* const history =
-        add(new HistoryDock(tr("History"), "historyDock", m_session.edits(), m_session.editState(), this),
-            Qt::LeftDockWidgetArea);
+        add(new HistoryDock(tr("History"), "historyDock", m_session.edits(), this), Qt::LeftDockWidgetArea);
     resizeDocks({scene, history}, {3, 2}, Qt::Vertical);
     constexpr int sceneColumns = 46;
     resizeDocks({scene}, {fontMetrics().averageCharWidth() * sceneColumns}, Qt::Horizontal);
     QDockWidget* const messages = add(new MessagesDock(m_session, this), Qt::BottomDockWidgetArea);
     QDockWidget* const views =
-        add(new HistoryDock(tr("Views"), "viewHistoryDock", m_session.views(), m_session.viewState(), this),
-            Qt::BottomDockWidgetArea);
+        add(new HistoryDock(tr("Views"), "viewHistoryDock", m_session.views(), this), Qt::BottomDockWidgetArea);
     tabifyDockWidget(messages, views);
     messages->raise();
     constexpr int messageRows = 8;

@@ -52,6 +52,18 @@ TEST_F(HistoryTest, ThePresentStepIsTheCurrentRow)
     EXPECT_EQ(rows(), QStringList());
 }
 
+TEST_F(HistoryTest, TheSavedStateIsMarkedAndUndoneStepsAreDimmed)
+{
+    script("select Table\ndrag x 60 10");
+    window->target = folder.filePath("saved.gltf");
+    script("trigger save\ndrag y 0 -20\ntrigger undo");
+    const auto isBold = [this](int number) { return row(number).data(Qt::FontRole).value<QFont>().bold(); };
+    EXPECT_FALSE(isBold(0));
+    EXPECT_TRUE(isBold(1));
+    EXPECT_FALSE(row(1).data(Qt::ForegroundRole).isValid());
+    EXPECT_TRUE(row(2).data(Qt::ForegroundRole).isValid());
+}
+
 TEST_F(HistoryTest, TheCameraHasAHistoryOfItsOwn)
 {
     script("orbit 20 20\npan 10 0");
