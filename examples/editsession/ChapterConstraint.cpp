@@ -1,6 +1,6 @@
 #include <editsession/Chapters.h>
-#include <editsession/ModelLoader.h>
 #include <editsession/Report.h>
+#include <scene/ModelLoader.h>
 
 #include <moUndoStack/moUndoCommands.h>
 
@@ -17,11 +17,6 @@ osg::AimConstraintPtr aimOf(const Model& model)
 }
 
 } // namespace
-
-void prepareConstraints(Model& model)
-{
-    model.containers.emplace_back(osg::AimConstraint::create());
-}
 
 /// Builds an aim constraint, takes it apart and begins a new one. In a model of one node, that node has all roles.
 void constraintChapter(Context& context)

@@ -1,7 +1,8 @@
 #include <editsession/Chapters.h>
-#include <editsession/ModelLoader.h>
 #include <editsession/Report.h>
-#include <editsession/SceneDigest.h>
+#include <scene/ModelLoader.h>
+#include <scene/RenameCommand.h>
+#include <scene/SceneDigest.h>
 
 #include <moUndoStack/moUndoCommands.h>
 
@@ -24,36 +25,6 @@ bool sameBits(const osg::Vec3f& a, const osg::Vec3f& b)
 {
     return std::equal(a.getValues(), a.getValues() + 3, b.getValues());
 }
-
-/// A command of the application's own: renames a node. It only says how the value is read and written.
-class RenameCommand : public moFunctionUndoCommand<std::string>
-{
-    MO_UNDO_COMMAND_ID
-
-public:
-    RenameCommand(const osg::NodePtr& node, const std::string& name)
-        : moFunctionUndoCommand(moUndoString("Rename", "Node Commands"), node, name, nullptr)
-    {
-    }
-
-protected:
-    std::string get(osg::NodePtr node) override
-    {
-        const char* name = osg::getName(node);
-        return name ? name : "";
-    }
-    /// An empty name removes the attachment, because a node without a name has none.
-    void set(osg::NodePtr node, std::string name) override
-    {
-        const osg::CPEditor edit(node, osg::Node::AttachmentsFieldMask);
-        if (name.empty())
-            osg::setName(node, static_cast<const char*>(nullptr));
-        else
-            osg::setName(node, name);
-    }
-};
-
-MO_UNDO_COMMAND_ID_IMPL(RenameCommand)
 
 /// Drags a node: the mouse is pressed, moved thirty times and released. The editor adds a command for each move.
 void drag(Context& context, const osg::NodePtr& node)

@@ -1,8 +1,8 @@
 #include <editsession/Chapters.h>
-#include <editsession/ModelLoader.h>
-#include <editsession/Paint.h>
 #include <editsession/Report.h>
-#include <editsession/SceneDigest.h>
+#include <scene/ModelLoader.h>
+#include <scene/Paint.h>
+#include <scene/SceneDigest.h>
 
 #include <moUndoStack/moUndoCommands.h>
 
@@ -149,21 +149,6 @@ void follow(Context& context, const osg::PaintPtr& paint)
 }
 
 } // namespace
-
-void prepareFields(Model& model)
-{
-    std::vector<LoadedMaterial> materials = model.materials;
-    if (materials.empty()) materials.emplace_back();
-    for (const LoadedMaterial& material : materials) {
-        const osg::PaintPtr paint = osg::Paint::create();
-        const osg::CPEditor edit(paint);
-        paint->setDiffuse(material.baseColor);
-        paint->setEmission(material.emission);
-        paint->setTransparency(1.F - material.opacity);
-        paint->setLabel(material.name);
-        model.containers.emplace_back(paint);
-    }
-}
 
 void fieldChapter(Context& context)
 {

@@ -1,8 +1,9 @@
 #include <editsession/Chapters.h>
-#include <editsession/ModelLoader.h>
-#include <editsession/Progress.h>
 #include <editsession/Report.h>
-#include <editsession/SceneDigest.h>
+#include <scene/ModelLoader.h>
+#include <scene/Prepare.h>
+#include <scene/Progress.h>
+#include <scene/SceneDigest.h>
 
 #include <moUndoStack/moUndoCommands.h>
 
@@ -18,14 +19,8 @@ namespace {
 
 using osg::UberLight;
 
-constexpr osg::UInt32 sharedCoreFlag = 0x2;
 constexpr unsigned int lightList = 3, sceneNodeList = 0;
 constexpr bool adding = false, removing = true;
-
-/// Names of the nodes that prepareLights() puts below the root. The chapter finds them by these.
-constexpr const char* areaLightName = "Area Light";
-constexpr const char* standInName = "Area Light as seen by the Library";
-constexpr const char* linkSetName = "Light Links";
 
 /// How many nodes are linked to lights at most. A link set searches its list for each node that is added or removed, so
 /// linking all nodes of a big scene would cost the square of their number.
@@ -35,58 +30,6 @@ constexpr std::size_t linkedNodes = 1000;
 osg::SFUInt32* externalFlags(const osg::NodePtr& node)
 {
     return dynamic_cast<osg::SFUInt32*>(node->getField("externalFlags"));
-}
-
-UberLight::LightType typeOf(LoadedLight::Kind kind)
-{
-    switch (kind) {
-    case LoadedLight::Kind::Directional:
-        return UberLight::DirectionalLight;
-    case LoadedLight::Kind::Spot:
-        return UberLight::SpotLight;
-    case LoadedLight::Kind::Area:
-        return UberLight::AreaLight;
-    case LoadedLight::Kind::Point:
-    case LoadedLight::Kind::Ambient:
-        break;
-    }
-    return UberLight::PointLight;
-}
-
-/// A light core with the properties from the file and the transform of the node.
-osg::UberLightPtr lightCore(const LoadedLight& loaded)
-{
-    const osg::UberLightPtr light = UberLight::create();
-    const osg::CPEditor edit(light, osg::FieldBits::AllFields);
-    if (const auto transform = osg::Transform3DPtr::dcast(loaded.node->getCore())) {
-        for (osg::UInt32 id = osg::Transform::NextFieldId; id < osg::Transform3D::NextFieldId; ++id)
-            light->getField(id)->setAbstrValue(*transform->getField(id));
-    }
-    const float intensity = std::max({loaded.color.red(), loaded.color.green(), loaded.color.blue()});
-    light->setLightType(typeOf(loaded.kind));
-    if (intensity > 0.f) {
-        light->setIntensity(intensity);
-        light->setDiffuse(osg::Color3f(loaded.color.red() / intensity, loaded.color.green() / intensity,
-                                       loaded.color.blue() / intensity));
-    }
-    if (loaded.kind == LoadedLight::Kind::Spot) {
-        light->setConeAngle(std::clamp(loaded.outerConeAngle, 0.f, 180.f));
-        light->setPenumbraAngle(std::clamp(loaded.outerConeAngle - loaded.innerConeAngle, 0.f, 180.f));
-    }
-    if (loaded.attenuation[2] > 0.f)
-        light->setAttenuation(UberLight::QuadraticAttenuation);
-    else if (loaded.attenuation[1] > 0.f)
-        light->setAttenuation(UberLight::LinearAttenuation);
-    return light;
-}
-
-osg::NodePtr addNode(const osg::NodePtr& parent, const char* name, const osg::NodeCorePtr& core)
-{
-    const osg::NodePtr node = osg::makeNodeFor(core);
-    osg::setName(node, name);
-    const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
-    parent->addChild(node);
-    return node;
 }
 
 osg::NodePtr childOfRoot(const Model& model, const char* name)
@@ -253,30 +196,6 @@ void editLinks(Context& context, const osg::NodePtr& areaLight)
 }
 
 } // namespace
-
-void prepareLights(Model& model)
-{
-    for (const LoadedLight& loaded : model.lights) {
-        const osg::CPEditor edit(loaded.node, osg::Node::CoreFieldMask);
-        loaded.node->setCore(lightCore(loaded));
-    }
-
-    // Model files do not have these: an area light with a profile and a lens flare, a link set and, if nodes can be
-    // marked as stand-ins, a second node with the light's core.
-    const osg::UberLightPtr core = UberLight::create();
-    const osg::NodePtr areaLight = addNode(model.root.get(), areaLightName, core);
-    moLights::changeLightType(areaLight, "Area");
-    moLights::setLightProfile(areaLight, "softbox.ies", 850.f);
-    moLights::setLensFlareEffect(areaLight, osg::LensFlareEffect::create());
-    {
-        const osg::CPEditor edit(core, osg::Transform3D::ScaleFieldMask);
-        core->setScale(osg::Vec3f(2.f, 1.f, 1.f));
-    }
-    model.lights.push_back({LoadedLight::Kind::Area, areaLight, osg::Color3f(1.f, 1.f, 1.f)});
-    if (externalFlags(model.root.get()))
-        externalFlags(addNode(model.root.get(), standInName, core))->setValue(sharedCoreFlag);
-    addNode(model.root.get(), linkSetName, osg::LightLinkSet::create());
-}
 
 void lightChapter(Context& context)
 {

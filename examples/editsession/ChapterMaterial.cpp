@@ -1,6 +1,6 @@
 #include <editsession/Chapters.h>
-#include <editsession/ModelLoader.h>
 #include <editsession/Report.h>
+#include <scene/ModelLoader.h>
 
 #include <moUndoStack/moUndoCommands.h>
 
@@ -19,20 +19,6 @@ std::vector<Ptr> containersOf(const Model& model)
         if (const Ptr typed = Ptr::dcast(container.get())) found.push_back(typed);
     }
     return found;
-}
-
-void addMaterial(Model& model, const LoadedMaterial& loaded)
-{
-    const osg::ColorComponentSettingsPtr settings = osg::ColorComponentSettings::create();
-    settings->setLabel(loaded.name);
-    settings->setRed(loaded.baseColor.red());
-    settings->setGreen(loaded.baseColor.green());
-    settings->setBlue(loaded.baseColor.blue());
-
-    const osg::UberMaterialPtr material = osg::UberMaterial::create();
-    const osg::CPEditor edit(material, osg::UberMaterial::ColorComponentsFieldMask);
-    material->addColorComponent(settings);
-    model.containers.emplace_back(material);
 }
 
 moFieldUndoCommand<float>* setChannel(const osg::ColorComponentSettingsPtr& settings, const std::string& channel,
@@ -120,19 +106,6 @@ void setEnvironments(Context& context, const osg::UBRDFMaterialPtr& glass, const
 }
 
 } // namespace
-
-void prepareMaterials(Model& model)
-{
-    for (const LoadedMaterial& loaded : model.materials)
-        addMaterial(model, loaded);
-    // Two more, which also serve as environments.
-    for (const char* name : {"Studio", "Sky"}) {
-        LoadedMaterial environment;
-        environment.name = name;
-        addMaterial(model, environment);
-    }
-    model.containers.emplace_back(osg::UBRDFMaterial::create());
-}
 
 void materialChapter(Context& context)
 {

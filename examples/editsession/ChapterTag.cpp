@@ -1,6 +1,7 @@
 #include <editsession/Chapters.h>
-#include <editsession/ModelLoader.h>
 #include <editsession/Report.h>
+#include <scene/ModelLoader.h>
+#include <scene/Prepare.h>
 
 #include <moUndoStack/moUndoCommands.h>
 
@@ -11,11 +12,6 @@
 namespace {
 
 using Tags = osg::TagAttachment;
-
-osg::TagAttachmentPtr tagsOf(const osg::NodePtr& node)
-{
-    return osg::TagAttachmentPtr::dcast(node->findAttachment(Tags::getClassType()));
-}
 
 bool hasTag(const osg::NodePtr& node, const std::string& tag)
 {
@@ -50,17 +46,6 @@ void removeTag(Context& context, const osg::NodePtr& node, const std::string& ta
 }
 
 } // namespace
-
-void prepareTags(Model& model)
-{
-    for (const osg::NodePtr& node : model.nodes) {
-        if (tagsOf(node)) continue;
-        const osg::TagAttachmentPtr tags = Tags::create();
-        tags->getMFSystemTags()->push_back("imported");
-        const osg::CPEditor edit(node, osg::Node::AttachmentsFieldMask);
-        node->addAttachment(tags);
-    }
-}
 
 void tagChapter(Context& context)
 {

@@ -1,7 +1,7 @@
 #include <editsession/Chapters.h>
-#include <editsession/ModelLoader.h>
 #include <editsession/Report.h>
-#include <editsession/SceneDigest.h>
+#include <scene/ModelLoader.h>
+#include <scene/SceneDigest.h>
 
 #include <moUndoStack/moUndoCommands.h>
 

@@ -1,7 +1,8 @@
 #include <editsession/Chapters.h>
 
 #include <editsession/Report.h>
-#include <editsession/SceneDigest.h>
+#include <scene/Prepare.h>
+#include <scene/SceneDigest.h>
 
 void Context::checkScene(const QString& what, const SceneState& then)
 {
@@ -13,8 +14,8 @@ void Context::checkScene(const QString& what, const SceneState& then)
 const std::vector<Chapter>& chapters()
 {
     // A new family: a file Chapter<Family>.cpp with its function, declared in Chapters.h, and a row here. If it needs
-    // more in the scene than the model's nodes (cores for lights, materials, attachments), a prepare function in the
-    // same file makes it. A chapter must work with any model, down to a single node without light and material.
+    // more in the scene than the model's nodes (cores for lights, materials, attachments), a prepare function in
+    // scene/Prepare.h makes it. A chapter must work with any model, down to a single node without light and material.
 
     // clang-format off
     static const std::vector<Chapter> table = {

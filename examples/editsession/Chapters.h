@@ -38,21 +38,11 @@ struct Chapter
 };
 
 void coreChapter(Context& context);
-void transformChapter(Context& context);
-
-void prepareFields(Model& model);
 void fieldChapter(Context& context);
-
-void prepareLights(Model& model);
 void lightChapter(Context& context);
-
-void prepareMaterials(Model& model);
+void transformChapter(Context& context);
 void materialChapter(Context& context);
-
-void prepareTags(Model& model);
 void tagChapter(Context& context);
-
-void prepareConstraints(Model& model);
 void constraintChapter(Context& context);
 
 /// The chapters in the order of the session.

@@ -14,94 +14,8 @@
 
 namespace {
 
-QJsonValue json(bool value)
-{
-    return value;
-}
-QJsonValue json(int value)
-{
-    return value;
-}
-QJsonValue json(unsigned int value)
-{
-    return static_cast<qint64>(value);
-}
-QJsonValue json(double value)
-{
-    return value;
-}
-QJsonValue json(const std::string& value)
-{
-    return QString::fromStdString(value);
-}
-template<class T>
-QJsonValue json(const std::vector<T>& values)
-{
-    QJsonArray array;
-    for (const T& value : values)
-        array.append(json(value));
-    return array;
-}
-
-/// The types that values of messages have.
-struct ValueType
-{
-    const char* name;
-    bool (*read)(const boost::any& value, QJsonValue& result);
-};
-
-template<class T>
-constexpr ValueType valueType(const char* name)
-{
-    return {name, [](const boost::any& value, QJsonValue& result) {
-                const T* typed = boost::any_cast<T>(&value);
-                if (typed) result = json(*typed);
-                return typed != nullptr;
-            }};
-}
-
-constexpr ValueType valueTypes[] = {
-    valueType<int>("int"),
-    valueType<bool>("bool"),
-    valueType<unsigned int>("unsigned int"),
-    valueType<float>("float"),
-    valueType<double>("double"),
-    valueType<std::string>("std::string"),
-    valueType<std::vector<unsigned int>>("std::vector<unsigned int>"),
-    valueType<std::vector<std::string>>("std::vector<std::string>"),
-};
-
-Report::Entry entry(const moMessage::Entry& source)
-{
-    Report::Entry result{QString::fromStdString(source.first), QString(), QJsonValue()};
-    for (const ValueType& type : valueTypes) {
-        if (type.read(source.second, result.value)) {
-            result.type = QString::fromLatin1(type.name);
-            return result;
-        }
-    }
-    result.type = QString::fromLatin1(source.second.type().name());
-    return result;
-}
-
-/// How many elements of a list are shown to a reader.
-constexpr int shownElements = 20;
-
-/// The value as JSON writes it: text quoted, lists in brackets. A long list is cut off.
-QString written(const QJsonValue& value)
-{
-    QJsonArray list = value.toArray();
-    const int hidden = list.size() - shownElements;
-    if (hidden > 0) {
-        QJsonArray begin;
-        for (int i = 0; i < shownElements; ++i)
-            begin.append(list[i]);
-        const QString shown = written(begin);
-        return QStringLiteral("%1,… %2 more]").arg(shown.left(shown.size() - 1)).arg(hidden);
-    }
-    const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return QString::fromUtf8(text.mid(1, text.size() - 2));
-}
+/// How many children of a step are shown to a reader.
+constexpr int shownChildren = 20;
 
 QString written(const Report::Message& message)
 {
@@ -161,8 +75,8 @@ void printStep(QTextStream& stream, const Report::Step& step, const QString& lea
     const QString indent(lead.size() + 2, ' ');
     int shown = 0;
     for (const Report::Step& child : step.children) {
-        if (shown++ == shownElements) {
-            stream << indent << QStringLiteral("… %1 more\n").arg(step.children.size() - shownElements);
+        if (shown++ == shownChildren) {
+            stream << indent << QStringLiteral("… %1 more\n").arg(step.children.size() - shownChildren);
             return;
         }
         printStep(stream, child, indent);
@@ -181,7 +95,7 @@ Report::Step::Step(const QUndoCommand& command) : text(command.text())
 void Report::addMessage(const QString& phase, const char* name, const moMessage& message)
 {
     Message copy{phase, QString::fromLatin1(name), {}};
-    std::transform(message.entries().begin(), message.entries().end(), std::back_inserter(copy.entries), entry);
+    std::transform(message.entries().begin(), message.entries().end(), std::back_inserter(copy.entries), readEntry);
     messages.push_back(std::move(copy));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <scene/MessageEntry.h>
+
 #include <QtCore/QByteArray>
 #include <QtCore/QJsonValue>
 #include <QtCore/QString>
@@ -13,14 +15,7 @@ class moMessage;
 /// What happened in a session, as data; can be printed and written as JSON.
 struct Report
 {
-    /// One key of a message. The type is the C++ type of its value; a type that the report does not know has a null
-    /// value.
-    struct Entry
-    {
-        QString key;
-        QString type;
-        QJsonValue value;
-    };
+    using Entry = MessageEntry;
 
     struct Message
     {

@@ -1,8 +1,8 @@
 #include <editsession/Session.h>
 
-#include <editsession/Interrupt.h>
-#include <editsession/ModelLoader.h>
-#include <editsession/SceneDigest.h>
+#include <scene/Interrupt.h>
+#include <scene/ModelLoader.h>
+#include <scene/SceneDigest.h>
 
 #include <moUndoStack/core/moUndoStack.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <editsession/Chapters.h>
-#include <editsession/Progress.h>
 #include <editsession/Report.h>
+#include <scene/Progress.h>
 
 /// Edits a model as an editor would: one chapter after the other, then undoes all steps and redoes all.
 ///

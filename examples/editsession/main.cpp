@@ -1,6 +1,6 @@
-#include <editsession/Interrupt.h>
-#include <editsession/ModelLoader.h>
 #include <editsession/Session.h>
+#include <scene/Interrupt.h>
+#include <scene/ModelLoader.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
 

@@ -1,7 +1,7 @@
 #include "TestModel.h"
 
-#include <editsession/ModelLoader.h>
 #include <editsession/Session.h>
+#include <scene/ModelLoader.h>
 #include <support/UndoTest.h>
 
 namespace {

@@ -1,4 +1,4 @@
-#include <editsession/FieldContents.h>
+#include <scene/FieldContents.h>
 
 #include <OpenSG/OSGMFSysTypes.h>
 #include <OpenSG/OSGNode.h>

@@ -1,6 +1,6 @@
 // For the bundled OpenSG only: an installed one has many more containers than a scene of the session is made of.
 
-#include <editsession/FieldContents.h>
+#include <scene/FieldContents.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGFieldContainerType.h>

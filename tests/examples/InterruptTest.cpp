@@ -1,4 +1,4 @@
-#include <editsession/Interrupt.h>
+#include <scene/Interrupt.h>
 
 #include <gtest/gtest.h>
 

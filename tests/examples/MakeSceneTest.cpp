@@ -1,6 +1,6 @@
 #include "TestModel.h"
 
-#include <editsession/ModelLoader.h>
+#include <scene/ModelLoader.h>
 #include <support/UndoTest.h>
 
 #include <QtCore/QProcess>

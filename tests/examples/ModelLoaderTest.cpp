@@ -1,6 +1,6 @@
 #include "TestModel.h"
 
-#include <editsession/ModelLoader.h>
+#include <scene/ModelLoader.h>
 #include <support/UndoTest.h>
 
 #include <moOpenSGUtils/moOpenSGUtils.h>
@@ -79,6 +79,32 @@ TEST_F(ModelLoader, LoadsTheStudioWithItsNodesLightsAndMaterials)
     const auto steel = std::find(materials.begin(), materials.end(), "Brushed Steel") - materials.begin();
     EXPECT_FLOAT_EQ(model.materials[std::size_t(steel)].baseColor[2], 0.75f);
     EXPECT_EQ(model.materials[std::size_t(steel)].nodes.size(), 9U);
+}
+
+TEST_F(ModelLoader, LeavesTrianglesOutUnlessTheyAreAskedFor)
+{
+    EXPECT_TRUE(loadModel(studioModel()).meshes.empty());
+    const Model model = loadModel(studioModel(), Geometry::Read);
+    ASSERT_EQ(model.meshes.size(), 4U);
+    std::size_t shown = 0;
+    for (const LoadedMesh& mesh : model.meshes) {
+        EXPECT_EQ(mesh.points.size(), 8U);
+        EXPECT_EQ(mesh.corners.size(), 36U);
+        EXPECT_EQ(model.materials[mesh.material].nodes, mesh.nodes);
+        shown += mesh.nodes.size();
+    }
+    EXPECT_EQ(shown, 13U);
+}
+
+TEST_F(ModelLoader, SplitsFacesOfMoreCornersIntoTriangles)
+{
+    const QByteArray pentagon = "v 0 0 0\nv 1 0 0\nv 2 1 0\nv 1 2 0\nv 0 1 0\n";
+    const Model model = loadModel(files.write("pentagon.obj", pentagon + "f 1 2 3 4 5\n"), Geometry::Read);
+    ASSERT_EQ(model.meshes.size(), 1U);
+    EXPECT_THAT(model.meshes[0].corners, ElementsAre(0, 1, 2, 0, 2, 3, 0, 3, 4));
+    const Model line = loadModel(files.write("line.obj", pentagon + "l 1 2\n"), Geometry::Read);
+    for (const LoadedMesh& mesh : line.meshes)
+        EXPECT_TRUE(mesh.corners.empty()) << "a line has no triangle";
 }
 
 TEST_F(ModelLoader, NamesTheSceneRoot)

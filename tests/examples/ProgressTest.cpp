@@ -1,5 +1,5 @@
-#include <editsession/Interrupt.h>
-#include <editsession/Progress.h>
+#include <scene/Interrupt.h>
+#include <scene/Progress.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "TestModel.h"
 
-#include <editsession/ModelLoader.h>
-#include <editsession/SceneDigest.h>
+#include <scene/ModelLoader.h>
+#include <scene/SceneDigest.h>
 #include <support/UndoTest.h>
 
 #include <OpenSG/OSGImage.h>

@@ -1,8 +1,8 @@
 #include "TestModel.h"
 
-#include <editsession/ModelLoader.h>
-#include <editsession/SceneDigest.h>
 #include <editsession/Session.h>
+#include <scene/ModelLoader.h>
+#include <scene/SceneDigest.h>
 #include <support/UndoTest.h>
 
 #include <moUndoStack/moUndoCommands.h>

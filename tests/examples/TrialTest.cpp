@@ -1,4 +1,4 @@
-#include <editsession/Trial.h>
+#include <scene/Trial.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <editsession/FieldContents.h>
+#include <scene/FieldContents.h>
 
 #include <OpenSG/OSGBaseTypes.h>
 

@@ -1,4 +1,4 @@
-#include <editsession/Paint.h>
+#include <scene/Paint.h>
 
 namespace osg {
 

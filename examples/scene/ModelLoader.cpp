@@ -1,6 +1,6 @@
-#include <editsession/ModelLoader.h>
-#include <editsession/Progress.h>
-#include <editsession/Trial.h>
+#include <scene/ModelLoader.h>
+#include <scene/Progress.h>
+#include <scene/Trial.h>
 
 #include <moOpenSGUtils/moOpenSGUtils.h>
 
@@ -123,11 +123,15 @@ osg::Transform3DPtr makeTransform(const aiMatrix4x4& matrix)
 class Builder
 {
 public:
-    Builder(const aiScene& scene, Model& model, Progress& progress)
+    Builder(const aiScene& scene, Model& model, Progress& progress, Geometry geometry)
         : m_scene(scene), m_model(model), m_progress(progress)
     {
         for (unsigned int i = 0; i < scene.mNumMaterials; ++i)
             m_model.materials.push_back(material(*scene.mMaterials[i]));
+        if (geometry == Geometry::Read) {
+            for (unsigned int i = 0; i < scene.mNumMeshes; ++i)
+                m_model.meshes.push_back(mesh(*scene.mMeshes[i]));
+        }
         addNode(*scene.mRootNode, osg::NullFC);
         for (unsigned int i = 0; i < scene.mNumLights; ++i)
             addLight(*scene.mLights[i]);
@@ -155,9 +159,28 @@ private:
             std::vector<osg::NodePtr>& users =
                 m_model.materials[m_scene.mMeshes[source.mMeshes[i]]->mMaterialIndex].nodes;
             if (users.empty() || users.back() != node) users.push_back(node);
+            if (!m_model.meshes.empty()) m_model.meshes[source.mMeshes[i]].nodes.push_back(node);
         }
         for (unsigned int i = 0; i < source.mNumChildren; ++i)
             addNode(*source.mChildren[i], node);
+    }
+
+    static LoadedMesh mesh(const aiMesh& source)
+    {
+        LoadedMesh result;
+        result.material = source.mMaterialIndex;
+        result.points.reserve(source.mNumVertices);
+        for (unsigned int i = 0; i < source.mNumVertices; ++i) {
+            const aiVector3D& point = source.mVertices[i];
+            result.points.emplace_back(point.x, point.y, point.z);
+        }
+        for (unsigned int i = 0; i < source.mNumFaces; ++i) {
+            const aiFace& face = source.mFaces[i];
+            for (unsigned int corner = 2; corner < face.mNumIndices; ++corner)
+                result.corners.insert(result.corners.end(),
+                                      {face.mIndices[0], face.mIndices[corner - 1], face.mIndices[corner]});
+        }
+        return result;
     }
 
     static LoadedMaterial material(const aiMaterial& source)
@@ -224,13 +247,13 @@ private:
 
 } // namespace
 
-Model loadModel(const QString& fileName)
+Model loadModel(const QString& fileName, Geometry geometry)
 {
     Progress silent;
-    return loadModel(fileName, silent);
+    return loadModel(fileName, silent, geometry);
 }
 
-Model loadModel(const QString& fileName, Progress& progress)
+Model loadModel(const QString& fileName, Progress& progress, Geometry geometry)
 {
     progress.begin(QStringLiteral("load"));
     const QFileInfo info(fileName);
@@ -264,7 +287,7 @@ Model loadModel(const QString& fileName, Progress& progress)
         fail(fileName, QStringLiteral("there is no scene in it"));
 
     Model model;
-    Builder(*scene, model, progress);
+    Builder(*scene, model, progress, geometry);
     moOpenSGUtils::setRoot(model.root);
     return model;
 }

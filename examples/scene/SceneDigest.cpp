@@ -1,6 +1,6 @@
-#include <editsession/SceneDigest.h>
+#include <scene/SceneDigest.h>
 
-#include <editsession/ModelLoader.h>
+#include <scene/ModelLoader.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGThread.h>

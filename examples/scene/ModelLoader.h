@@ -3,9 +3,11 @@
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
+#include <OpenSG/OSGVector.h>
 
 #include <QtCore/QString>
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -42,8 +44,25 @@ struct LoadedMaterial
     std::vector<osg::NodePtr> nodes;
 };
 
+/// A mesh of the file as triangles, in the space of the nodes that show it. Faces of more corners are split as fans;
+/// points and lines are left out.
+struct LoadedMesh
+{
+    std::vector<osg::Vec3f> points;
+    std::vector<osg::UInt32> corners; ///< indices of points, three for each triangle
+    std::size_t material = 0;         ///< index in Model::materials
+    std::vector<osg::NodePtr> nodes;  ///< those that show it
+};
+
+/// Whether the triangles are read, too. Undo does not touch them.
+enum class Geometry
+{
+    LeaveOut,
+    Read
+};
+
 /// A model file as a scene graph. Each of the file's nodes is an osg::Node with its name and an osg::Transform3D;
-/// meshes are left out, undo does not touch them.
+/// meshes stay beside the scene graph.
 ///
 /// The model owns the scene: its nodes exist until the last copy of the model is destroyed. Lights and materials are
 /// kept as data. A chapter that edits them makes containers from them in its prepare function: a core for the light's
@@ -54,6 +73,7 @@ struct Model
     std::vector<osg::NodePtr> nodes; ///< parents before children, the root first; never empty
     std::vector<LoadedLight> lights;
     std::vector<LoadedMaterial> materials;
+    std::vector<LoadedMesh> meshes; ///< empty if they were left out
     std::vector<osg::FieldContainerRefPtr> containers;
 };
 
@@ -68,7 +88,7 @@ public:
 ///
 /// \throws ModelError   if the file is missing, cannot be read, is damaged or has nothing that could be edited.
 /// \throws Interrupted  if \a progress breaks it off, or a SIGINT is remembered while the file is tried out.
-Model loadModel(const QString& fileName, Progress& progress);
+Model loadModel(const QString& fileName, Progress& progress, Geometry geometry = Geometry::LeaveOut);
 
 /// The same without progress.
-Model loadModel(const QString& fileName);
+Model loadModel(const QString& fileName, Geometry geometry = Geometry::LeaveOut);

@@ -1,6 +1,6 @@
-#include <editsession/Progress.h>
+#include <scene/Progress.h>
 
-#include <editsession/Interrupt.h>
+#include <scene/Interrupt.h>
 
 #include <algorithm>
 

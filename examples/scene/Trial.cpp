@@ -1,6 +1,6 @@
-#include <editsession/Trial.h>
+#include <scene/Trial.h>
 
-#include <editsession/Interrupt.h>
+#include <scene/Interrupt.h>
 
 #include <cerrno>
 #include <climits>

@@ -1,4 +1,4 @@
-#include <editsession/FieldContents.h>
+#include <scene/FieldContents.h>
 
 #include <moOpenSGConstraint/OSGConstraintObject.h>
 #include <moOpenSGExt/OSGTransformVariant.h>
