@@ -172,35 +172,44 @@ void ScenePainter::paintNode(EditorSession& session, const osg::NodePtr& node, c
 void ScenePainter::paintShape(const Shape& shape, const osg::Matrix& toWorld, const osg::Vec3f& base, osg::UInt32 id,
                               bool box)
 {
-    m_points.clear();
     if (!box) {
-        for (const osg::Vec3f& point : shape.mesh->points)
-            m_points.push_back(transformed(toWorld, point));
+        setPoints(shape.mesh->points, toWorld);
         const std::vector<osg::UInt32>& corners = shape.mesh->corners;
         for (std::size_t i = 0; i + 2 < corners.size(); i += 3)
-            paintTriangle(m_points[corners[i]], m_points[corners[i + 1]], m_points[corners[i + 2]], base, id);
+            paintTriangle(corners[i], corners[i + 1], corners[i + 2], base, id);
         return;
     }
     if (shape.box.isEmpty) return;
+    std::vector<osg::Vec3f> points;
     for (int corner = 0; corner < 8; ++corner) {
         const auto part = [&](osg::UInt32 axis) {
             return ((corner >> axis) & 1) != 0 ? shape.box.largest[axis] : shape.box.smallest[axis];
         };
-        m_points.push_back(transformed(toWorld, osg::Vec3f(part(0), part(1), part(2))));
+        points.emplace_back(part(0), part(1), part(2));
     }
+    setPoints(points, toWorld);
     static constexpr std::array<std::array<std::size_t, 4>, 6> sides{
         {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}}};
     for (const auto& side : sides) {
-        paintTriangle(m_points[side[0]], m_points[side[1]], m_points[side[2]], base, id);
-        paintTriangle(m_points[side[0]], m_points[side[2]], m_points[side[3]], base, id);
+        paintTriangle(side[0], side[1], side[2], base, id);
+        paintTriangle(side[0], side[2], side[3], base, id);
     }
 }
 
-void ScenePainter::paintTriangle(const osg::Vec3f& a, const osg::Vec3f& b, const osg::Vec3f& c, const osg::Vec3f& base,
-                                 osg::UInt32 id)
+void ScenePainter::setPoints(const std::vector<osg::Vec3f>& points, const osg::Matrix& toWorld)
+{
+    m_points.clear();
+    m_seen.clear();
+    for (const osg::Vec3f& point : points) {
+        m_points.push_back(transformed(toWorld, point));
+        m_seen.push_back(m_camera.fromWorld(m_points.back()));
+    }
+}
+
+void ScenePainter::paintTriangle(std::size_t a, std::size_t b, std::size_t c, const osg::Vec3f& base, osg::UInt32 id)
 {
     ++m_paintedCount;
-    m_raster.triangle(m_camera.fromWorld(a), m_camera.fromWorld(b), m_camera.fromWorld(c), shade(a, b, c, base), id);
+    m_raster.triangle(m_seen[a], m_seen[b], m_seen[c], shade(m_points[a], m_points[b], m_points[c], base), id);
 }
 
 QRgb ScenePainter::shade(const osg::Vec3f& a, const osg::Vec3f& b, const osg::Vec3f& c, const osg::Vec3f& base) const
@@ -218,7 +227,7 @@ QRgb ScenePainter::shade(const osg::Vec3f& a, const osg::Vec3f& b, const osg::Ve
         if (facing > 0.f) light += each.color * (facing * reach);
     }
     // A lamp at the camera, so that nothing is black, and a soft limit, so that nothing is white.
-    const float headlight = 0.2f + 0.25f * normal.dot(toEye);
+    const float headlight = 0.35f + 0.2f * normal.dot(toEye);
     const auto channel = [&](osg::UInt32 i) {
         const float bright = base[i] * (headlight + 0.75f * (1.f - std::exp(-0.5f * light[i])));
         return static_cast<int>(std::clamp(std::isfinite(bright) ? bright : 0.f, 0.f, 1.f) * 255.f);

@@ -94,8 +94,8 @@ private:
     void paintNode(EditorSession& session, const osg::NodePtr& node, const osg::Matrix& parentToWorld, bool selected,
                    const Look& look);
     void paintShape(const Shape& shape, const osg::Matrix& toWorld, const osg::Vec3f& base, osg::UInt32 id, bool box);
-    void paintTriangle(const osg::Vec3f& a, const osg::Vec3f& b, const osg::Vec3f& c, const osg::Vec3f& base,
-                       osg::UInt32 id);
+    void setPoints(const std::vector<osg::Vec3f>& points, const osg::Matrix& toWorld);
+    void paintTriangle(std::size_t a, std::size_t b, std::size_t c, const osg::Vec3f& base, osg::UInt32 id);
     QRgb shade(const osg::Vec3f& a, const osg::Vec3f& b, const osg::Vec3f& c, const osg::Vec3f& base) const;
     void extendBox(Box& box, const osg::NodePtr& node, const osg::Matrix& parentToWorld) const;
 
@@ -106,6 +106,7 @@ private:
     std::vector<osg::FieldContainerPtr> m_materials;              ///< by the index in the model
     std::vector<Light> m_lights;
     std::vector<osg::Vec3f> m_points; ///< of the mesh at hand, in the world
+    std::vector<osg::Vec3f> m_seen;   ///< the same in the space of the camera
     std::size_t m_triangleCount = 0;
     std::size_t m_paintedCount = 0;
 };
