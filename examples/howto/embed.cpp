@@ -16,7 +16,7 @@ int main(int argc, char** argv)
     osg::setName(box.get(), "Box");
     moUndoStack::beginUndo(); // record from now on
 
-    EditorWindow window(box);
+    EditorWindow window(moUndoStack::get(), box);
     window.show();
 
     // What a user would do; an editor calls QApplication::exec() here.
