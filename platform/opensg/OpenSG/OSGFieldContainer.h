@@ -93,7 +93,7 @@ Self ContainerHandle<Self, Base, Object>::dcast(const FieldContainerPtrBase& han
     Self result;
     if (FieldContainer* const store = handle.getBaseCPtr()) {
         // The very class asked for is the usual case, and much cheaper to recognise than a derived one.
-        if (typeid(*store) == typeid(Object) || dynamic_cast<const Object*>(store)) {
+        if (&typeid(*store) == &typeid(Object) || dynamic_cast<const Object*>(store)) {
             result.m_store = store;
             result.setParentFieldPos(handle.getParentFieldPos());
         }
