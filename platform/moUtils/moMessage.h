@@ -24,11 +24,7 @@ public:
     template<class Value>
     void set(const char* key, Value&& value, bool overwrite = true)
     {
-        boost::any* const known = findValue(key);
-        if (!known)
-            m_entries.emplace_back(key, std::forward<Value>(value));
-        else if (overwrite)
-            *known = boost::any(std::forward<Value>(value));
+        setInPlace(key, std::forward<Value>(value), overwrite);
     }
 
     /// The value of a key; null when the key was not set. Valid until the next set().
@@ -38,7 +34,24 @@ public:
     const Entries& entries() const { return m_entries; }
 
 private:
-    boost::any* findValue(std::string_view key);
+    /// With a string_view the compiler knows the length of a literal.
+    template<class Value>
+    void setInPlace(std::string_view key, Value&& value, bool overwrite)
+    {
+        boost::any* const known = findValue(key);
+        if (!known)
+            m_entries.emplace_back(key, std::forward<Value>(value));
+        else if (overwrite)
+            *known = boost::any(std::forward<Value>(value));
+    }
+
+    boost::any* findValue(std::string_view key)
+    {
+        for (Entry& entry : m_entries) {
+            if (entry.first == key) return &entry.second;
+        }
+        return nullptr;
+    }
 
     Entries m_entries;
 };
