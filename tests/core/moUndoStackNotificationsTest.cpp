@@ -131,14 +131,35 @@ TEST_F(Notifications, OfAPlainCommandCarryIndexAddedAndTextOnly)
                             "message moURManager::redo index=int:0 added=bool:true text=string:\"plain\""));
 }
 
+/// No moUndoCommand, so that the stack does not ask it for keys.
+struct Bare : moUndoCommandBase
+{
+    explicit Bare(QUndoCommand* parent) : moUndoCommandBase(moUndoString("bare", ""), parent) {}
+    void makeMessage(moMessage& message) const override { message.set("own", true, true); }
+    bool canMergeWith(const QUndoCommand*) const override { return false; }
+};
+
+TEST_F(Notifications, OfEachClassInTurnCarryTheKeysOfThatClass)
+{
+    const auto keysOfAPushOf = [this](QUndoCommand* command) {
+        stack.add(command);
+        return trace.takeMessages();
+    };
+    for (int i = 0; i < 4; i += 2) {
+        const std::string head = "moURManager::redo index=int:";
+        const std::string added = " added=bool:true text=string:";
+        EXPECT_THAT(keysOfAPushOf(new Bare(nullptr)),
+                    ElementsAre(head + std::to_string(i) + added + "\"bare\" description=string:\"bare\""));
+        EXPECT_THAT(keysOfAPushOf(new QUndoCommand("plain")),
+                    ElementsAre(head + std::to_string(i + 1) + added + "\"plain\""));
+        EXPECT_THAT(keysOfAPushOf(new FamilyCommand("a")), ElementsAre(message("redo", i + 2, true, "a").substr(8)));
+        stack.undo();
+        trace.take();
+    }
+}
+
 TEST_F(Notifications, OfACommandThatIsNoMoUndoCommandCarryNoKeysOfItsOwn)
 {
-    struct Bare : moUndoCommandBase
-    {
-        explicit Bare(QUndoCommand* parent) : moUndoCommandBase(moUndoString("bare", ""), parent) {}
-        void makeMessage(moMessage& message) const override { message.set("own", true, true); }
-        bool canMergeWith(const QUndoCommand*) const override { return false; }
-    };
     stack.add(new Bare(nullptr));
     EXPECT_THAT(trace.takeMessages(), ElementsAre("moURManager::redo index=int:0 added=bool:true text=string:\"bare\" "
                                                   "description=string:\"bare\""));

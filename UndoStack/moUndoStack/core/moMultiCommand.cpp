@@ -6,6 +6,7 @@
 
 #include <moUndoUtils/moUndoString.h>
 
+#include <typeinfo>
 #include <utility>
 
 MO_UNDO_COMMAND_ID_IMPL(moMultiCommand)
@@ -84,9 +85,10 @@ bool moMultiCommand::mergeWith(const QUndoCommand* other)
 
 void moMultiCommand::makeMessage(moMessage& message) const
 {
-    const auto children = childrenOf(*this);
-    if (children.empty()) return;
-    if (const auto* first = dynamic_cast<const moUndoCommand*>(children.front())) first->makeMessage(message);
+    int i = 0;
+    while (isCancelled(child(i)))
+        ++i;
+    if (const auto* first = dynamic_cast<const moUndoCommand*>(child(i))) first->makeMessage(message);
 }
 
 bool moMultiCommand::canMergeWith(const QUndoCommand* other) const
@@ -128,8 +130,9 @@ void moMultiCommand::cancel()
 
 bool moMultiCommand::isCancelled(const QUndoCommand* command)
 {
-    const auto* composite = dynamic_cast<const moMultiCommand*>(command);
-    return composite && composite->m_cancelled;
+    // Only composites that the stack itself has made are cancelled, so none of a derived class.
+    if (!command || typeid(*command) != typeid(moMultiCommand)) return false;
+    return static_cast<const moMultiCommand*>(command)->m_cancelled;
 }
 
 /// The positions of the children of any command but the composites that were cancelled.

@@ -1,6 +1,7 @@
 #include <moUndoStack/core/moStackCalls_p.h>
 
 #include <moUndoStack/core/moStep.h>
+#include <moUndoStack/core/moUndoStack.h>
 
 #include <QtWidgets/QUndoStack>
 
@@ -102,8 +103,8 @@ const QUndoCommand* moStackOutlook::command(int position) const
 
 void moStackCalls::perform(const moStackCall& call)
 {
-    if (isClosed()) return;
     if (m_atHand) {
+        if (isClosed()) return;
         m_waiting.push_back({call, {}});
         expect(m_waiting.back());
         return;
@@ -139,25 +140,20 @@ void moStackCalls::work(const moStackCall& call)
     m_settled = false;
     m_indexBefore = m_stack.index();
     m_countBefore = m_stack.count();
-    moStep::attempt([this, &call] { m_carryOut(call); });
+    moStep::attempt([this, &call] { m_owner.carryOut(call); });
     settle();
     if (m_moves) moStep::attempt([this] { Q_EMIT m_moves->moved(move()); });
     m_atHand = nullptr;
 }
 
-void moStackCalls::settleNow()
+void moStackCalls::countMacros()
 {
-    m_settled = true;
     switch (m_atHand->kind) {
-    case Kind::Push:
-        moveMark();
-        break;
     case Kind::BeginMacro:
         ++m_openMacros;
         break;
     case Kind::EndMacro:
         m_openMacros = std::max(m_openMacros - 1, 0);
-        moveMark();
         break;
     case Kind::Clear:
         m_openMacros = 0;
@@ -166,7 +162,11 @@ void moStackCalls::settleNow()
     default:
         break;
     }
-    if (m_outlook && !(now() == m_expected)) m_outlook.reset();
+}
+
+void moStackCalls::compareOutlook()
+{
+    if (!(now() == m_expected)) m_outlook.reset();
 }
 
 /// The mark stays at its step when the limit has deleted the oldest one.

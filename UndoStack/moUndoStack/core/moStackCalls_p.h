@@ -5,13 +5,13 @@
 #include <QtCore/QString>
 
 #include <deque>
-#include <functional>
 #include <memory>
 #include <optional>
-#include <utility>
+#include <vector>
 
 class QUndoCommand;
 class QUndoStack;
+class moUndoStack;
 
 /// A call that changes Qt's stack, as data, so that it can wait and its effect can be computed in advance.
 struct moStackCall
@@ -24,6 +24,7 @@ struct moStackCall
         Jump,
         Mark,
         Reset,
+        // From here on: those that settle() looks at one by one.
         Clear,
         BeginMacro,
         EndMacro,
@@ -96,9 +97,8 @@ private:
 class moStackCalls
 {
 public:
-    using CarryOut = std::function<void(const moStackCall&)>;
-
-    moStackCalls(const QUndoStack& stack, CarryOut carryOut) : m_stack(stack), m_carryOut(std::move(carryOut)) {}
+    /// \param stack  Qt's stack, which `owner` works on; owner's carryOut() carries out a call.
+    moStackCalls(const QUndoStack& stack, moUndoStack& owner) : m_stack(stack), m_owner(owner) {}
 
     /// Carries out the call and those that come meanwhile. If the stack is at work, lets the call wait.
     void perform(const moStackCall& call);
@@ -109,7 +109,11 @@ public:
     /// Called once Qt's stack has moved.
     void settle()
     {
-        if (!m_settled) settleNow();
+        if (m_settled) return;
+        m_settled = true;
+        if (m_atHand->kind >= Kind::Clear) countMacros();
+        if (m_mark > 0 && isAdding()) moveMark();
+        if (m_outlook) compareOutlook();
     }
 
     /// Whether Qt's stack is being cleared, also for good. Its commands must not be looked at then.
@@ -141,6 +145,8 @@ public:
     int mark() const { return m_mark; }
 
 private:
+    using Kind = moStackCall::Kind;
+
     struct Waiting
     {
         moStackCall call;
@@ -149,7 +155,8 @@ private:
 
     void expect(Waiting& waiting);
     void work(const moStackCall& call);
-    void settleNow();
+    void countMacros();
+    void compareOutlook();
     void moveMark();
     int dropped() const;
     bool hasAppended() const;
@@ -158,7 +165,7 @@ private:
     moStackOutlook& outlook();
 
     const QUndoStack& m_stack;
-    CarryOut m_carryOut;
+    moUndoStack& m_owner;
     const moStackCall* m_atHand = nullptr;
     bool m_settled = true;
     unsigned int m_number = 0;

@@ -16,7 +16,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
-#include <utility>
+#include <typeinfo>
 
 unsigned int moUndoStack::s_undoEnableCount = 0;
 unsigned int moUndoStack::s_blockUndoCount = 0;
@@ -46,19 +46,43 @@ std::string toUtf8(const QString& text)
     return bytes;
 }
 
+/// What the library knows of a class of commands.
+enum class Sort
+{
+    Foreign,   ///< no moUndoCommandBase
+    Described, ///< a moUndoCommandBase
+    Speaking   ///< one that adds keys of its own to a message
+};
+
+Sort sortByCasting(const QUndoCommand& command)
+{
+    if (dynamic_cast<const moUndoCommand*>(&command)) return Sort::Speaking;
+    if (dynamic_cast<const moMultiCommand*>(&command)) return Sort::Speaking;
+    return dynamic_cast<const moUndoCommandBase*>(&command) ? Sort::Described : Sort::Foreign;
+}
+
+/// Casts only if the class is another one than the last time: a dynamic_cast takes a third of an undo.
+Sort sortOf(const QUndoCommand& command)
+{
+    static const std::type_info* s_class = nullptr;
+    static Sort s_sort = Sort::Foreign;
+    if (s_class != &typeid(command)) {
+        s_sort = sortByCasting(command);
+        s_class = &typeid(command);
+    }
+    return s_sort;
+}
+
 void fill(moMessage& message, const QUndoCommand& command, int index, bool added)
 {
     message.set("index", index, true);
     message.set("added", added, true);
     message.set("text", toUtf8(command.text()), true);
-    // The usual class first: a dynamic_cast takes a good part of the time of an undo.
-    const auto* single = dynamic_cast<const moUndoCommand*>(&command);
-    const auto* described = single ? single : dynamic_cast<const moUndoCommandBase*>(&command);
-    if (described) message.set("description", toUtf8(described->getDescription()), true);
-    if (single)
-        single->makeMessage(message);
-    else if (const auto* composite = dynamic_cast<const moMultiCommand*>(described))
-        composite->makeMessage(message);
+    const Sort sort = sortOf(command);
+    if (sort == Sort::Foreign) return;
+    const auto& ours = static_cast<const moUndoCommandBase&>(command);
+    message.set("description", toUtf8(ours.getDescription()), true);
+    if (sort == Sort::Speaking) ours.makeMessage(message);
 }
 
 } // namespace
@@ -95,9 +119,7 @@ struct moUndoStacks
     }
 };
 
-moUndoStack::moUndoStack()
-    : m_stack(new QUndoStack),
-      m_calls(std::make_unique<moStackCalls>(*m_stack, [this](const moStackCall& call) { carryOut(call); }))
+moUndoStack::moUndoStack() : m_stack(new QUndoStack), m_calls(std::make_unique<moStackCalls>(*m_stack, *this))
 {
     connect(m_stack, &QUndoStack::indexChanged, this, &moUndoStack::indexChanged);
 }
@@ -549,7 +571,12 @@ void moUndoStack::indexChanged(int i)
     m_calls->settle();
     const bool forward = m_lastIndex <= i;
     m_lastIndex = i;
-    if (!m_hadSlots && !hasMessages() && moUndoCommandBase::s_changedCount == 0) return;
+    if (m_hadSlots || hasMessages() || moUndoCommandBase::s_changedCount > 0) report(i, forward);
+}
+
+/// Reports that Qt's stack has moved to an index.
+void moUndoStack::report(int i, bool forward)
+{
     if (forward)
         sendRedoNotification(m_stack->command(i - 1), i - 1, m_calls->isAdding());
     else
@@ -583,6 +610,6 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)
 {
-    if (moUndoCommandBase::s_changedCount == 0) return;
-    if (const auto* ours = dynamic_cast<const moUndoCommandBase*>(command)) ours->callChangedCB(done);
+    if (moUndoCommandBase::s_changedCount == 0 || !command || sortOf(*command) == Sort::Foreign) return;
+    static_cast<const moUndoCommandBase*>(command)->callChangedCB(done);
 }

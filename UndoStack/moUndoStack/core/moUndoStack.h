@@ -283,6 +283,7 @@ private Q_SLOTS:
     void indexChanged(int i);
 
 private:
+    friend class moStackCalls;
     friend struct moUndoStacks;
 
     moUndoStack();
@@ -317,6 +318,7 @@ private:
     bool hasMessages() const { return m_messageCallback || m_messageListener; }
     QString textAt(int index) const;
 
+    void report(int i, bool forward);
     void sendMessage(const QUndoCommand* command, const char* name, int index, bool added) const;
     void sendRedoNotification(const QUndoCommand* command, int index, bool added);
     void sendUndoNotification(const QUndoCommand* command, int index);
