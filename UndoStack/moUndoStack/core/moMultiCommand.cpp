@@ -85,10 +85,7 @@ bool moMultiCommand::mergeWith(const QUndoCommand* other)
 
 void moMultiCommand::makeMessage(moMessage& message) const
 {
-    int i = 0;
-    while (isCancelled(child(i)))
-        ++i;
-    if (const auto* first = dynamic_cast<const moUndoCommand*>(child(i))) first->makeMessage(message);
+    if (const auto* first = dynamic_cast<const moUndoCommand*>(firstChild())) first->makeMessage(message);
 }
 
 bool moMultiCommand::canMergeWith(const QUndoCommand* other) const
@@ -133,6 +130,15 @@ bool moMultiCommand::isCancelled(const QUndoCommand* command)
     // Only composites that the stack itself has made are cancelled, so none of a derived class.
     if (!command || typeid(*command) != typeid(moMultiCommand)) return false;
     return static_cast<const moMultiCommand*>(command)->m_cancelled;
+}
+
+/// The first child that is no cancelled composite; null if there is none.
+const QUndoCommand* moMultiCommand::firstChild() const
+{
+    int i = 0;
+    while (isCancelled(child(i)))
+        ++i;
+    return child(i);
 }
 
 /// The positions of the children of any command but the composites that were cancelled.

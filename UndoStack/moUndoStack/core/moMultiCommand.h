@@ -87,6 +87,7 @@ private:
     static std::vector<int> positionsOf(const QUndoCommand& command);
     static std::vector<const QUndoCommand*> childrenOf(const QUndoCommand& command);
 
+    const QUndoCommand* firstChild() const;
     QUndoCommand* childAt(int index) const;
 
     std::function<void()> m_after;

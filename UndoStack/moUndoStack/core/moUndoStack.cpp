@@ -239,15 +239,17 @@ void moUndoStack::endMultiCommand()
         s_multiCommands.pop_back();
         return;
     }
-    const auto children = moMultiCommand::childrenOf(*composite); // before anything changes: memory may run out
+    const QUndoCommand* const firstChild = composite->firstChild();
+    std::vector<const QUndoCommand*> children; // for the text; before anything changes: memory may run out
+    if (composite->text().isEmpty()) children = moMultiCommand::childrenOf(*composite);
     s_multiCommands.pop_back();
-    if (children.empty()) {
+    if (!firstChild) {
         delete composite;
         return;
     }
 
     if (composite->getDescription().isEmpty()) {
-        if (const auto* first = dynamic_cast<const moUndoCommandBase*>(children.front()))
+        if (const auto* first = dynamic_cast<const moUndoCommandBase*>(firstChild))
             composite->setDescription(QStringLiteral("Set ") + first->getDescription());
     }
     if (composite->text().isEmpty()) {
