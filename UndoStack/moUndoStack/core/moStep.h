@@ -44,7 +44,7 @@ public:
     {
         moStep step;
         attempt(body);
-        step.finish();
+        if (step.m_first) step.finish();
     }
 
     /// Runs foreign code after the write. Outside of a step its exceptions pass.
