@@ -11,6 +11,7 @@
 #include <QtGui/QImage>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
@@ -66,7 +67,11 @@ void FieldDock::addContainers()
 {
     m_container->setObjectName("field-container");
     m_container->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    connect(m_container, qOverload<int>(&QComboBox::activated), this, [this] { form().refresh(); });
+    connect(m_container, qOverload<int>(&QComboBox::activated), this, [this](int row) {
+        m_chosen = m_container->itemData(row);
+        m_chosenRow = row;
+        form().refresh();
+    });
     form().addWidget(tr("Container"), m_container, [this] { showContainers(); });
 }
 
@@ -77,6 +82,8 @@ void FieldDock::addTable()
     m_table->setRootIsDecorated(false);
     m_table->setUniformRowHeights(true);
     m_table->setMinimumHeight(200);
+    m_table->header()->setSectionResizeMode(Id, QHeaderView::ResizeToContents);
+    m_table->header()->setSectionResizeMode(Name, QHeaderView::ResizeToContents);
     connect(m_table, &QTreeWidget::currentItemChanged, this, [this] { form().refresh(); });
     form().addWidget(m_table, [this] { showTable(); });
     m_byId->setObjectName("field-by-id");
@@ -133,17 +140,15 @@ void FieldDock::addImage()
     form().addWidget(m_imageNote);
 }
 
-/// A container that is shown still stays; of another node, the one in the same place is shown.
+/// The container that the user chose stays; of another node, the one in the same place is shown.
 void FieldDock::showContainers()
 {
     const QSignalBlocker blocked(m_container);
-    const QVariant shown = m_container->currentData();
-    const int row = m_container->currentIndex();
     m_container->clear();
     for (const NamedContainer& each : containersOf(node(), session().model()))
         m_container->addItem(each.name, each.id);
-    const int same = m_container->findData(shown);
-    m_container->setCurrentIndex(same >= 0 ? same : qBound(0, row, m_container->count() - 1));
+    const int same = m_container->findData(m_chosen);
+    m_container->setCurrentIndex(same >= 0 ? same : qBound(0, m_chosenRow, m_container->count() - 1));
     m_container->setEnabled(m_container->count() > 0);
 }
 

@@ -5,6 +5,8 @@
 #include <OpenSG/OSGFieldContainer.h>
 #include <OpenSG/OSGImage.h>
 
+#include <QtCore/QVariant>
+
 #include <functional>
 #include <optional>
 
@@ -65,6 +67,8 @@ private:
     QPlainTextEdit* m_list;
     QLineEdit* m_imageFile;
     QLabel* m_imageNote;
+    QVariant m_chosen;   ///< id of the container that the user chose
+    int m_chosenRow = 0; ///< where it was in the list
     osg::UInt32 m_lampContainer = 0;
     int m_lampField = 0;
 };

@@ -11,6 +11,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QToolButton>
 
 #include <algorithm>
@@ -87,6 +88,18 @@ PropertyForm::PropertyForm(QWidget* parent) : QScrollArea(parent)
     setWidget(content);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+QSize PropertyForm::minimumSizeHint() const
+{
+    const int width = widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
+    return {width, QScrollArea::minimumSizeHint().height()};
+}
+
+QSize PropertyForm::sizeHint() const
+{
+    return {minimumSizeHint().width(), QScrollArea::sizeHint().height()};
 }
 
 void PropertyForm::refresh()

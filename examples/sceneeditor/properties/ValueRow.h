@@ -37,6 +37,10 @@ public:
 
     explicit PropertyForm(QWidget* parent = nullptr);
 
+    /// As wide as its rows need: only the height scrolls.
+    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override;
+
     /// Shows what the scene has now.
     void refresh();
 
