@@ -4,6 +4,9 @@
 
 #include <moUndoStack/moUndoCommands.h>
 
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QApplication>
+
 namespace {
 
 class TransformDockTest : public DockTest
@@ -85,6 +88,22 @@ TEST_F(TransformDockTest, QuickChangesOfABoxAreOneStep)
     EXPECT_EQ(stack.size(), 2);
     undoAll();
     EXPECT_EQ(digest(), before);
+}
+
+TEST_F(TransformDockTest, TheWheelTurnsABoxOnlyOnceItHasTheFocus)
+{
+    script("raise transform-dock\nselect Plate");
+    auto& box = widget<QDoubleSpinBox>("translation-x");
+    const auto turn = [&box] {
+        QWheelEvent event(QPointF(5, 5), box.mapToGlobal(QPoint(5, 5)), {}, QPoint(0, 120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&box, &event);
+    };
+    turn();
+    EXPECT_EQ(stack.size(), 0);
+    box.setFocus();
+    turn();
+    EXPECT_EQ(stack.size(), 1);
 }
 
 TEST_F(TransformDockTest, NumbersThatTheUserLeavesAloneAreNotRounded)

@@ -2,6 +2,7 @@
 
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QPixmap>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QComboBox>
@@ -102,6 +103,20 @@ QSize PropertyForm::sizeHint() const
     return {minimumSizeHint().width(), QScrollArea::sizeHint().height()};
 }
 
+bool PropertyForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Wheel || static_cast<QWidget*>(watched)->hasFocus())
+        return QScrollArea::eventFilter(watched, event);
+    event->ignore();
+    return true;
+}
+
+void PropertyForm::keepWheelFrom(QWidget* box)
+{
+    box->setFocusPolicy(Qt::StrongFocus);
+    box->installEventFilter(this);
+}
+
 void PropertyForm::refresh()
 {
     for (const auto& show : m_shows)
@@ -141,7 +156,10 @@ void PropertyForm::addNumbers(const QString& label, const QString& name, const Q
     for (const QString& part : parts) {
         QDoubleSpinBox* const box = makeBox(part.isEmpty() ? name : name + '-' + part, style);
         box->setToolTip(part);
+        // Four boxes have no room for arrows; the keys turn them, too.
+        if (parts.size() > 3) box->setButtonSymbols(QAbstractSpinBox::NoButtons);
         layout->addWidget(box);
+        keepWheelFrom(box);
         const std::size_t index = boxes.size();
         boxes.push_back(box);
         QObject::connect(box, qOverload<double>(&QDoubleSpinBox::valueChanged), this, [=](double value) {
@@ -182,6 +200,7 @@ void PropertyForm::addCount(const QString& label, const QString& name, int least
     box->setObjectName(name);
     box->setRange(least, most);
     box->setKeyboardTracking(false);
+    keepWheelFrom(box);
     QObject::connect(box, qOverload<int>(&QSpinBox::valueChanged), this, write);
     addWidget(label, box, [=] {
         const std::optional<int> number = read();
@@ -209,6 +228,7 @@ void PropertyForm::addChoice(const QString& label, const QString& name, const QS
     auto* const box = new QComboBox;
     box->setObjectName(name);
     box->addItems(items);
+    keepWheelFrom(box);
     QObject::connect(box, qOverload<int>(&QComboBox::activated), this, [=](int index) {
         const std::optional<int> shown = read();
         if (shown && *shown != index) write(index);

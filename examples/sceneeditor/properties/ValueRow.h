@@ -41,6 +41,9 @@ public:
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override;
 
+    /// The wheel turns a box only once it has the focus: else it scrolls the form.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
     /// Shows what the scene has now.
     void refresh();
 
@@ -87,6 +90,7 @@ public:
     void addWidget(const QString& label, QWidget* widget, const std::function<void()>& show = {});
 
 private:
+    void keepWheelFrom(QWidget* box);
     void addNumbers(const QString& label, const QString& name, const QStringList& parts, const NumberStyle& style,
                     bool isColor, const Read<Numbers>& read, const Write<Numbers>& write);
 
