@@ -110,8 +110,8 @@ TEST_F(TransformDockTest, NumbersThatTheUserLeavesAloneAreNotRounded)
 {
     const float fine = 0.123456789f;
     session().apply(new moTranslationUndoCommand(node("Plate"), osg::Vec3f(0.f, fine, 0.f), false, nullptr, {}, -1));
-    script("select Plate\nset translation-x 2");
-    EXPECT_TRUE(translation() == osg::Vec3f(2.f, fine, 0.f));
+    script("select Plate\nset translation-z 2");
+    EXPECT_TRUE(translation() == osg::Vec3f(0.f, fine, 2.f));
 }
 
 TEST_F(TransformDockTest, AVariantIsEditedWithoutTheNode)
