@@ -33,6 +33,7 @@ EditorWindow::EditorWindow(EditorSession& session, QWidget* parent)
     setObjectName("editorWindow");
     setCentralWidget(m_viewport);
     setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
+    setTabPosition(Qt::RightDockWidgetArea, QTabWidget::East);
     makeFileMenu();
     makeEditMenu();
     makeToolMenu();
