@@ -63,6 +63,21 @@ void editEach(EditorSession& session, const std::vector<osg::NodePtr>& nodes, co
 
 } // namespace
 
+std::vector<osg::NodePtr> nodesOf(EditorSession& session)
+{
+    std::vector<osg::NodePtr> nodes;
+    std::vector<osg::NodePtr> open{session.model().root.get()};
+    while (!open.empty()) {
+        const osg::NodePtr node = open.back();
+        open.pop_back();
+        if (node == osg::NullFC) continue;
+        nodes.push_back(node);
+        for (osg::UInt32 child = node->getNChildren(); child > 0; --child)
+            open.push_back(node->getChild(child - 1));
+    }
+    return nodes;
+}
+
 QString nameOf(const osg::NodePtr& node)
 {
     const char* name = moNodeUtils::getName(node);

@@ -22,6 +22,9 @@ void removeTag(EditorSession& session, const std::vector<osg::NodePtr>& nodes, c
 /// Notes a tag that another system was given: the history shows it, the scene does not have it.
 void noteServerTag(EditorSession& session, const QString& tag, bool added);
 
+/// All nodes of the scene, parents before children, with those that no file has.
+std::vector<osg::NodePtr> nodesOf(EditorSession& session);
+
 QString nameOf(const osg::NodePtr& node);
 QStringList userTagsOf(const osg::NodePtr& node);
 QStringList systemTagsOf(const osg::NodePtr& node);

@@ -164,9 +164,9 @@ void StepScript::runStep(const QStringList& words)
 
 void StepScript::select(const QStringList& names)
 {
+    const std::vector<osg::NodePtr> nodes = nodesOf(m_session);
     std::vector<osg::NodePtr> selected;
     for (const QString& name : names) {
-        const std::vector<osg::NodePtr>& nodes = m_session.model().nodes;
         const auto found = std::find_if(nodes.begin(), nodes.end(),
                                         [&name](const osg::NodePtr& node) { return nameOf(node) == name; });
         if (found == nodes.end()) refuse(QStringLiteral("there is no node '%1'").arg(name));
