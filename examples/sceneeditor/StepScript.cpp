@@ -12,6 +12,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
@@ -68,6 +69,20 @@ void sendKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, const QS
     QApplication::sendEvent(&widget, &press);
     QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
     QApplication::sendEvent(&widget, &release);
+}
+
+/// Makes the item with that text in any column the current one, and the only one that is selected.
+void choose(QAbstractItemView& view, const QString& text)
+{
+    QAbstractItemModel& model = *view.model();
+    for (int column = 0; column < model.columnCount(); ++column) {
+        const QModelIndexList found = model.match(model.index(0, column), Qt::DisplayRole, text, 1,
+                                                  Qt::MatchExactly | Qt::MatchRecursive | Qt::MatchCaseSensitive);
+        if (found.isEmpty()) continue;
+        view.setCurrentIndex(found.front());
+        return;
+    }
+    refuse(QStringLiteral("there is no item '%1'").arg(text));
 }
 
 } // namespace
@@ -202,6 +217,8 @@ void StepScript::setValue(QWidget& widget, const QString& value)
         edit->clear();
         edit->insert(value);
         Q_EMIT edit->editingFinished();
+    } else if (auto* const view = qobject_cast<QAbstractItemView*>(&widget)) {
+        choose(*view, value);
     } else if (auto* const button = qobject_cast<QAbstractButton*>(&widget)) {
         if (value != "on" && value != "off") refuse("on or off, please");
         if (button->isChecked() != (value == "on")) button->click();

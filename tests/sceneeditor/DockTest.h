@@ -69,7 +69,7 @@ protected:
     std::string seen(const char* name)
     {
         QWidget& shown = widget(name);
-        if (const auto* box = qobject_cast<QDoubleSpinBox*>(&shown)) return box->text().toStdString();
+        if (const auto* box = qobject_cast<QAbstractSpinBox*>(&shown)) return box->text().toStdString();
         if (const auto* box = qobject_cast<QCheckBox*>(&shown)) return box->isChecked() ? "on" : "off";
         if (const auto* box = qobject_cast<QComboBox*>(&shown)) return box->currentText().toStdString();
         if (const auto* edit = qobject_cast<QLineEdit*>(&shown)) return edit->text().toStdString();

@@ -114,7 +114,10 @@ void LensFlareDock::addParts()
     m_list->setMinimumHeight(fontMetrics().height() * rows);
     form().addWidget(m_list, [this] { showParts(); });
     connect(m_list, &QTreeWidget::itemSelectionChanged, &form(), &PropertyForm::refresh);
-    connect(m_list, &QTreeWidget::currentItemChanged, &form(), &PropertyForm::refresh);
+    connect(m_list, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
+        if (item) m_current = idOf(*item);
+        form().refresh();
+    });
 
     const auto hasEffect = [this] { return effect() != osg::NullFC; };
     form().addButtons(
@@ -211,7 +214,8 @@ std::vector<LensFlareDock::Part> LensFlareDock::parts() const
     return found;
 }
 
-/// Makes the items anew only if the parts are others, so that an edit of a part leaves selection and scroll bar alone.
+/// Makes the items anew only if the parts are others, so that an edit of a part leaves selection and scroll bar alone. A
+/// part that is put back is the current one again if it was.
 void LensFlareDock::showParts()
 {
     const std::vector<Part> now = parts();
@@ -221,7 +225,6 @@ void LensFlareDock::showParts()
     QSet<osg::UInt32> selected;
     for (const QTreeWidgetItem* item : m_list->selectedItems())
         selected.insert(idOf(*item));
-    const osg::UInt32 current = m_list->currentItem() ? idOf(*m_list->currentItem()) : 0;
     m_list->clear();
     m_shown = now;
     QTreeWidgetItem* element = nullptr;
@@ -236,7 +239,8 @@ void LensFlareDock::showParts()
         item->setData(0, lineRole, part.line);
     }
     m_list->expandAll();
-    if (QTreeWidgetItem* const item = itemOf(current)) m_list->setCurrentItem(item);
+    if (QTreeWidgetItem* const item = itemOf(m_current)) m_list->setCurrentItem(item);
+    if (selected.isEmpty()) return;
     for (QTreeWidgetItemIterator item(m_list); *item; ++item)
         (*item)->setSelected(selected.contains(idOf(**item)));
 }

@@ -53,4 +53,5 @@ private:
 
     QTreeWidget* m_list;
     std::vector<Part> m_shown;
+    osg::UInt32 m_current = 0; ///< the part chosen last, by id; it may not be in the list
 };

@@ -12,8 +12,8 @@
 std::vector<QDockWidget*> makePropertyDocks(EditorSession& session, QWidget* parent)
 {
     return {
-        new TransformDock(session, parent), new VariantDock(session, parent),    new LightDock(session, parent),
-        new LensFlareDock(session, parent), new LightLinksDock(session, parent), new MaterialDock(session, parent),
+        new TransformDock(session, parent),  new VariantDock(session, parent),    new LightDock(session, parent),
+        new LensFlareDock(session, parent),  new LightLinksDock(session, parent), new MaterialDock(session, parent),
         new ConstraintDock(session, parent), new FieldDock(session, parent),
     };
 }
