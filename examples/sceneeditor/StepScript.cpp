@@ -19,6 +19,7 @@
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
 
 #include <algorithm>
 
@@ -217,6 +218,8 @@ void StepScript::setValue(QWidget& widget, const QString& value)
         edit->clear();
         edit->insert(value);
         Q_EMIT edit->editingFinished();
+    } else if (auto* const list = qobject_cast<QPlainTextEdit*>(&widget)) {
+        list->setPlainText(value);
     } else if (auto* const view = qobject_cast<QAbstractItemView*>(&widget)) {
         choose(*view, value);
     } else if (auto* const button = qobject_cast<QAbstractButton*>(&widget)) {

@@ -11,15 +11,9 @@ namespace {
 class LightDockTest : public DockTest
 {
 protected:
-    osg::NodePtr light(const char* name)
-    {
-        for (const osg::NodePtr& each : nodesOf(session()))
-            if (nameOf(each) == name) return each;
-        return osg::NullFC;
-    }
     osg::NodePtr referenceOf(const char* name)
     {
-        return osg::UberLightPtr::dcast(light(name)->getCore())->getVisibilityReference();
+        return osg::UberLightPtr::dcast(anyNode(name)->getCore())->getVisibilityReference();
     }
 };
 
@@ -38,8 +32,8 @@ TEST_F(LightDockTest, EachPropertyIsOneStepThatTheDockFollows)
         {"set light-attenuation Quadratic", "light-attenuation", "moLightAttenuationUndoCommand"},
         {"click light-profile", "light-name", "moSetLightProfileShapeCommand"},
     });
-    EXPECT_EQ(moLights::getDiffuse(light("Area Light")), osg::Vec3f(0.25F, 1.F, 1.F));
-    EXPECT_EQ(moLights::getLightTypeName(light("Area Light")), "Profile");
+    EXPECT_EQ(moLights::getDiffuse(anyNode("Area Light")), osg::Vec3f(0.25F, 1.F, 1.F));
+    EXPECT_EQ(moLights::getLightTypeName(anyNode("Area Light")), "Profile");
 }
 
 TEST_F(LightDockTest, AllSelectedLightsAreEditedInOneStepAndADragOfThemIsOneStep)
@@ -50,8 +44,8 @@ TEST_F(LightDockTest, AllSelectedLightsAreEditedInOneStepAndADragOfThemIsOneStep
     script("set light-intensity 20\nset light-intensity 21\nset light-intensity 22");
     EXPECT_EQ(stack.size(), 1);
     EXPECT_EQ(classesOf(*stack.command(0)), "moMultiCommand(moLightIntensityUndoCommand, moLightIntensityUndoCommand)");
-    EXPECT_EQ(moLights::getLightValue(light("Sun")), 22.F);
-    EXPECT_EQ(moLights::getLightValue(light("Fill Light")), 22.F);
+    EXPECT_EQ(moLights::getLightValue(anyNode("Sun")), 22.F);
+    EXPECT_EQ(moLights::getLightValue(anyNode("Fill Light")), 22.F);
     stack.undo();
     EXPECT_EQ(digest(), before);
 }
@@ -74,7 +68,7 @@ TEST_F(LightDockTest, ColoursThatAreTriedInTheDialogAreOneStep)
     ASSERT_NE(dialog, nullptr);
     dialog->setCurrentColor(Qt::red);
     dialog->setCurrentColor(Qt::blue);
-    EXPECT_EQ(moLights::getDiffuse(light("Sun")), osg::Vec3f(0.F, 0.F, 1.F));
+    EXPECT_EQ(moLights::getDiffuse(anyNode("Sun")), osg::Vec3f(0.F, 0.F, 1.F));
     EXPECT_EQ(stack.size(), 1);
     delete dialog;
 }
@@ -120,8 +114,8 @@ TEST_F(LightDockTest, WithoutALightNothingCanBeEdited)
 TEST_F(LightDockTest, NothingIsRecordedWhileRecordingIsOff)
 {
     script("select Sun \"Fill Light\" Plate\ntrigger record\nset light-cone 77\nclick light-set-reference");
-    EXPECT_EQ(moLights::getConeAngle(light("Sun")), 77.F);
-    EXPECT_EQ(referenceOf("Fill Light"), light("Plate"));
+    EXPECT_EQ(moLights::getConeAngle(anyNode("Sun")), 77.F);
+    EXPECT_EQ(referenceOf("Fill Light"), anyNode("Plate"));
     EXPECT_EQ(stack.size(), 0);
 }
 
