@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int eventsByDefault = 400;
+constexpr int eventsByDefault = 800;
 
 /// The scene as it was when the history was empty.
 class Origin
