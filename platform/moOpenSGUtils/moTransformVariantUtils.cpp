@@ -22,8 +22,8 @@ osg::TransformVariantPtr getTransformVariant(const osg::Transform3DPtr& live, in
 {
     if (live == osg::NullFC) return osg::NullFC;
     for (const osg::NodePtr& node : live->getParents())
-        if (moNodeUtils::getTransformVariantsAttachment(node) != osg::NullFC)
-            return moNodeUtils::getTransformVariant(node, osg::UInt64(variantIndex));
+        if (const auto variants = moNodeUtils::getTransformVariantsAttachment(node))
+            return variants->getVariant(osg::UInt64(variantIndex));
     return osg::NullFC;
 }
 

@@ -11,8 +11,7 @@ moAddTransformVariantUndoCommand::moAddTransformVariantUndoCommand(osg::NodePtr 
                                                                    std::uint64_t index, QUndoCommand* parent,
                                                                    Callback callback)
     : moUndoCommand(
-          transformText(tr("Insert transform variant '%1'").arg(nodeName(node)), tr("Insert transform variant")),
-          parent),
+          transformText(sharedText(tr("Insert transform variant '%1'"), node), tr("Insert transform variant")), parent),
       m_nodeId(containerId(node)),
       m_variant(std::make_unique<ContainerReference>(variant)),
       m_attachment(std::make_unique<ContainerReference>()),

@@ -15,7 +15,7 @@ moUndoDetail::HeldFunction<void(const osg::NodePtr&)> moApplyTransformationVaria
 moApplyTransformationVariantUndoCommand::moApplyTransformationVariantUndoCommand(osg::NodePtr node, int variantIndex,
                                                                                  bool sync, QUndoCommand* parent,
                                                                                  std::function<void()> callback)
-    : moUndoCommand(transformText(tr("Apply variant to %1").arg(nodeName(node)), tr("Apply variant")), parent),
+    : moUndoCommand(transformText(sharedText(tr("Apply variant to %1"), node), tr("Apply variant")), parent),
       m_variantIndex(variantIndex),
       m_nodeId(containerId(node)),
       m_callback(std::move(callback)),

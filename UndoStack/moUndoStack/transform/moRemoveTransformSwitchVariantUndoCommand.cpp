@@ -12,8 +12,7 @@ moRemoveTransformSwitchVariantUndoCommand::moRemoveTransformSwitchVariantUndoCom
                                                                                      QUndoCommand* parent,
                                                                                      Callback callback)
     : moUndoCommand(
-          transformText(tr("Remove transform variant '%1'").arg(nodeName(node)), tr("Remove transform variant")),
-          parent),
+          transformText(sharedText(tr("Remove transform variant '%1'"), node), tr("Remove transform variant")), parent),
       m_nodeId(containerId(node)),
       m_variant(std::make_unique<ContainerReference>(moNodeUtils::getTransformVariant(node, index))),
       m_attachment(std::make_unique<ContainerReference>(moNodeUtils::getTransformVariantsAttachment(node))),

@@ -8,7 +8,10 @@
 
 static moUndoString actionText(const QString& word, const osg::NodePtr& node)
 {
-    return transformText(word % QLatin1String(" '") % nodeName(node) % QLatin1Char('\''), word);
+    const auto compose = [](const QString& action, const QString& name) -> QString {
+        return action % QLatin1String(" '") % name % QLatin1Char('\'');
+    };
+    return transformText(sharedText(word, node, compose), word);
 }
 
 template<class T>

@@ -28,7 +28,7 @@ static std::uint64_t find(const moVariantList& list, unsigned int variantId, std
 
 moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, const std::vector<int>& from, int to,
                                                              QUndoCommand* parent, Callback callback)
-    : moUndoCommand(transformText(tr("Move transform variant '%1'").arg(nodeName(node)), tr("Move transform variant")),
+    : moUndoCommand(transformText(sharedText(tr("Move transform variant '%1'"), node), tr("Move transform variant")),
                     parent),
       m_nodeId(containerId(node)),
       m_callback(std::move(callback))
@@ -47,16 +47,18 @@ moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, 
 
 bool moTransformVariantMoveCommand::record(const osg::NodePtr& node, int from, int to)
 {
-    if (m_positions.contains(from)) return false;
+    const auto place = std::lower_bound(m_moves.begin(), m_moves.end(), from,
+                                        [](const Move& known, int position) { return known.from < position; });
+    if (place != m_moves.end() && place->from == from) return false;
     const unsigned int variantId = containerId(moNodeUtils::getTransformVariant(node, listPosition(from)));
     if (variantId == 0) return false;
-    m_positions.insert(from, to);
-    m_sourceVariants.emplace(from, variantId);
-    m_targetVariants.emplace(to, variantId);
+    m_moves.insert(place, {from, to, variantId});
     return true;
 }
 
-bool moTransformVariantMoveCommand::move(const Variants& source, const Variants& target) const
+/// \param source  in the order of the positions `from`
+/// \param target  the same moves in the order of the positions `to`
+bool moTransformVariantMoveCommand::move(const Moves& source, Position from, const Moves& target, Position to) const
 {
     if (findContainer<osg::NodePtr>(m_nodeId) == osg::NullFC) return false;
 
@@ -64,40 +66,55 @@ bool moTransformVariantMoveCommand::move(const Variants& source, const Variants&
     list.edit([&] {
         // From the highest position down, so that the positions of the others stay valid.
         std::vector<unsigned int> taken;
-        for (auto it = source.rbegin(); it != source.rend(); ++it) {
-            const std::uint64_t position = find(list, it->second, listPosition(it->first));
+        for (auto move = source.rbegin(); move != source.rend(); ++move) {
+            const std::uint64_t position = find(list, move->variantId, listPosition((*move).*from));
             if (position == list.count()) continue;
             list.remove(position);
-            taken.push_back(it->second);
+            taken.push_back(move->variantId);
         }
-        for (const auto& [position, variantId] : target) {
-            const auto variant = findContainer<osg::TransformVariantPtr>(variantId);
+        for (const Move& move : target) {
+            const auto variant = findContainer<osg::TransformVariantPtr>(move.variantId);
             if (variant == osg::NullFC) continue;
-            const auto own = std::find(taken.begin(), taken.end(), variantId);
+            const auto own = std::find(taken.begin(), taken.end(), move.variantId);
             if (own != taken.end())
                 taken.erase(own);
-            else if (find(list, variantId, 0) < list.count())
+            else if (find(list, move.variantId, 0) < list.count())
                 continue;
-            list.insert(std::min(listPosition(position), list.count()), variant);
+            list.insert(std::min(listPosition(move.*to), list.count()), variant);
         }
     });
     return true;
 }
 
-void moTransformVariantMoveCommand::step(const Variants& source, const Variants& target, const QList<int>& before,
-                                         const QList<int>& after) const
+QList<int> moTransformVariantMoveCommand::positions(Position which) const
 {
+    QList<int> positions;
+    positions.reserve(static_cast<int>(m_moves.size()));
+    for (const Move& move : m_moves)
+        positions.append(move.*which);
+    return positions;
+}
+
+/// Moves from the first of two positions to the second.
+void moTransformVariantMoveCommand::step(Position from, Position to) const
+{
+    Moves byTarget = m_moves;
+    std::sort(byTarget.begin(), byTarget.end(), [](const Move& a, const Move& b) { return a.to < b.to; });
+    const bool forward = from == &Move::from;
+    const Moves& source = forward ? m_moves : byTarget;
+    const Moves& target = forward ? byTarget : m_moves;
     moStep::run([&] {
-        if (move(source, target)) moStep::afterwards([&] { m_callback(m_nodeId, before, after); });
+        if (!move(source, from, target, to)) return;
+        moStep::afterwards([&] { m_callback(m_nodeId, positions(from), positions(to)); });
     });
 }
 
 void moTransformVariantMoveCommand::redo()
 {
-    step(m_sourceVariants, m_targetVariants, m_positions.keys(), m_positions.values());
+    step(&Move::from, &Move::to);
 }
 
 void moTransformVariantMoveCommand::undo()
 {
-    step(m_targetVariants, m_sourceVariants, m_positions.values(), m_positions.keys());
+    step(&Move::to, &Move::from);
 }

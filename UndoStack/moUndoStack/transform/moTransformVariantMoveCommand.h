@@ -7,10 +7,8 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QList>
-#include <QtCore/QMap>
 
 #include <functional>
-#include <map>
 #include <vector>
 
 /// Moves transform variants within the list of a node.
@@ -54,16 +52,21 @@ public:
     void redo() override;
 
 private:
-    /// Container ids by position in the list.
-    using Variants = std::map<int, unsigned int>;
+    struct Move
+    {
+        int from;
+        int to;
+        unsigned int variantId;
+    };
+    using Moves = std::vector<Move>;
+    using Position = int Move::*;
 
     bool record(const osg::NodePtr& node, int from, int to);
-    bool move(const Variants& source, const Variants& target) const;
-    void step(const Variants& source, const Variants& target, const QList<int>& before, const QList<int>& after) const;
+    bool move(const Moves& source, Position from, const Moves& target, Position to) const;
+    QList<int> positions(Position which) const;
+    void step(Position from, Position to) const;
 
-    QMap<int, int> m_positions;
+    Moves m_moves; ///< in the order of the positions before the move
     unsigned int m_nodeId;
-    Variants m_sourceVariants;
-    Variants m_targetVariants;
     Callback m_callback;
 };

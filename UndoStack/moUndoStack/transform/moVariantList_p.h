@@ -25,6 +25,7 @@ public:
     template<class Write>
     void edit(const Write& write)
     {
+        m_changes.reserve(2); // a removal and an insertion: most edits make no more changes
         moStep::writeOrTakeBack(write, [this] { takeBack(); });
         m_changes.clear();
     }

@@ -3,8 +3,8 @@
 #include <OpenSG/OSGFieldContainerPtr.h>
 #include <OpenSG/OSGFieldDescription.h>
 
-#include <map>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace osg {
@@ -75,7 +75,7 @@ private:
     InitMethod m_init;
     DescribeMethod m_describe;
     std::vector<FieldDescription> m_descriptions;
-    std::map<std::string_view, UInt32> m_idsByName;
+    std::unordered_map<std::string_view, UInt32> m_idsByName;
 };
 
 } // namespace osg
