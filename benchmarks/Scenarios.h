@@ -5,8 +5,8 @@
 #include <moUndoStack/core/moUndoStack.h>
 #include <moUtils/moMessage.h>
 
+#include <QUndoStack>
 #include <QtCore/QString>
-#include <QtWidgets/QUndoStack>
 
 #include <memory>
 #include <string>

@@ -37,8 +37,12 @@ set(CPACK_DEBIAN_RUNTIMEPACKAGE_DESCRIPTION "${about}
 This package contains the shared libraries.")
 set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_PACKAGE_NAME ${development})
 set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_PACKAGE_SECTION libdevel)
+set(qt "qtbase5-dev (>= 5.15)")
+if(MO_QT EQUAL 6)
+    set(qt "qt6-base-dev (>= 6.4)")
+endif()
 set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_PACKAGE_DEPENDS
-    "${runtime} (= ${PROJECT_VERSION}-${revision}), qtbase5-dev (>= 5.15), libboost-dev")
+    "${runtime} (= ${PROJECT_VERSION}-${revision}), ${qt}, libboost-dev")
 set(CPACK_DEBIAN_DEVELOPMENTPACKAGE_DESCRIPTION "${about}
 
 This package contains the headers and the CMake package.")

@@ -6,7 +6,7 @@
 
 #include <moUndoStack/core/moUndoStack.h>
 
-#include <QtWidgets/QUndoCommand>
+#include <QUndoCommand>
 
 #include <algorithm>
 

@@ -54,9 +54,10 @@ ExitStatus run(const QString& modelFile, const QString& jsonFile)
     report.modelFile = modelFile;
     progress.end();
 
-    QTextStream out(stdout);
-    out.setCodec("UTF-8");
+    QString text;
+    QTextStream out(&text);
     report.print(out);
+    std::fputs(text.toUtf8().constData(), stdout);
     if (json.isOpen() && (json.write(report.toJson()) < 0 || !json.flush())) return jsonFailed();
     if (!report.interruptedIn.isNull()) return BrokenOff;
     return report.passed() ? Passed : Failed;

@@ -4,8 +4,8 @@
 
 #include <OpenSG/OSGTransform3D.h>
 
+#include <QAction>
 #include <QtCore/QSignalBlocker>
-#include <QtWidgets/QAction>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QDoubleSpinBox>
 #include <QtWidgets/QMainWindow>
@@ -47,7 +47,8 @@ private:
     void makeMenus()
     {
         QMenu* const file = menuBar()->addMenu("File");
-        save = file->addAction("Save", &m_stack, &moUndoStack::setClean, QKeySequence::Save);
+        save = file->addAction("Save", &m_stack, &moUndoStack::setClean);
+        save->setShortcut(QKeySequence::Save);
 
         QMenu* const menu = menuBar()->addMenu("Edit");
         undo = m_state.createUndoAction(menu);

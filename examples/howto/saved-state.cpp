@@ -5,7 +5,7 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGTransform3D.h>
 
-#include <QtWidgets/QAction>
+#include <QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMenuBar>

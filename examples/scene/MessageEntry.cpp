@@ -86,7 +86,7 @@ MessageEntry readEntry(const moMessage::Entry& source)
 QString written(const QJsonValue& value)
 {
     QJsonArray list = value.toArray();
-    const int hidden = list.size() - shownElements;
+    const auto hidden = list.size() - shownElements;
     if (hidden > 0) {
         QJsonArray begin;
         for (int i = 0; i < shownElements; ++i)

@@ -7,9 +7,9 @@
 #include <sceneeditor/Viewport.h>
 #include <sceneeditor/properties/PropertyDocks.h>
 
+#include <QActionGroup>
 #include <QtCore/QFileInfo>
 #include <QtGui/QCloseEvent>
-#include <QtWidgets/QActionGroup>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
@@ -23,6 +23,12 @@ QAction* named(QAction* action, const char* name)
 {
     action->setObjectName(name);
     return action;
+}
+
+QAction* named(QAction* action, const char* name, const QKeySequence& shortcut)
+{
+    action->setShortcut(shortcut);
+    return named(action, name);
 }
 
 } // namespace
@@ -54,10 +60,10 @@ EditorWindow::EditorWindow(EditorSession& session, QWidget* parent)
 void EditorWindow::makeFileMenu()
 {
     QMenu* const menu = menuBar()->addMenu(tr("&File"));
-    named(menu->addAction(tr("&Open…"), this, &EditorWindow::open, QKeySequence::Open), "open");
-    named(menu->addAction(tr("&Save"), this, &EditorWindow::save, QKeySequence::Save), "save");
+    named(menu->addAction(tr("&Open…"), this, &EditorWindow::open), "open", QKeySequence::Open);
+    named(menu->addAction(tr("&Save"), this, &EditorWindow::save), "save", QKeySequence::Save);
     menu->addSeparator();
-    named(menu->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit), "quit");
+    named(menu->addAction(tr("&Quit"), this, &QWidget::close), "quit", QKeySequence::Quit);
 }
 
 void EditorWindow::makeEditMenu()
@@ -113,7 +119,7 @@ void EditorWindow::makeViewMenu()
     undo->setShortcuts({tr("Alt+Left")});
     redo->setShortcuts({tr("Alt+Right")});
     menu->addActions({undo, redo});
-    named(menu->addAction(tr("&Fit"), m_viewport, &Viewport::fit, tr("Ctrl+F")), "fit");
+    named(menu->addAction(tr("&Fit"), m_viewport, &Viewport::fit), "fit", tr("Ctrl+F"));
     menu->addSeparator();
     menu->setObjectName("viewMenu");
 }

@@ -5,6 +5,7 @@
 #include <sceneeditor/SceneEdits.h>
 #include <sceneeditor/Viewport.h>
 
+#include <QAction>
 #include <QtCore/QMap>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QKeyEvent>
@@ -13,7 +14,6 @@
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDockWidget>

@@ -42,6 +42,12 @@ bool isBelow(Int32 value, std::size_t count)
     return value >= 0 && static_cast<std::size_t>(value) < count;
 }
 
+template<class Row, std::size_t Count>
+const Row& at(const std::array<Row, Count>& rows, Int32 value)
+{
+    return rows.at(static_cast<std::size_t>(value));
+}
+
 template<class Enum>
 Enum enumOr(Int32 stored, std::size_t count, Enum otherwise)
 {
@@ -64,7 +70,7 @@ UberLight::~UberLight()
 
 const char* UberLight::lightTypeName(LightType type)
 {
-    return isBelow(type, typeRows.size()) ? typeRows[type].name : "";
+    return isBelow(type, typeRows.size()) ? at(typeRows, type).name : "";
 }
 
 bool UberLight::findLightType(const char* name, LightType& type)
@@ -80,7 +86,7 @@ bool UberLight::findLightType(const char* name, LightType& type)
 
 UberLight::LightUnit UberLight::defaultLightUnit(LightType type)
 {
-    return isBelow(type, typeRows.size()) ? typeRows[type].unit : Candela;
+    return isBelow(type, typeRows.size()) ? at(typeRows, type).unit : Candela;
 }
 
 UberLight::LightAttenuation UberLight::getAttenuation() const
@@ -107,8 +113,8 @@ void UberLight::setLightType(LightType type)
 {
     if (!isBelow(type, typeRows.size()) || type == getLightType()) return;
     UberLightBase::setLightType(type);
-    setLightUnit(typeRows[type].unit);
-    if (!typeRows[type].hasExtent) setScale(Vec3f(1.f, 1.f, 1.f));
+    setLightUnit(at(typeRows, type).unit);
+    if (!at(typeRows, type).hasExtent) setScale(Vec3f(1.f, 1.f, 1.f));
 }
 
 UberLight::LightUnit UberLight::getLightUnit() const
@@ -120,7 +126,7 @@ void UberLight::setLightUnit(LightUnit unit)
 {
     const LightUnit old = getLightUnit();
     if (!isBelow(unit, candelaPerUnit.size()) || unit == old) return;
-    setIntensity(static_cast<Real32>(getIntensity() * candelaPerUnit[old] / candelaPerUnit[unit]));
+    setIntensity(static_cast<Real32>(getIntensity() * at(candelaPerUnit, old) / at(candelaPerUnit, unit)));
     UberLightBase::setLightUnit(unit);
 }
 

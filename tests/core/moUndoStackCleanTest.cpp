@@ -1,7 +1,7 @@
 #include <support/ProbeCommand.h>
 #include <support/UndoTest.h>
 
-#include <QtWidgets/QUndoStack>
+#include <QUndoStack>
 
 #include <random>
 

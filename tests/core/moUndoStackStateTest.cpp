@@ -6,9 +6,9 @@
 #include <moUndoStack/core/moUndoScopes.h>
 #include <moUndoStack/core/moUndoStackState.h>
 
+#include <QAction>
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeySequence>
-#include <QtWidgets/QAction>
 
 #include <memory>
 #include <stdexcept>

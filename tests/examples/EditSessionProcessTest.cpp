@@ -11,8 +11,6 @@
 
 #include <csignal>
 
-#include <unistd.h>
-
 namespace {
 
 using testing::ContainsRegex;
@@ -158,24 +156,11 @@ TEST_F(EditSession, LeavesAnExistingJsonFileAloneWhenTheModelCannotBeLoaded)
     EXPECT_EQ(file.readAll(), "old");
 }
 
-/// The program with a SIGINT waiting for it.
-class InterruptedProgram : public QProcess
-{
-protected:
-    void setupChildProcess() override
-    {
-        sigset_t blocked;
-        sigemptyset(&blocked);
-        sigaddset(&blocked, SIGINT);
-        sigprocmask(SIG_BLOCK, &blocked, nullptr);
-        std::raise(SIGINT);
-    }
-};
-
 TEST_F(EditSession, EndsWith130AndOneLineWhenItIsInterruptedWhileLoading)
 {
-    InterruptedProgram process;
-    process.start(QStringLiteral(EDITSESSION_PROGRAM), QStringList());
+    // The program starts with a SIGINT waiting for it.
+    QProcess process;
+    process.start("env", {"--block-signal=INT", "sh", "-c", "kill -INT $$; exec \"$0\"", EDITSESSION_PROGRAM});
     ASSERT_TRUE(process.waitForFinished(120000));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 130);

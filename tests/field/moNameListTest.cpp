@@ -49,7 +49,7 @@ protected:
         return node;
     }
 
-    const osg::NodePtr null;
+    const osg::NodePtr null = osg::NullFC;
 
 private:
     Nodes m_nodes;

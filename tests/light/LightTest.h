@@ -10,7 +10,7 @@
 #include <moOpenSGUberLight/OSGLightLinkSet.h>
 #include <moOpenSGUberLight/OSGUberLight.h>
 
-#include <QtWidgets/QUndoCommand>
+#include <QUndoCommand>
 
 #include <string>
 #include <vector>

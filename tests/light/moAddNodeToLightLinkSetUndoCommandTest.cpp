@@ -4,7 +4,7 @@
 #include <moOpenSGUtils/moOpenSGUtils.h>
 #include <moSceneData/moSceneDataManager.h>
 
-#include <QtWidgets/QUndoStack>
+#include <QUndoStack>
 
 namespace {
 

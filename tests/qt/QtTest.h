@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtWidgets/QUndoStack>
+#include <QUndoStack>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -10,8 +10,8 @@
 
 #include <support/UndoTest.h>
 
+#include <QAction>
 #include <QtCore/QTemporaryDir>
-#include <QtWidgets/QAction>
 
 /// A window whose questions a test answers.
 class AnsweredWindow : public EditorWindow

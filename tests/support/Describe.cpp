@@ -3,7 +3,7 @@
 #include <moUndoStack/core/moUndoStack.h>
 #include <moUtils/moMessage.h>
 
-#include <QtWidgets/QUndoCommand>
+#include <QUndoCommand>
 
 #include <sstream>
 

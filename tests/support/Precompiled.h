@@ -1,8 +1,8 @@
 // The heavy headers that every test includes, compiled once.
+#include <QUndoStack>
 #include <QtCore/QObject>
 #include <QtCore/QString>
 #include <QtTest/QSignalSpy>
-#include <QtWidgets/QUndoStack>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -16,7 +16,7 @@
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
 
-#include <QtWidgets/QAction>
+#include <QAction>
 
 #include <string>
 #include <utility>

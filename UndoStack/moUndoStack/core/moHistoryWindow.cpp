@@ -5,7 +5,6 @@
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QUndoStack>
 #include <QtWidgets/QUndoView>
 
 #include <array>

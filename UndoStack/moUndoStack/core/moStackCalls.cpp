@@ -3,7 +3,7 @@
 #include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoStack.h>
 
-#include <QtWidgets/QUndoStack>
+#include <QUndoStack>
 
 #include <algorithm>
 #include <new>

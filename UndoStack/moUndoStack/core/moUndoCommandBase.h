@@ -3,8 +3,8 @@
 #include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moUndoStackExport.h>
 
+#include <QUndoCommand>
 #include <QtCore/QString>
-#include <QtWidgets/QUndoCommand>
 
 #include <functional>
 

@@ -5,6 +5,7 @@
 #include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoStack.h>
 
+#include <QUndoStack>
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QScopedValueRollback>
 #include <QtCore/QTimer>
@@ -15,7 +16,6 @@
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QTreeView>
-#include <QtWidgets/QUndoStack>
 
 #include <algorithm>
 #include <map>

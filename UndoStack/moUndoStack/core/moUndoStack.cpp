@@ -10,8 +10,8 @@
 #include <moUtils/moLog.h>
 #include <moUtils/moMessage.h>
 
+#include <QUndoStack>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QUndoStack>
 
 #include <algorithm>
 #include <memory>

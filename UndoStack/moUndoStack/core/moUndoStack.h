@@ -3,9 +3,9 @@
 #include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moUndoStackExport.h>
 
+#include <QUndoCommand>
 #include <QtCore/QMetaType>
 #include <QtCore/QObject>
-#include <QtWidgets/QUndoCommand>
 
 #include <functional>
 #include <memory>

@@ -4,8 +4,8 @@
 #include <moUndoStack/core/moStep.h>
 #include <moUndoStack/core/moUndoStack.h>
 
+#include <QAction>
 #include <QtGui/QKeySequence>
-#include <QtWidgets/QAction>
 
 #include <utility>
 

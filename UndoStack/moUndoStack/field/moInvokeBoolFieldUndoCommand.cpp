@@ -14,7 +14,11 @@ namespace {
 bool takesBool(QByteArray type)
 {
     if (type.endsWith('&')) type.chop(1);
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     return QMetaType::type(type) == QMetaType::Bool;
+#else
+    return QMetaType::fromName(type).id() == QMetaType::Bool;
+#endif
 }
 
 } // namespace

@@ -42,7 +42,7 @@ TEST(VectorTest, CalculatesComponentByComponent)
     v /= 2;
     EXPECT_EQ(v, Vec3f(2, 3, 4));
     EXPECT_EQ(2.0f * Vec3f(1, 2, 3), Vec3f(2, 4, 6));
-    v -= v;
+    v -= Vec3f(2, 3, 4);
     EXPECT_EQ(v, Vec3f());
     EXPECT_EQ(Vec3f(1, 2, 3).dot(Vec3f(4, 5, 6)), 32.0f);
     EXPECT_EQ(Vec3f(1, 0, 0).cross(Vec3f(0, 1, 0)), Vec3f(0, 0, 1));
