@@ -9,7 +9,7 @@ if(TARGET moOpenSG AND MO_OPENSG STREQUAL "installed")
 endif()
 
 configure_package_config_file(cmake/moUndoStackConfig.cmake.in ${PROJECT_BINARY_DIR}/moUndoStackConfig.cmake
-                              INSTALL_DESTINATION ${MO_PACKAGEDIR})
+                              INSTALL_DESTINATION ${MO_PACKAGEDIR} PATH_VARS MO_TRANSLATIONDIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/moUndoStackConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 set(files ${PROJECT_BINARY_DIR}/moUndoStackConfig.cmake ${PROJECT_BINARY_DIR}/moUndoStackConfigVersion.cmake)
 if(finds_opensg)

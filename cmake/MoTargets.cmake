@@ -22,6 +22,7 @@ endfunction()
 
 # Where the headers are installed: a folder of our own, so that those of the bundled OpenSG never stand before real ones.
 set(MO_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/moundostack-${PROJECT_VERSION_MAJOR})
+set(MO_TRANSLATIONDIR ${CMAKE_INSTALL_DATADIR}/moundostack-${PROJECT_VERSION_MAJOR}/translations)
 set(MO_PACKAGEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/moUndoStack)
 
 # mo_install_library(<name> <component> <header sets>...)

@@ -35,17 +35,20 @@ struct moLightSwitchUndoCommand::Row
 using N = const osg::NodePtr&;
 
 // clang-format off
-//                                                                                     text                      read                                                              write
-const moLightDiffuseUndoCommand::Row        moLightDiffuseUndoCommand::s_row          {"Diffuse Light Color",    [](N light) { return moLights::getDiffuse(light); },              [](N light, osg::Vec3f v) { moLights::setDiffuse(light, v); }};
-const moLightGlossyUndoCommand::Row         moLightGlossyUndoCommand::s_row           {"Specular Light Color",   [](N light) { return moLights::getGlossy(light); },               [](N light, osg::Vec3f v) { moLights::setGlossy(light, v); }};
-const moLightIntensityUndoCommand::Row      moLightIntensityUndoCommand::s_row        {"Light Intensity",        [](N light) { return moLights::getLightValue(light); },           [](N light, float v) { moLights::setLightValue(light, v); }};
-const moLightPenumbraAngleUndoCommand::Row  moLightPenumbraAngleUndoCommand::s_row    {"Light Penumbra Angle",   [](N light) { return moLights::getPenumbraAngle(light); },        [](N light, float v) { moLights::setPenumbraAngle(light, v); }};
-const moLightConeAngleUndoCommand::Row      moLightConeAngleUndoCommand::s_row        {"Light Cone Angle",       [](N light) { return moLights::getConeAngle(light); },            [](N light, float v) { moLights::setConeAngle(light, v); }};
-const moLightAttenuationUndoCommand::Row    moLightAttenuationUndoCommand::s_row      {"Set Light Attenuation",  [](N light) { return moLights::getAttenuation(light); },          [](N light, osg::UberLight::LightAttenuation v) { moLights::setAttenuation(light, v); }};
+// Texts are marked for translation where they stand: a translator finds no other.
+//                                                                                text                                                              read                                                              write
+const moLightDiffuseUndoCommand::Row        moLightDiffuseUndoCommand::s_row     {QT_TRANSLATE_NOOP("LightUndoCommand", "Diffuse Light Color"),    [](N light) { return moLights::getDiffuse(light); },              [](N light, osg::Vec3f v) { moLights::setDiffuse(light, v); }};
+const moLightGlossyUndoCommand::Row         moLightGlossyUndoCommand::s_row      {QT_TRANSLATE_NOOP("LightUndoCommand", "Specular Light Color"),   [](N light) { return moLights::getGlossy(light); },               [](N light, osg::Vec3f v) { moLights::setGlossy(light, v); }};
+const moLightIntensityUndoCommand::Row      moLightIntensityUndoCommand::s_row   {QT_TRANSLATE_NOOP("LightUndoCommand", "Light Intensity"),        [](N light) { return moLights::getLightValue(light); },           [](N light, float v) { moLights::setLightValue(light, v); }};
+const moLightPenumbraAngleUndoCommand::Row  moLightPenumbraAngleUndoCommand::s_row{QT_TRANSLATE_NOOP("LightUndoCommand", "Light Penumbra Angle"),  [](N light) { return moLights::getPenumbraAngle(light); },        [](N light, float v) { moLights::setPenumbraAngle(light, v); }};
+const moLightConeAngleUndoCommand::Row      moLightConeAngleUndoCommand::s_row   {QT_TRANSLATE_NOOP("LightUndoCommand", "Light Cone Angle"),       [](N light) { return moLights::getConeAngle(light); },            [](N light, float v) { moLights::setConeAngle(light, v); }};
+const moLightAttenuationUndoCommand::Row    moLightAttenuationUndoCommand::s_row {QT_TRANSLATE_NOOP("LightUndoCommand", "Set Light Attenuation"),  [](N light) { return moLights::getAttenuation(light); },          [](N light, osg::UberLight::LightAttenuation v) { moLights::setAttenuation(light, v); }};
 
-//                                                                                     text for on         text for off        read                                                                    write
-const moLightEnableUndoCommand::Row         moLightEnableUndoCommand::s_row           {"Set Light on/off", "Set Light on/off", [](N light) { return moLights::getOn(light); },                         [](N light, bool on) { moLights::setOn(light, on); }};
-const moLightVisibleUndoCommand::Row        moLightVisibleUndoCommand::s_row          {"Show Light",       "Hide Light",       [](N light) { return moLights::getLightVisualizationVisible(light); },  [](N light, bool on) { moLights::setLightVisualizationVisible(light, on); }};
+//                                                                                text for on, text for off
+const moLightEnableUndoCommand::Row         moLightEnableUndoCommand::s_row      {QT_TRANSLATE_NOOP("LightUndoCommand", "Set Light on/off"), QT_TRANSLATE_NOOP("LightUndoCommand", "Set Light on/off"),
+                                                                                  [](N light) { return moLights::getOn(light); },                  [](N light, bool on) { moLights::setOn(light, on); }};
+const moLightVisibleUndoCommand::Row        moLightVisibleUndoCommand::s_row     {QT_TRANSLATE_NOOP("LightUndoCommand", "Show Light"), QT_TRANSLATE_NOOP("LightUndoCommand", "Hide Light"),
+                                                                                  [](N light) { return moLights::getLightVisualizationVisible(light); },  [](N light, bool on) { moLights::setLightVisualizationVisible(light, on); }};
 // clang-format on
 
 /// The description is the untranslated text.
