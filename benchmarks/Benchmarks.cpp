@@ -1,6 +1,6 @@
 // Measures the comparisons: how long both sides take or, with --instructions=FILE under callgrind, how many
 // instructions they execute. FILE is callgrind's --callgrind-out-file, from whose parts the counts are read.
-// Further options: --filter=REGEX, --json=FILE for tools; with --instructions also --guard=FILE, and --renew=FILE.
+// Further options: --filter=REGEX, --json=FILE for tools, --plot=FILE for a picture; with --instructions also --guard=FILE, and --renew=FILE.
 
 #include <Compare.h>
 #include <Guard.h>
@@ -218,21 +218,34 @@ std::string takeOption(int& argc, char** argv, const std::string& option)
     return value;
 }
 
-int compareTimes(int argc, char** argv, const std::string& filter, const std::string& json)
+/// Where the table goes besides the terminal; empty: nowhere.
+struct Files
+{
+    std::string json;
+    std::string plot;
+
+    void write(const std::vector<Row>& rows, const std::string& unit) const
+    {
+        if (!json.empty()) writeJson(json, rows, unit);
+        if (!plot.empty()) writePlot(plot, rows, unit);
+    }
+};
+
+int compareTimes(int argc, char** argv, const std::string& filter, const Files& files)
 {
     const std::vector<Row> rows = measureTimes(argc, argv, casesMatching(filter));
     if (rows.empty()) return EXIT_FAILURE;
     printTable(rows, "ns");
     printGrowth(rows);
-    if (!json.empty()) writeJson(json, rows, "ns");
+    files.write(rows, "ns");
     return EXIT_SUCCESS;
 }
 
-int compareInstructions(const std::string& counts, const std::string& filter, const std::string& json)
+int compareInstructions(const std::string& counts, const std::string& filter, const Files& files)
 {
     const std::vector<Row> rows = measureInstructions(counts, shortCasesMatching(filter));
     printTable(rows, "instr");
-    if (!json.empty()) writeJson(json, rows, "instr");
+    files.write(rows, "instr");
     return EXIT_SUCCESS;
 }
 
@@ -256,7 +269,7 @@ int renewGuard(const std::string& counts, const std::string& file)
 int main(int argc, char** argv)
 {
     const std::string filter = takeOption(argc, argv, "--filter");
-    const std::string json = takeOption(argc, argv, "--json");
+    const Files files{takeOption(argc, argv, "--json"), takeOption(argc, argv, "--plot")};
     const std::string counts = takeOption(argc, argv, "--instructions");
     const std::string guarded = takeOption(argc, argv, "--guard");
     const std::string renewed = takeOption(argc, argv, "--renew");
@@ -266,8 +279,8 @@ int main(int argc, char** argv)
     try {
         if (!guarded.empty()) return guardInstructions(counts, guarded);
         if (!renewed.empty()) return renewGuard(counts, renewed);
-        if (!counts.empty()) return compareInstructions(counts, filter, json);
-        return compareTimes(argc, argv, filter, json);
+        if (!counts.empty()) return compareInstructions(counts, filter, files);
+        return compareTimes(argc, argv, filter, files);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;

@@ -26,6 +26,9 @@ void printTable(const std::vector<Row>& rows, const std::string& unit);
 /// The same for tools: an array of objects. Throws std::runtime_error if the file cannot be written.
 void writeJson(const std::string& file, const std::vector<Row>& rows, const std::string& unit);
 
+/// A plot of the ratios, as SVG: a bar for each row, with a mark for its wished ratio. Throws likewise.
+void writePlot(const std::string& file, const std::vector<Row>& rows, const std::string& unit);
+
 /// For comparisons whose last case has at least a thousand times the steps of the first: how much the cost of one
 /// operation grew.
 void printGrowth(const std::vector<Row>& rows);

@@ -1,12 +1,15 @@
 #include <transform/TransformTest.h>
 
 #include <moUndoStack/transform/moEulerRotationOrderUndoCommand.h>
+#include <moUndoStack/transform/moRemoveTransformSwitchVariantUndoCommand.h>
 #include <moUndoStack/transform/moRotationAsQuaternionUndoCommand.h>
 #include <moUndoStack/transform/moTransformValueUndoCommands.h>
+#include <moUndoStack/transform/moTransformVariantMoveCommand.h>
 
 #include <moOpenSGUberLight/OSGUberLight.h>
 
 #include <OpenSG/OSGGroup.h>
+#include <OpenSG/OSGSimpleAttachments.h>
 
 #include <cstddef>
 #include <functional>
@@ -774,6 +777,34 @@ TEST_F(Transform, CommandIdsAreAllDifferent)
     for (const Row& row : rows)
         ids.insert(row.commandId());
     EXPECT_EQ(ids.size(), rows.size() + 2);
+}
+
+TEST_F(Transform, EachTextNamesTheWordAndTheNodeOfItsOwnCommand)
+{
+    const osg::NodePtr other = make(osg::Transform3D::create(), "Other");
+    osg::setName(node, "Box");
+    const auto textOfTranslating = [](const osg::NodePtr& moved) {
+        return moTranslationUndoCommand(moved, osg::Vec3f(1, 2, 3), false, nullptr, nullptr, -1).text().toStdString();
+    };
+    const auto textOfScaling = [](const osg::NodePtr& scaled) {
+        return moScaleUndoCommand(scaled, osg::Vec3f(1, 2, 3), nullptr, nullptr, -1).text().toStdString();
+    };
+    const auto textOfMovingAVariant = [](const osg::NodePtr& moved) {
+        return moTransformVariantMoveCommand(moved, 0, 1, nullptr, nullptr).text().toStdString();
+    };
+    const auto textOfRemovingAVariant = [](const osg::NodePtr& one) {
+        return moRemoveTransformSwitchVariantUndoCommand(one, 0, nullptr, nullptr).text().toStdString();
+    };
+    EXPECT_EQ(textOfTranslating(node), "Translate 'Box'");
+    EXPECT_EQ(textOfTranslating(other), "Translate 'Other'");
+    EXPECT_EQ(textOfScaling(other), "Scale 'Other'");
+    EXPECT_EQ(textOfTranslating(other), "Translate 'Other'");
+    osg::setName(other, "Renamed");
+    EXPECT_EQ(textOfTranslating(other), "Translate 'Renamed'");
+    EXPECT_EQ(textOfTranslating(osg::NullFC), "Translate ''");
+    EXPECT_EQ(textOfMovingAVariant(node), "Move transform variant 'Box'");
+    EXPECT_EQ(textOfRemovingAVariant(node), "Remove transform variant 'Box'");
+    EXPECT_EQ(textOfMovingAVariant(other), "Move transform variant 'Renamed'");
 }
 
 TEST_F(Transform, AMirrorKeepsItsStateFromOneCallToTheNext)
