@@ -41,6 +41,10 @@ aiMatrix4x4 matrixOf(const osg::NodePtr& node)
     const auto transform = osg::TransformPtr::dcast(node->getCore());
     if (!transform) return {};
     const osg::Matrix& m = transform->getMatrix();
+    // As the loader does it: what is not finite moves nothing.
+    const bool isFinite =
+        std::all_of(m.getValues(), m.getValues() + 16, [](float value) { return std::isfinite(value); });
+    if (!isFinite) return {};
     return {m[0][0], m[1][0], m[2][0], m[3][0], m[0][1], m[1][1], m[2][1], m[3][1],
             m[0][2], m[1][2], m[2][2], m[3][2], m[0][3], m[1][3], m[2][3], m[3][3]};
 }
@@ -225,6 +229,7 @@ void writeModel(const Model& model, const QString& fileName)
     QFile file(draft);
     if (!file.open(QIODevice::ReadOnly)) fail(fileName, file.errorString());
     QJsonObject document = QJsonDocument::fromJson(file.readAll()).object();
+    if (document.isEmpty()) fail(fileName, "a value is not a number");
     LightWriter(document).write(model.root.get());
 
     for (const QString& name : QDir(folder.path()).entryList({"*.bin"}, QDir::Files)) {

@@ -6,7 +6,6 @@
 #include <moOpenSGUtils/moOpenSGUtils.h>
 #include <moSceneData/moSceneDataManager.h>
 
-#include <algorithm>
 #include <utility>
 
 EditorSession::EditorSession(QObject* parent) : QObject(parent), m_editState(edits()), m_viewState(views())
@@ -35,6 +34,7 @@ void EditorSession::load(const QString& fileName)
     prepare(loaded);
     moUndoStack::clearAll();
     m_selection.clear();
+    m_selectedIds.clear();
     m_model = std::move(loaded);
     m_fileName = fileName;
     moSceneDataManager::getSceneData(0)->setSceneNode(m_model.root.get());
@@ -77,7 +77,7 @@ osg::NodePtr EditorSession::current() const
 
 bool EditorSession::isSelected(const osg::NodePtr& node) const
 {
-    return std::find(m_selection.begin(), m_selection.end(), moNodePtr(node)) != m_selection.end();
+    return node != osg::NullFC && m_selectedIds.count(osg::getContainerId(node)) > 0;
 }
 
 void EditorSession::select(const std::vector<osg::NodePtr>& nodes)
@@ -85,6 +85,9 @@ void EditorSession::select(const std::vector<osg::NodePtr>& nodes)
     std::vector<moNodePtr> selected(nodes.begin(), nodes.end());
     if (selected == m_selection) return;
     m_selection = std::move(selected);
+    m_selectedIds.clear();
+    for (const osg::NodePtr& node : nodes)
+        m_selectedIds.insert(osg::getContainerId(node));
     Q_EMIT selectionChanged();
 }
 

@@ -14,6 +14,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QString>
 
+#include <unordered_set>
 #include <vector>
 
 class moMessage;
@@ -96,6 +97,7 @@ private:
     moUndoStackState m_editState;
     moUndoStackState m_viewState;
     std::vector<moNodePtr> m_selection;
+    std::unordered_set<osg::UInt32> m_selectedIds;
     bool m_recording = false;
     bool m_blocked = false;
 };

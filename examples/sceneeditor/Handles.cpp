@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <unordered_set>
 
 namespace {
 
@@ -75,12 +76,15 @@ std::array<osg::Vec3f, 3> anglesAxes(const osg::NodePtr& node)
 std::vector<osg::NodePtr> topmost(const std::vector<osg::NodePtr>& nodes)
 {
     std::vector<osg::NodePtr> result;
+    std::unordered_set<osg::UInt32> moved;
+    for (const osg::NodePtr& node : nodes)
+        if (moNodeUtils::findTransform(node) != osg::NullFC) moved.insert(osg::getContainerId(node));
     for (const osg::NodePtr& node : nodes) {
-        if (moNodeUtils::findTransform(node) == osg::NullFC) continue;
-        const bool follows = std::any_of(nodes.begin(), nodes.end(), [&node](const osg::NodePtr& other) {
-            return moNodeUtils::hasParent(node, other) && moNodeUtils::findTransform(other) != osg::NullFC;
-        });
-        if (!follows) result.push_back(node);
+        if (moved.count(osg::getContainerId(node)) == 0) continue;
+        osg::NodePtr above = node->getParent();
+        while (above != osg::NullFC && moved.count(osg::getContainerId(above)) == 0)
+            above = above->getParent();
+        if (above == osg::NullFC) result.push_back(node);
     }
     return result;
 }

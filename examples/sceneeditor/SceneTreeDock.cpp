@@ -12,6 +12,8 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeView>
 
+#include <unordered_set>
+
 SceneTreeDock::SceneTreeDock(EditorSession& session, QWidget* parent)
     : QDockWidget(tr("Scene"), parent),
       m_session(session),
@@ -105,10 +107,13 @@ void SceneTreeDock::takeSelection()
     if (m_isShowing) return;
     const QScopedValueRollback<bool> showing(m_isShowing, true);
     const QModelIndexList rows = m_view->selectionModel()->selectedRows();
+    std::unordered_set<quintptr> ids;
+    for (const QModelIndex& row : rows)
+        ids.insert(row.internalId());
     std::vector<osg::NodePtr> selected;
     // The order of the clicks: those that were selected before keep their place.
     for (const osg::NodePtr& node : m_session.selection())
-        if (rows.contains(m_model->indexOf(node))) selected.push_back(node);
+        if (ids.count(osg::getContainerId(node)) > 0) selected.push_back(node);
     for (const QModelIndex& row : rows) {
         const osg::NodePtr node = m_model->node(row);
         if (node != osg::NullFC && !m_session.isSelected(node)) selected.push_back(node);

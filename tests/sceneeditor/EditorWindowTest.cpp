@@ -93,7 +93,7 @@ TEST_F(EditorWindowTest, ClosingASceneThatWasModifiedAsks)
     EXPECT_TRUE(window->close());
 }
 
-TEST_F(EditorWindowTest, OpeningAskesToSaveAndStartsANewHistory)
+TEST_F(EditorWindowTest, OpeningAsksToSaveAndStartsANewHistory)
 {
     script(edit);
     window->model = write("other.gltf",

@@ -8,6 +8,10 @@
 
 #include <moUndoStack/moUndoCommands.h>
 
+#include <QtCore/QFile>
+
+#include <cmath>
+
 namespace {
 
 class ModelWriterTest : public EditorTest
@@ -94,6 +98,26 @@ TEST_F(ModelWriterTest, ASceneSavedTwiceIsTheSame)
         EXPECT_EQ(nameOf(twice.nodes[i]), nameOf(once.nodes[i]));
         EXPECT_TRUE(twice.nodes[i]->getToWorld().equals(once.nodes[i]->getToWorld(), 1e-4f));
     }
+}
+
+TEST_F(ModelWriterTest, ASceneWithoutMeshesIsSaved)
+{
+    QFile file(folder.filePath("bare.gltf"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0]}],
+                   "nodes": [{"name": "a", "children": [1, 2]}, {"name": "b", "translation": [1, 2, 3]}, {"name": "b"}]})");
+    file.close();
+    session().load(file.fileName());
+    const Model model = saved();
+    EXPECT_TRUE(moNodeUtils::getTransformNodeTranslation(find(model, "b"), false, -1) == osg::Vec3f(1, 2, 3));
+}
+
+TEST_F(ModelWriterTest, WhatIsNotFiniteMovesNothingInTheSavedScene)
+{
+    session().apply(
+        new moTranslationUndoCommand(node("Table"), osg::Vec3f(std::nanf(""), 0.f, 0.f), false, nullptr, {}, -1));
+    const Model model = saved();
+    EXPECT_TRUE(find(model, "Table")->getToWorld().equals(osg::Matrix(), 1e-4f));
 }
 
 TEST_F(ModelWriterTest, WhatCannotBeWrittenIsSaidInOneLine)

@@ -120,6 +120,15 @@ TEST_F(SceneTreeTest, TheCheckMarkShowsAndHidesANode)
     EXPECT_TRUE(node("Table")->getActive());
 }
 
+TEST_F(SceneTreeTest, TheOneThatWasSelectedLastIsTheCurrentOne)
+{
+    session().select({node("Plate"), node("Floor")});
+    view().selectionModel()->select(index("Table"), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    EXPECT_EQ(session().selection(), (std::vector<osg::NodePtr>{node("Plate"), node("Floor"), node("Table")}));
+    view().selectionModel()->select(index("Floor"), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+    EXPECT_EQ(session().selection(), (std::vector<osg::NodePtr>{node("Plate"), node("Table")}));
+}
+
 TEST_F(SceneTreeTest, TreeAndViewportShareTheSelection)
 {
     view().selectionModel()->setCurrentIndex(index("Plate"),
