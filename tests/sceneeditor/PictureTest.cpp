@@ -40,8 +40,8 @@ TEST_F(PictureTest, TheTourLeavesTheHistoryThatThePictureShows)
         texts.append(stack.command(i)->text());
         children.push_back(stack.command(i)->childCount());
     }
-    EXPECT_EQ(texts, (QStringList{"Translate 'Desk Lamp'", "Rotate 'Gehäuse'", "Add Tag 'spare part'",
-                                  "Move 2 Nodes", "Move 2 Nodes"}));
+    EXPECT_EQ(texts, (QStringList{"Translate 'Desk Lamp'", "Rotate 'Gehäuse'", "Add Tag 'spare part'", "Move 2 Nodes",
+                                  "Move 2 Nodes"}));
     EXPECT_EQ(children, (std::vector<int>{0, 0, 4, 2, 2}));
     EXPECT_EQ(stack.index(), 4);
     EXPECT_GT(second.size(), 1);
