@@ -27,7 +27,7 @@ void Monkey::act()
     answer();
     // Some steps merge, others do not.
     m_clock.advance(chance(30) ? 1. : 0.01);
-    switch (below(11)) {
+    switch (below(12)) {
     case 0:
     case 1:
     case 2:
@@ -47,6 +47,9 @@ void Monkey::act()
         break;
     case 9:
         select();
+        break;
+    case 10:
+        raise();
         break;
     default:
         choose();
@@ -99,7 +102,7 @@ void Monkey::mouse(QWidget& widget, QEvent::Type type, const QPoint& at, Qt::Mou
 void Monkey::select()
 {
     if (m_window.viewport().isDragging()) return;
-    const std::vector<osg::NodePtr>& nodes = m_session.model().nodes;
+    const std::vector<osg::NodePtr> nodes = nodesOf(m_session);
     std::vector<osg::NodePtr> selected;
     for (int count = 1 + below(3); count > 0; --count)
         selected.push_back(nodes[static_cast<std::size_t>(below(static_cast<int>(nodes.size())))]);
@@ -168,13 +171,20 @@ void Monkey::turnWheel()
     QApplication::sendEvent(widget, &event);
 }
 
+/// Most docks are behind others.
+void Monkey::raise()
+{
+    const QList<QDockWidget*> docks = m_window.findChildren<QDockWidget*>();
+    QDockWidget* const dock = docks[below(docks.size())];
+    dock->show();
+    dock->raise();
+}
+
 void Monkey::choose()
 {
     QList<QAction*> actions;
     for (QAction* const action : m_window.findChildren<QAction*>())
         if (action->isEnabled() && !action->menu() && !action->objectName().isEmpty()) actions.append(action);
-    for (QDockWidget* const dock : m_window.findChildren<QDockWidget*>())
-        if (!dock->isVisible()) actions.append(dock->toggleViewAction());
     QAction* const chosen = actions[below(actions.size())];
     // These end a history; seldom, so that it grows.
     const bool ends = QStringList{"open", "clear", "quit"}.contains(chosen->objectName());

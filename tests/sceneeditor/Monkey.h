@@ -20,7 +20,7 @@ public:
 
     Monkey(EditorSession& session, AnsweredWindow& window, FakeClock& clock, unsigned int seed, Manners manners);
 
-    /// Does one thing: a click, a drag, a key, a turn of the wheel or a menu item.
+    /// Does one thing: a click, a drag, a key, a turn of the wheel, a selection, another dock or a menu item.
     void act();
 
 private:
@@ -35,6 +35,7 @@ private:
     void drag();
     void typeKey();
     void turnWheel();
+    void raise();
     void choose();
     void select();
     void answer();

@@ -52,7 +52,8 @@ protected:
     {
         const int seconds = qEnvironmentVariableIntValue("EDITOR_MONKEY_SECONDS");
         const int seed = qEnvironmentVariableIntValue("EDITOR_MONKEY_SEED");
-        window->resize(640, 480);
+        // Room for the docks beside the viewport.
+        window->resize(1000, 700);
         Monkey monkey(session(), *window, clock, static_cast<unsigned int>(seed), manners);
         QElapsedTimer timer;
         timer.start();

@@ -35,8 +35,14 @@ TEST_F(StepScriptTest, AStepThatCannotBeDoneIsSaidWithItsLine)
     EXPECT_EQ(error("orbit left 3"), "line 1, orbit: no number: left");
     EXPECT_EQ(error("drag x 1 1"), "line 1, drag: there are no handles");
     EXPECT_EQ(error("set addTag maybe"), "line 1, set: on or off, please");
-    EXPECT_EQ(error("set sceneTree 1"), "line 1, set: there is no item '1'");
-    EXPECT_EQ(error("set viewport 1"), "line 1, set: it takes no value");
+    EXPECT_EQ(error("set sceneTree Nobody"), "line 1, set: there is no item 'Nobody'");
+    EXPECT_EQ(error("set frameTime 1"), "line 1, set: it takes no value");
+}
+
+TEST_F(StepScriptTest, AnItemOfATreeIsChosenByItsText)
+{
+    script("set sceneTree Table\nset sceneTree \"Table Top\"");
+    EXPECT_EQ(session().selection(), std::vector<osg::NodePtr>{node("Table Top")});
 }
 
 TEST_F(StepScriptTest, APickSelectsWhatIsThere)

@@ -56,9 +56,13 @@ public:
     /// The row of the present state.
     QModelIndex currentIndex() const;
 
+    /// The index of a row; invalid if there is none.
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    /// The row of the composite or macro that a child belongs to; invalid for a step.
     QModelIndex parent(const QModelIndex& child) const override;
+    /// Number of steps and the start; below a row, number of its children.
     int rowCount(const QModelIndex& parent = {}) const override;
+    /// 1.
     int columnCount(const QModelIndex& parent = {}) const override;
 
     /// Qt::DisplayRole: the text of the command on one line; tr("<empty>") for the start. Qt::ToolTipRole: its

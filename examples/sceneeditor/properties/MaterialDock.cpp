@@ -268,6 +268,7 @@ void MaterialDock::paintSelected()
 
 void MaterialDock::setEnvironment(int index)
 {
+    if (!measured()) return;
     const std::vector<osg::MaterialPtr> all = environments();
     const auto chosen = static_cast<std::size_t>(index);
     const osg::MaterialPtr environment =
