@@ -60,9 +60,8 @@ void ConstraintDock::addRoleButtons()
 {
     const auto has = [this] { return constraint() && node(); };
     form().addButtons({
-        {tr("Add as Source"), "add-sources", has,
-         [this] { addSources(session(), constraint(), session().selection()); }},
-        {tr("Add as Up Vector"), "add-up-vectors", [this] { return aim() && node(); },
+        {tr("Add Source"), "add-sources", has, [this] { addSources(session(), constraint(), session().selection()); }},
+        {tr("Add Up Vector"), "add-up-vectors", [this] { return aim() && node(); },
          [this] { addUpVectorSources(session(), aim(), session().selection()); }},
     });
     form().addButtons({
@@ -71,7 +70,7 @@ void ConstraintDock::addRoleButtons()
          [this] { setTarget(session(), constraint(), osg::NullFC); }},
     });
     form().addButtons({
-        {tr("Remove Selected Nodes from All Roles"), "remove-from-roles", has,
+        {tr("Remove from All Roles"), "remove-from-roles", has,
          [this] { removeFromRoles(session(), constraint(), session().selection()); }},
     });
 }

@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int narrowest = 52;
+constexpr int narrowest = 48;
 
 QDoubleSpinBox* makeBox(const QString& name, const NumberStyle& style)
 {
@@ -86,6 +86,8 @@ PropertyForm::PropertyForm(QWidget* parent) : QScrollArea(parent)
     m_layout->setContentsMargins(4, 4, 4, 4);
     m_layout->setVerticalSpacing(3);
     m_layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    // Where the dock is narrow, the label stands above its boxes, and the viewport keeps its room.
+    m_layout->setRowWrapPolicy(QFormLayout::WrapLongRows);
     setWidget(content);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
