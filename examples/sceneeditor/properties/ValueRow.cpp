@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int narrowest = 48;
+constexpr int narrowest = 60;
 
 QDoubleSpinBox* makeBox(const QString& name, const NumberStyle& style)
 {
@@ -158,8 +158,8 @@ void PropertyForm::addNumbers(const QString& label, const QString& name, const Q
     for (const QString& part : parts) {
         QDoubleSpinBox* const box = makeBox(part.isEmpty() ? name : name + '-' + part, style);
         box->setToolTip(part);
-        // Four boxes have no room for arrows; the keys turn them, too.
-        if (parts.size() > 3) box->setButtonSymbols(QAbstractSpinBox::NoButtons);
+        // Several boxes leave no room for arrows; the keys turn them, too.
+        if (parts.size() > 1) box->setButtonSymbols(QAbstractSpinBox::NoButtons);
         layout->addWidget(box);
         keepWheelFrom(box);
         const std::size_t index = boxes.size();
