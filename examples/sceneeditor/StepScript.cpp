@@ -165,7 +165,11 @@ void StepScript::runStep(const QStringList& words)
         takes(2, 2);
         const QKeySequence keys(words[2]);
         if (keys.isEmpty()) refuse("no such key");
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
         const int key = keys[0];
+#else
+        const int key = keys[0].toCombined();
+#endif
         sendKey(find<QWidget>(words[1]), key & ~static_cast<int>(Qt::KeyboardModifierMask),
                 Qt::KeyboardModifiers(key & static_cast<int>(Qt::KeyboardModifierMask)));
     } else if (verb == "raise") {

@@ -9,7 +9,7 @@
 #include <QtWidgets/QMenu>
 
 Monkey::Monkey(EditorSession& session, AnsweredWindow& window, FakeClock& clock, unsigned int seed, Manners manners)
-    : m_session(session), m_window(window), m_clock(clock), m_random(seed), m_manners(manners)
+    : m_session(session), m_window(window), m_clock(clock), m_random(seed)
 {
     QObject::connect(&m_closer, &QTimer::timeout, [] {
         if (QWidget* const dialog = QApplication::activeModalWidget()) dialog->close();
@@ -77,7 +77,7 @@ QWidget* Monkey::someWidget()
     QList<QWidget*> usable;
     for (QWidget* const widget : widgets)
         if (widget->isVisible() && widget->isEnabled() && !widget->size().isEmpty()) usable.append(widget);
-    return usable.isEmpty() ? &m_window : usable[below(usable.size())];
+    return usable.isEmpty() ? &m_window : usable[below(static_cast<int>(usable.size()))];
 }
 
 QPoint Monkey::somePoint(const QWidget& widget)
@@ -175,7 +175,7 @@ void Monkey::turnWheel()
 void Monkey::raise()
 {
     const QList<QDockWidget*> docks = m_window.findChildren<QDockWidget*>();
-    QDockWidget* const dock = docks[below(docks.size())];
+    QDockWidget* const dock = docks[below(static_cast<int>(docks.size()))];
     dock->show();
     dock->raise();
 }
@@ -185,7 +185,7 @@ void Monkey::choose()
     QList<QAction*> actions;
     for (QAction* const action : m_window.findChildren<QAction*>())
         if (action->isEnabled() && !action->menu() && !action->objectName().isEmpty()) actions.append(action);
-    QAction* const chosen = actions[below(actions.size())];
+    QAction* const chosen = actions[below(static_cast<int>(actions.size()))];
     // These end a history; seldom, so that it grows.
     const bool ends = QStringList{"open", "clear", "quit"}.contains(chosen->objectName());
     if (QApplication::activePopupWidget() || (ends && !chance(5))) return;

@@ -44,6 +44,5 @@ private:
     AnsweredWindow& m_window;
     FakeClock& m_clock;
     std::mt19937 m_random;
-    Manners m_manners;
     QTimer m_closer; ///< closes the dialogs that wait for a user
 };

@@ -13,6 +13,13 @@ class ViewportTest : public EditorTest
 protected:
     Viewport& viewport() { return window->viewport(); }
 
+    /// Moves the mouse with a button held down.
+    void dragTo(const QPoint& to, Qt::MouseButton button)
+    {
+        QMouseEvent event(QEvent::MouseMove, to, viewport().mapToGlobal(to), Qt::NoButton, button, Qt::NoModifier);
+        QApplication::sendEvent(&viewport(), &event);
+    }
+
     QStringList selected()
     {
         QStringList names;
@@ -120,11 +127,10 @@ TEST_F(ViewportTest, ADragThatWasCancelledDoesNotGoOn)
     const QByteArray before = digest();
     const QPoint from = viewport().graspOf(Handles::X);
     QTest::mousePress(&viewport(), Qt::LeftButton, {}, from);
-    QMouseEvent drag(QEvent::MouseMove, from + QPoint(20, 0), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&viewport(), &drag);
+    dragTo(from + QPoint(20, 0), Qt::LeftButton);
     EXPECT_NE(digest(), before);
     QTest::keyClick(&viewport(), Qt::Key_Escape);
-    QApplication::sendEvent(&viewport(), &drag);
+    dragTo(from + QPoint(20, 0), Qt::LeftButton);
     QTest::mouseRelease(&viewport(), Qt::LeftButton, {}, from);
     EXPECT_EQ(digest(), before);
     EXPECT_EQ(stack.size(), 0);
@@ -135,8 +141,7 @@ TEST_F(ViewportTest, KeysAndButtonsElsewhereDoNothingDuringADrag)
     script("select Table\ndrag x 60 10");
     const QPoint from = viewport().graspOf(Handles::X);
     QTest::mousePress(&viewport(), Qt::LeftButton, {}, from);
-    QMouseEvent drag(QEvent::MouseMove, from + QPoint(20, 0), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&viewport(), &drag);
+    dragTo(from + QPoint(20, 0), Qt::LeftButton);
     QTest::keyClick(&viewport(), Qt::Key_Z, Qt::ControlModifier);
     QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
     QTest::mouseClick(window->findChild<QWidget*>("addTag"), Qt::LeftButton);
@@ -184,8 +189,7 @@ TEST_F(ViewportTest, AnOrbitIsTakenBackByEscape)
 {
     const View first = session().camera().view();
     QTest::mousePress(&viewport(), Qt::MiddleButton, {}, {100, 100});
-    QMouseEvent drag(QEvent::MouseMove, QPoint(150, 120), Qt::NoButton, Qt::MiddleButton, Qt::NoModifier);
-    QApplication::sendEvent(&viewport(), &drag);
+    dragTo(QPoint(150, 120), Qt::MiddleButton);
     EXPECT_TRUE(session().camera().view() != first);
     QTest::keyClick(&viewport(), Qt::Key_Escape);
     EXPECT_TRUE(session().camera().view() == first);

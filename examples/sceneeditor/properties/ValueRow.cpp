@@ -48,7 +48,7 @@ QWidget* makeLine(QHBoxLayout*& layout)
 QColor colorOf(const PropertyForm::Numbers& numbers)
 {
     const auto part = [&numbers](std::size_t i, double otherwise) {
-        return i < numbers.size() ? std::clamp(numbers[i], 0., 1.) : otherwise;
+        return static_cast<float>(i < numbers.size() ? std::clamp(numbers[i], 0., 1.) : otherwise);
     };
     return QColor::fromRgbF(part(0, 0), part(1, 0), part(2, 0), part(3, 1));
 }
