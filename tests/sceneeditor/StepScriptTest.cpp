@@ -45,12 +45,6 @@ TEST_F(StepScriptTest, AnItemOfATreeIsChosenByItsText)
     EXPECT_EQ(session().selection(), std::vector<osg::NodePtr>{node("Table Top")});
 }
 
-TEST_F(StepScriptTest, AnItemOfATreeIsChosenByItsText)
-{
-    script("set sceneTree Table\nset sceneTree \"Table Top\"");
-    EXPECT_EQ(session().selection(), std::vector<osg::NodePtr>{node("Table Top")});
-}
-
 TEST_F(StepScriptTest, APickSelectsWhatIsThere)
 {
     script("pick 0.5 0.55");
