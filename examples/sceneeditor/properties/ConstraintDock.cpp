@@ -11,6 +11,8 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QTreeWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int idRole = Qt::UserRole;
@@ -83,7 +85,7 @@ void ConstraintDock::showConstraints()
     m_constraint->clear();
     for (const osg::AbstractConstraintPtr& each : all)
         m_constraint->addItem(tr("%1 %2").arg(each->getType().getCName()).arg(m_constraint->count() + 1));
-    m_constraint->setCurrentIndex(qBound(0, row, m_constraint->count() - 1));
+    m_constraint->setCurrentIndex(std::max(0, std::min(row, m_constraint->count() - 1)));
     m_constraint->setEnabled(!all.empty());
 }
 

@@ -17,6 +17,7 @@
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QTreeWidget>
 
+#include <algorithm>
 #include <cstdint>
 
 namespace {
@@ -148,7 +149,7 @@ void FieldDock::showContainers()
     for (const NamedContainer& each : containersOf(node(), session().model()))
         m_container->addItem(each.name, each.id);
     const int same = m_container->findData(m_chosen);
-    m_container->setCurrentIndex(same >= 0 ? same : qBound(0, m_chosenRow, m_container->count() - 1));
+    m_container->setCurrentIndex(same >= 0 ? same : std::max(0, std::min(m_chosenRow, m_container->count() - 1)));
     m_container->setEnabled(m_container->count() > 0);
 }
 
