@@ -6,6 +6,7 @@
 #include <sceneeditor/Viewport.h>
 
 #include <QAction>
+#include <QtCore/QItemSelectionModel>
 #include <QtCore/QMap>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QKeyEvent>
@@ -80,7 +81,9 @@ void choose(QAbstractItemView& view, const QString& text)
         const QModelIndexList found = model.match(model.index(0, column), Qt::DisplayRole, text, 1,
                                                   Qt::MatchExactly | Qt::MatchRecursive | Qt::MatchCaseSensitive);
         if (found.isEmpty()) continue;
-        view.setCurrentIndex(found.front());
+        // Not by the view, which would ask which keys the user holds down.
+        view.selectionModel()->setCurrentIndex(found.front(),
+                                               QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         return;
     }
     refuse(QStringLiteral("there is no item '%1'").arg(text));
