@@ -28,7 +28,7 @@ void moveAll(const std::vector<osg::NodePtr>& nodes, const osg::Vec3f& place)
 void load(const osg::NodePtr& node)
 {
     const moBlockedRecordingScope blocked;
-    moUndoStack::get().addOrExecute(new moTranslationUndoCommand(node, osg::Vec3f(0, 0, 7), false, nullptr, {}, -1));
+    moUndoStack::get().addOrExecute(new moTranslationUndoCommand(node, osg::Vec3f(7, 0, 0), false, nullptr, {}, -1));
 }
 //! [recording]
 
@@ -41,7 +41,7 @@ int main(int argc, char** argv)
     const osg::NodeRefPtr ball(osg::makeNodeFor(osg::Transform3D::create()));
     moUndoStack& stack = moUndoStack::get();
     const auto report = [&](const char* what) {
-        std::cout << what << ": box at " << osg::Transform3DPtr::dcast(box->getCore())->getTranslation() << ", "
+        std::cout << what << ": box at " << osg::Transform3DPtr::dcast(box->getCore())->getTranslation()[0] << ", "
                   << stack.size() << " steps\n";
     };
     //! [use]
