@@ -277,7 +277,7 @@ TEST_F(HistoryModel, GreysUndoneStepsAndTheirChildrenInTheColourOfThePalette)
 {
     const QPalette before = QGuiApplication::palette();
     QPalette dark(QColor(40, 40, 40));
-    dark.setColor(QPalette::Disabled, QPalette::Text, QColor(100, 101, 102));
+    dark.setColor(QPalette::PlaceholderText, QColor(100, 101, 102));
     QGuiApplication::setPalette(dark);
     compose("step", {"child"});
     EXPECT_FALSE(row(1).data(Qt::ForegroundRole).isValid());

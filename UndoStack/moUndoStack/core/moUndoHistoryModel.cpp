@@ -119,7 +119,8 @@ QString descriptionOf(const QUndoCommand& command)
 QVariant undoneColour()
 {
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return {};
-    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    return QGuiApplication::palette().brush(
+        QPalette::PlaceholderText); // seen in any palette, unlike that of disabled text
 }
 
 QFont bold()

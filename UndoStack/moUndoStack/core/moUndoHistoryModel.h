@@ -66,7 +66,7 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
 
     /// Qt::DisplayRole: the text of the command on one line; tr("<empty>") for the start. Qt::ToolTipRole: its
-    /// description. Qt::FontRole: bold at the clean state. Qt::ForegroundRole: that of disabled text, if the step is
+    /// description. Qt::FontRole: bold at the clean state. Qt::ForegroundRole: that of a placeholder text, if the step is
     /// undone. And those of Role.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
