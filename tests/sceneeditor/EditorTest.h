@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
 
 /// A window whose questions a test answers.
 class AnsweredWindow : public EditorWindow
@@ -50,6 +51,7 @@ protected:
         window->resize(900, 640);
         window->show();
         QCoreApplication::processEvents();
+        holdKeys(Qt::NoModifier);
     }
     void TearDown() override
     {
@@ -61,6 +63,8 @@ protected:
 
     EditorSession& session() { return *m_session; }
     void script(const char* steps) { StepScript(session(), *window).run(QString::fromUtf8(steps)); }
+    /// Until the next key event. Qt keeps what the test before pressed.
+    void holdKeys(Qt::KeyboardModifiers keys) { QTest::keyPress(window.get(), Qt::Key_Shift, keys); }
     QByteArray digest() { return sceneDigest(session().model()); }
     QAction& action(const char* name) { return *window->findChild<QAction*>(name); }
     osg::NodePtr node(const char* name)

@@ -105,9 +105,20 @@ std::set<std::string> classesOfHistory(const moUndoStack& stack, std::string (*c
     return classes;
 }
 
-class EveryCommandTest : public DockTest
+/// With keys that are held down meanwhile: they change what a click selects, but not what a control does.
+class EveryCommandTest : public DockTest, public testing::WithParamInterface<Qt::KeyboardModifier>
 {
 protected:
+    void SetUp() override
+    {
+        DockTest::SetUp();
+        holdKeys(GetParam());
+    }
+    void TearDown() override
+    {
+        holdKeys(Qt::NoModifier);
+        DockTest::TearDown();
+    }
     void useEverything()
     {
         script(everything);
@@ -131,7 +142,7 @@ protected:
 };
 
 // The library exports an identity of each class that can be made, and of no class that is only a base.
-TEST_F(EveryCommandTest, IsReachableFromTheUserInterface)
+TEST_P(EveryCommandTest, IsReachableFromTheUserInterface)
 {
     useEverything();
     useNumbers();
@@ -143,7 +154,7 @@ TEST_F(EveryCommandTest, IsReachableFromTheUserInterface)
     EXPECT_EQ(used.count("moGenericFunctionUndoCommand"), 1U);
 }
 
-TEST_F(EveryCommandTest, OfASessionIsUndoneAndRedone)
+TEST_P(EveryCommandTest, OfASessionIsUndoneAndRedone)
 {
     const QByteArray before = digest();
     useEverything();
@@ -153,5 +164,13 @@ TEST_F(EveryCommandTest, OfASessionIsUndoneAndRedone)
     redoAll();
     EXPECT_EQ(digest(), after);
 }
+
+INSTANTIATE_TEST_SUITE_P(KeysHeld, EveryCommandTest,
+                         testing::Values(Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier),
+                         [](const auto& keys) {
+                             return keys.param == Qt::ShiftModifier     ? "Shift"
+                                    : keys.param == Qt::ControlModifier ? "Control"
+                                                                        : "None";
+                         });
 
 } // namespace

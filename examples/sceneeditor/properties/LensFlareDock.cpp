@@ -239,7 +239,7 @@ void LensFlareDock::showParts()
         item->setData(0, lineRole, part.line);
     }
     m_list->expandAll();
-    if (QTreeWidgetItem* const item = itemOf(m_current)) m_list->setCurrentItem(item);
+    if (itemOf(m_current)) makeCurrent(m_current);
     if (selected.isEmpty()) return;
     for (QTreeWidgetItemIterator item(m_list); *item; ++item)
         (*item)->setSelected(selected.contains(idOf(**item)));
@@ -251,6 +251,12 @@ QTreeWidgetItem* LensFlareDock::itemOf(osg::UInt32 id) const
         if (idOf(**item) == id) return *item;
     }
     return nullptr;
+}
+
+/// Selects the item alone. The list itself would ask which keys the user holds down.
+void LensFlareDock::makeCurrent(osg::UInt32 id)
+{
+    m_list->setCurrentItem(itemOf(id), 0, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 osg::FieldContainerPtr LensFlareDock::currentPart() const
@@ -273,7 +279,7 @@ void LensFlareDock::addElement(const osg::LensFlareElementPtr& element)
     const osg::UInt32 id = osg::getContainerId(element);
     session().apply(
         new moAddLensFlareElementCommand(currentLight(session()), {osg::LensFlareElementPtr(element)}, nullptr));
-    m_list->setCurrentItem(itemOf(id));
+    makeCurrent(id);
 }
 
 void LensFlareDock::addGhost()
@@ -283,7 +289,7 @@ void LensFlareDock::addGhost()
     ghost->setPosition(1.f);
     const osg::UInt32 id = osg::getContainerId(ghost);
     session().apply(new moAddGhostCommand(currentLine(), {ghost}, nullptr));
-    m_list->setCurrentItem(itemOf(id));
+    makeCurrent(id);
 }
 
 /// One command for the elements and one for the ghosts of each line that stays: one step.

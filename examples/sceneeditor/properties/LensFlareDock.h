@@ -45,6 +45,7 @@ private:
     std::vector<Part> parts() const;
     void showParts();
     QTreeWidgetItem* itemOf(osg::UInt32 id) const;
+    void makeCurrent(osg::UInt32 id);
     osg::FieldContainerPtr currentPart() const;
     osg::LensFlareGhostLinePtr currentLine() const;
     void addElement(const osg::LensFlareElementPtr& element);
