@@ -1,8 +1,5 @@
 #include <moUndoStack/core/moStackCalls_p.h>
 
-#include <moUndoStack/core/moStep.h>
-#include <moUndoStack/core/moUndoStack.h>
-
 #include <QUndoStack>
 
 #include <algorithm>
@@ -101,24 +98,12 @@ const QUndoCommand* moStackOutlook::command(int position) const
 
 // --- moStackCalls ---------------------------------------------------------------------------------------------------
 
-void moStackCalls::perform(const moStackCall& call)
+void moStackCalls::wait(const moStackCall& call)
 {
-    if (m_atHand) {
-        if (isClosed()) return;
-        m_waiting.push_back({call, {}});
-        expect(m_waiting.back());
-        return;
-    }
-    moStep::runOutermost([this, &call] {
-        work(call);
-        while (!m_waiting.empty()) {
-            const Waiting next = std::move(m_waiting.front());
-            m_waiting.pop_front();
-            m_expected = next.expected;
-            work(next.call);
-        }
-        m_outlook.reset();
-    });
+    if (isClosed()) return;
+    m_waiting.push_back({call, call.text ? *call.text : QString(), {}});
+    m_waiting.back().call.text = nullptr;
+    expect(m_waiting.back());
 }
 
 /// Keeps the outlook up to date, if there is one. If memory runs out, the next query makes a new one.
@@ -133,19 +118,12 @@ void moStackCalls::expect(Waiting& waiting)
     }
 }
 
-void moStackCalls::work(const moStackCall& call)
+/// What few calls change, after Qt's stack has moved.
+void moStackCalls::keepUp()
 {
-    m_atHand = &call;
-    ++m_number;
-    m_settled = false;
-    if (m_moves || m_mark > 0) { // for move() and moveMark(); to ask Qt costs 14 instructions in each step
-        m_indexBefore = m_stack.index();
-        m_countBefore = m_stack.count();
-    }
-    moStep::attempt([this, &call] { m_owner.carryOut(call); });
-    settle();
-    if (m_moves) moStep::attempt([this] { Q_EMIT m_moves->moved(move()); });
-    m_atHand = nullptr;
+    if (m_atHand->kind >= Kind::Clear) countMacros();
+    if (m_mark > 0 && isAdding()) moveMark();
+    if (m_outlook) compareOutlook();
 }
 
 void moStackCalls::countMacros()

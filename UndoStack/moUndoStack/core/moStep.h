@@ -2,6 +2,8 @@
 
 #include <moUndoStack/core/moUndoStackExport.h>
 
+#include <QtCore/QtGlobal>
+
 #include <exception>
 #include <new>
 #include <utility>
@@ -40,7 +42,7 @@ public:
 
     /// Runs the body as an outermost call, also inside another one.
     template<class Body>
-    static void runOutermost(const Body& body)
+    Q_ALWAYS_INLINE static void runOutermost(const Body& body)
     {
         moStep step;
         attempt(body);
@@ -106,7 +108,7 @@ public:
     /// Runs a part of the step whose failure must not keep the rest from being done: its exceptions are kept, or logged
     /// outside of a step.
     template<class Part>
-    static void attempt(const Part& part)
+    Q_ALWAYS_INLINE static void attempt(const Part& part)
     {
         try {
             part();

@@ -324,7 +324,8 @@ void moUndoStack::pushNow(QUndoCommand* command)
     }
 }
 
-void moUndoStack::carryOut(const moStackCall& call)
+/// Inlined in moStackCalls::perform().
+Q_ALWAYS_INLINE void moUndoStack::carryOut(const moStackCall& call)
 {
     switch (call.kind) {
     case Kind::Push:
@@ -354,7 +355,7 @@ void moUndoStack::carryOut(const moStackCall& call)
         moStep::afterwards([this] { Q_EMIT cleared(); });
         break;
     case Kind::BeginMacro:
-        m_stack->beginMacro(call.text);
+        m_stack->beginMacro(*call.text);
         break;
     case Kind::EndMacro:
         m_stack->endMacro();
@@ -380,7 +381,7 @@ void moUndoStack::add(QUndoCommand* command)
     }
     const bool waits = m_calls->isAtWork();
     try {
-        m_calls->perform({Kind::Push, command});
+        m_calls->perform({Kind::Push, 0, command});
     } catch (...) {
         if (waits) drop(command); // no memory to let it wait
         throw;
@@ -414,7 +415,7 @@ void moUndoStack::redo()
 
 void moUndoStack::beginMacro(const QString& text)
 {
-    m_calls->perform({Kind::BeginMacro, nullptr, 0, text});
+    m_calls->perform({Kind::BeginMacro, 0, nullptr, &text});
 }
 
 void moUndoStack::endMacro()
@@ -424,7 +425,7 @@ void moUndoStack::endMacro()
 
 void moUndoStack::setIndex(int index)
 {
-    m_calls->perform({Kind::Jump, nullptr, index});
+    m_calls->perform({Kind::Jump, index});
 }
 
 void moUndoStack::mark()
@@ -449,7 +450,7 @@ void moUndoStack::resetClean()
 
 void moUndoStack::setUndoLimit(int limit)
 {
-    m_calls->perform({Kind::SetLimit, nullptr, limit});
+    m_calls->perform({Kind::SetLimit, limit});
 }
 
 void moUndoStack::clear()
@@ -570,15 +571,18 @@ void moUndoStack::connectNotify(const QMetaMethod& signal)
 /// that can throw here runs in moStep::afterwards(), which keeps the exception.
 void moUndoStack::indexChanged(int i)
 {
-    m_calls->settle();
     const bool forward = m_lastIndex <= i;
     m_lastIndex = i;
-    if (m_hadSlots || hasMessages() || moUndoCommandBase::s_changedCount > 0) report(i, forward);
+    if (m_hadSlots || hasMessages() || moUndoCommandBase::s_changedCount > 0)
+        report(i, forward);
+    else
+        m_calls->settle();
 }
 
-/// Reports that Qt's stack has moved to an index.
-void moUndoStack::report(int i, bool forward)
+/// Reports that Qt's stack has moved to an index. Kept apart: when nobody listens, indexChanged() needs no stack frame.
+Q_NEVER_INLINE void moUndoStack::report(int i, bool forward)
 {
+    m_calls->settle();
     if (forward)
         sendRedoNotification(m_stack->command(i - 1), i - 1, m_calls->isAdding());
     else
