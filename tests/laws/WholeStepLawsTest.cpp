@@ -319,13 +319,13 @@ protected:
         return isThrown;
     }
 
-    /// From the state after the deed: undoes all steps and redoes them up to the same state, three times.
+    /// From the state after the deed: undoes all steps and redoes them up to the same state, twice.
     void expectToGoBackAndForth(const State& here)
     {
         if (!isUndoable()) return;
         const bool wasUndone = !stack.canUndo();
         Lines end;
-        for (int round = 0; round < 3; ++round) {
+        for (int round = 0; round < 2; ++round) {
             while (stack.canUndo())
                 stack.undo();
             EXPECT_EQ(difference(scene->digest(), origin), "") << "undo of round " << round;

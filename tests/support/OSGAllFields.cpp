@@ -4,7 +4,9 @@
 #include <OpenSG/OSGFieldDescription.h>
 #include <OpenSG/OSGHandleFields.h>
 
+#include <optional>
 #include <sstream>
+#include <typeinfo>
 
 namespace osg {
 
@@ -16,29 +18,29 @@ OSG_CONTAINER_IMPL(AllMultiFields, ObservedCore, OSG_ALLMULTIFIELDS_FIELDS)
 
 namespace {
 
-/// Adds what fields of this kind hold as numbers; false for another field.
+/// What fields of this kind hold, as numbers; nothing for another field. Compares classes and makes a stream only if it is
+/// needed: digests of scenes read half a million fields in a run of the laws.
 template<class Single, class Multi>
-bool addNumbers(std::ostream& text, const osg::Field& field)
+std::optional<std::string> numbersIn(const osg::Field& field)
 {
-    if (const auto* const single = dynamic_cast<const Single*>(&field)) {
-        text << single->getValue();
-        return true;
+    const bool isSingle = typeid(field) == typeid(Single);
+    if (!isSingle && typeid(field) != typeid(Multi)) return std::nullopt;
+    std::ostringstream text;
+    if (isSingle) {
+        text << static_cast<const Single&>(field).getValue();
+    } else {
+        for (const auto& value : static_cast<const Multi&>(field))
+            text << value << ' ';
     }
-    const auto* const multi = dynamic_cast<const Multi*>(&field);
-    if (!multi) return false;
-    for (const auto& value : *multi)
-        text << value << ' ';
-    return true;
+    return text.str();
 }
 
 } // namespace
 
 std::string valueText(const osg::Field& field)
 {
-    std::ostringstream numbers;
-    if (addNumbers<osg::SFBitVector, osg::MFBitVector>(numbers, field) ||
-        addNumbers<osg::SFVoidP, osg::MFVoidP>(numbers, field))
-        return numbers.str();
+    if (const auto numbers = numbersIn<osg::SFBitVector, osg::MFBitVector>(field)) return *numbers;
+    if (const auto numbers = numbersIn<osg::SFVoidP, osg::MFVoidP>(field)) return *numbers;
     std::string text;
     field.getValueByStr(text);
     return text;
