@@ -294,14 +294,15 @@ protected:
         checkpoints = {};
     }
 
-    /// Prepares and runs a deed, and keeps the state before it. Returns whether it threw.
+    /// Prepares and runs a deed. Returns whether it threw. The undisturbed run keeps the states before it: each run starts
+    /// from the same ones.
     bool run(const Deed& deed, Kind kind, int failing)
     {
         startAnew();
         const Make makeOne = [this](int k) { return make(k); };
-        origin = scene->digest();
+        if (failing == 0) origin = scene->digest();
         deed.prepare(stack, makeOne);
-        before = state();
+        if (failing == 0) before = state();
         EditTrace edits;
         edits.onChange([] { pass("change"); });
         checkpoints.kind = kind;
