@@ -166,8 +166,7 @@ TEST_P(EveryCommandTest, OfASessionIsUndoneAndRedone)
 }
 
 INSTANTIATE_TEST_SUITE_P(KeysHeld, EveryCommandTest,
-                         testing::Values(Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier),
-                         [](const auto& keys) {
+                         testing::Values(Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier), [](const auto& keys) {
                              return keys.param == Qt::ShiftModifier     ? "Shift"
                                     : keys.param == Qt::ControlModifier ? "Control"
                                                                         : "None";
