@@ -1,10 +1,11 @@
 #include <moUndoStack/core/moUndoStack.h>
 
+#include <moUndoStack/core/moCommandSort_p.h>
 #include <moUndoStack/core/moHistoryWindow_p.h>
 #include <moUndoStack/core/moMultiCommand.h>
 #include <moUndoStack/core/moStackCalls_p.h>
 #include <moUndoStack/core/moStep.h>
-#include <moUndoStack/core/moUndoCommand.h>
+#include <moUndoStack/core/moUndoCommandBase.h>
 
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moLog.h>
@@ -16,7 +17,6 @@
 #include <algorithm>
 #include <memory>
 #include <string>
-#include <typeinfo>
 
 unsigned int moUndoStack::s_undoEnableCount = 0;
 unsigned int moUndoStack::s_blockUndoCount = 0;
@@ -46,43 +46,16 @@ std::string toUtf8(const QString& text)
     return bytes;
 }
 
-/// What the library knows of a class of commands.
-enum class Sort
-{
-    Foreign,   ///< no moUndoCommandBase
-    Described, ///< a moUndoCommandBase
-    Speaking   ///< one that adds keys of its own to a message
-};
-
-Sort sortByCasting(const QUndoCommand& command)
-{
-    if (dynamic_cast<const moUndoCommand*>(&command)) return Sort::Speaking;
-    if (dynamic_cast<const moMultiCommand*>(&command)) return Sort::Speaking;
-    return dynamic_cast<const moUndoCommandBase*>(&command) ? Sort::Described : Sort::Foreign;
-}
-
-/// Casts only if the class is another one than the last time: a dynamic_cast takes a third of an undo.
-Sort sortOf(const QUndoCommand& command)
-{
-    static const std::type_info* s_class = nullptr;
-    static Sort s_sort = Sort::Foreign;
-    if (s_class != &typeid(command)) {
-        s_sort = sortByCasting(command);
-        s_class = &typeid(command);
-    }
-    return s_sort;
-}
-
 void fill(moMessage& message, const QUndoCommand& command, int index, bool added)
 {
     message.set("index", index, true);
     message.set("added", added, true);
     message.set("text", toUtf8(command.text()), true);
-    const Sort sort = sortOf(command);
-    if (sort == Sort::Foreign) return;
+    const moCommandSort::Sort sort = moCommandSort::of(command);
+    if (sort == moCommandSort::Foreign) return;
     const auto& ours = static_cast<const moUndoCommandBase&>(command);
     message.set("description", toUtf8(ours.getDescription()), true);
-    if (sort == Sort::Speaking) ours.makeMessage(message);
+    if (sort == moCommandSort::Speaking) ours.makeMessage(message);
 }
 
 } // namespace
@@ -616,6 +589,7 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)
 {
-    if (moUndoCommandBase::s_changedCount == 0 || !command || sortOf(*command) == Sort::Foreign) return;
+    if (moUndoCommandBase::s_changedCount == 0 || !command) return;
+    if (moCommandSort::of(*command) == moCommandSort::Foreign) return;
     static_cast<const moUndoCommandBase*>(command)->callChangedCB(done);
 }
