@@ -12,6 +12,7 @@
 #include <moUtils/moMessage.h>
 
 #include <QUndoStack>
+#include <QtCore/QSignalBlocker>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -297,11 +298,75 @@ void moUndoStack::pushNow(QUndoCommand* command)
     }
 }
 
+/// Goes to an index. Qt deletes a command that turns obsolete on the way, but moves its index only when the jump is done.
+/// If a command throws before that, the index counts those that were deleted, and Qt's next step would read past the
+/// end. Nothing but clear() brings such an index back. See docs/oddities.md#a-jump-that-fails-behind-an-obsolete-command.
+void moUndoStack::jump(int index)
+{
+    if (m_holdsForeign) {
+        walk(index);
+        return;
+    }
+    const int count = m_stack->count();
+    const int before = m_stack->index();
+    try {
+        m_stack->setIndex(index);
+    } catch (...) {
+        if (index < before && m_stack->count() < count) moStep::takeBack([this] { giveUpHistory(); });
+        throw;
+    }
+}
+
+/// Jumps step by step, so that Qt's index is right whatever throws, and reports it as one step. It costs several times
+/// as much, so only a stack that holds commands of classes foreign to the library does it.
+void moUndoStack::walk(int index)
+{
+    const int before = m_stack->index();
+    const auto report = [this, before] {
+        if (m_stack->index() != before) indexChanged(m_stack->index());
+    };
+    try {
+        const QSignalBlocker quiet(m_stack);
+        int goal = index;
+        bool moves = true; // false at either end, and while a macro is open
+        while (moves && m_stack->index() != goal) {
+            const int from = m_stack->index();
+            const int count = m_stack->count();
+            m_stack->setIndex(from < goal ? from + 1 : from - 1);
+            const int deleted = count - m_stack->count();
+            if (from < goal) goal -= deleted;
+            moves = deleted > 0 || m_stack->index() != from;
+        }
+    } catch (...) {
+        moStep::takeBack(report);
+        throw;
+    }
+    report();
+}
+
+void moUndoStack::deleteHistory()
+{
+    m_calls->setMark(0);
+    m_stack->clear();
+    m_lastIndex = 0;
+    m_holdsForeign = false;
+}
+
+/// Clears a history whose index cannot be told. No state of it is clean any more.
+void moUndoStack::giveUpHistory()
+{
+    m_calls->turnIntoClear();
+    deleteHistory();
+    m_stack->resetClean();
+    moStep::afterwards([this] { Q_EMIT cleared(); });
+}
+
 /// Inlined in moStackCalls::perform().
 Q_ALWAYS_INLINE void moUndoStack::carryOut(const moStackCall& call)
 {
     switch (call.kind) {
     case Kind::Push:
+        m_holdsForeign = m_holdsForeign || moCommandSort::of(*call.command) == moCommandSort::Foreign;
         pushNow(call.command);
         break;
     case Kind::Undo:
@@ -311,19 +376,17 @@ Q_ALWAYS_INLINE void moUndoStack::carryOut(const moStackCall& call)
         m_stack->redo();
         break;
     case Kind::Jump:
-        m_stack->setIndex(call.number);
+        jump(call.number);
         break;
     case Kind::Mark:
         m_calls->setMark(m_stack->index());
         break;
     case Kind::Reset:
-        m_stack->setIndex(m_calls->mark());
+        jump(m_calls->mark());
         break;
     case Kind::Clear:
-        m_calls->setMark(0);
-        m_stack->clear();
+        deleteHistory();
         m_stack->setClean(); // Qt's clear() forgets it if there is no command
-        m_lastIndex = 0;
         clearMultiCommands();
         moStep::afterwards([this] { Q_EMIT cleared(); });
         break;
