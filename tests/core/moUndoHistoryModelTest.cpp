@@ -431,7 +431,7 @@ protected:
     {
         auto* command = new ProbeCommand(name());
         const auto fail = [this] {
-            if (m_fails && below(3) == 0) throw std::runtime_error("step");
+            if (below(3) == 0) throw std::runtime_error("step");
         };
         stack.add(command->onUndo(fail)->onRedo(fail));
     }
@@ -439,7 +439,7 @@ protected:
     void addThatTurnsObsolete()
     {
         auto* command = new ProbeCommand(name());
-        stack.add(command->onUndo([this, command] { command->setObsolete(!m_fails); }));
+        stack.add(command->onUndo([command] { command->setObsolete(true); }));
     }
 
     void call()
@@ -504,7 +504,6 @@ protected:
 
     std::mt19937 m_random{GetParam()};
     int m_names = 0;
-    bool m_fails = GetParam() % 2 == 0; ///< a jump past an obsolete step that then fails leaves Qt's stack unusable
 };
 
 TEST_P(RandomHistory, IsWhatTheCommandsSayAfterEachCall)

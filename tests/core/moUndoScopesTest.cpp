@@ -2,6 +2,7 @@
 #include <support/UndoTest.h>
 
 #include <moUndoStack/core/moUndoScopes.h>
+#include <moUndoStack/core/moUndoStackState.h>
 
 #include <moUndoStack/core/moMultiCommand.h>
 
@@ -318,6 +319,69 @@ TEST_F(MacroScope, ThrowsWhatAListenerThrows)
     const auto edit = [&] { const moMacroScope macro(stack, "macro"); };
     EXPECT_THROW(edit(), std::runtime_error);
     EXPECT_TRUE(stack.canUndo());
+}
+
+TEST_F(MacroScope, EndsOnTheStackThatItWasBegunOn)
+{
+    {
+        const moMacroScope macro(second, "macro");
+        stack.beginMacro("of the other stack");
+        second.add(new ProbeCommand("a"));
+    }
+    EXPECT_EQ(describe(second), "1 step, at \"macro\", undo, no redo");
+    EXPECT_FALSE(stack.canUndo());
+    stack.endMacro();
+    EXPECT_TRUE(stack.canUndo());
+}
+
+TEST_F(MacroScope, LeftByAnExceptionLogsWhatAListenerThrows)
+{
+    QObject context;
+    QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [] { throw std::logic_error("listener"); });
+    const auto edit = [&] {
+        const moMacroScope macro(stack, "macro");
+        throw std::runtime_error("failed");
+    };
+    EXPECT_THROW(edit(), std::runtime_error);
+    EXPECT_THAT(log.take(), ElementsAre("error: moUndoStack: another exception in the same operation: listener"));
+    EXPECT_TRUE(stack.canUndo());
+}
+
+TEST_F(MacroScope, ThrowsWhatAListenerThrowsAlsoInsideAHandlerOfAnotherException)
+{
+    struct EditsWhileUnwinding
+    {
+        moUndoStack& stack;
+        std::vector<std::string>& ran;
+        ~EditsWhileUnwinding()
+        {
+            try {
+                const moMacroScope macro(stack, "restore");
+            } catch (const std::logic_error& error) {
+                ran.emplace_back(error.what());
+            }
+        }
+    };
+    QObject context;
+    QObject::connect(&stack, &moUndoStack::redoPerformed, &context, [] { throw std::logic_error("listener"); });
+    const auto fails = [&] {
+        const EditsWhileUnwinding guard{stack, ran};
+        throw std::runtime_error("failed");
+    };
+    EXPECT_THROW(fails(), std::runtime_error);
+    EXPECT_THAT(ran, ElementsAre("listener"));
+}
+
+TEST_F(MacroScope, LeavesNoMacroOpenIfItCannotBeMade)
+{
+    stack.add(new ProbeCommand("a"));
+    const moUndoStackState state(stack);
+    QObject context;
+    QObject::connect(&state, &moUndoStackState::canUndoChanged, &context, [](bool can) {
+        if (!can) throw std::runtime_error("listener");
+    });
+    EXPECT_THROW(moMacroScope(stack, "macro"), std::runtime_error);
+    EXPECT_EQ(describe(stack), "2 steps, at \"macro\", undo, no redo");
 }
 
 // --- recording ------------------------------------------------------------------------------------------------------

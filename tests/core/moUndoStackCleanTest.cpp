@@ -168,6 +168,8 @@ TEST_F(CleanState, IsSavedForEachStackOnItsOwn)
     stack.setClean();
     EXPECT_TRUE(stack.isClean());
     EXPECT_FALSE(second.isClean());
+    EXPECT_EQ(stack.cleanIndex(), 1);
+    EXPECT_EQ(second.cleanIndex(), 0);
 }
 
 TEST_F(UndoLimit, DeletesTheOldestSteps)
@@ -285,6 +287,35 @@ TEST_F(Position, AnswersInAListenerAsIfTheCallsThatWaitWereDone)
     });
     EXPECT_EQ(describe(stack), "1 step, at \"b\", undo, no redo");
     EXPECT_EQ(stack.undoLimit(), 1);
+}
+
+TEST_F(UndoLimit, MovesTheMarkAlsoInWhatIsAnsweredBeforehand)
+{
+    stack.setUndoLimit(2);
+    whileAtWork([&] {
+        push("a");
+        stack.mark();
+        push("b");
+        stack.reset();
+        EXPECT_EQ(stack.currentCommand()->text(), "a");
+    });
+    EXPECT_EQ(describe(stack), "2 steps, at \"a\", undo, redo");
+}
+
+TEST_F(Position, AnswersBeforehandThatClearForgetsTheMarkAndKeepsTheLimit)
+{
+    stack.setUndoLimit(3);
+    whileAtWork([&] {
+        push("a");
+        stack.mark();
+        EXPECT_EQ(stack.index(), 2);
+        stack.clear();
+        EXPECT_EQ(stack.undoLimit(), 3);
+        push("b");
+        stack.reset();
+        EXPECT_EQ(stack.index(), 0);
+    });
+    EXPECT_EQ(describe(stack), "1 step, at start, no undo, redo");
 }
 
 /// The same random calls on a stack of Qt, with the same answers after each.

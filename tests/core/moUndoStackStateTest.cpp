@@ -21,7 +21,9 @@ using testing::IsEmpty;
 class StackState : public UndoTest
 {
 protected:
-    StackState()
+    StackState() { hearAll(); }
+
+    void hearAll()
     {
         hear("index", &moUndoStackState::indexChanged);
         hear("canUndo", &moUndoStackState::canUndoChanged);
@@ -179,6 +181,26 @@ TEST_F(StackState, IsThatOfItsOwnStack)
 {
     second.add(new ProbeCommand("a"));
     EXPECT_THAT(take(), IsEmpty());
+    state = std::make_unique<moUndoStackState>(second);
+    hearAll();
+    stack.add(new ProbeCommand("b"));
+    EXPECT_THAT(take(), IsEmpty());
+    second.add(new ProbeCommand("c"));
+    EXPECT_THAT(take(), ElementsAre("index 2", "undoText c"));
+}
+
+TEST_F(StackState, MadeLaterTellsOnlyWhatChangesFromThenOn)
+{
+    for (const char* text : {"a", "b", "c"})
+        stack.add(new ProbeCommand(text));
+    stack.setIndex(1);
+    take();
+    state = std::make_unique<moUndoStackState>(stack);
+    hearAll();
+    stack.mark();
+    EXPECT_THAT(take(), IsEmpty());
+    stack.redo();
+    EXPECT_THAT(take(), ElementsAre("index 2", "undoText b", "redoText c"));
 }
 
 // --- actions --------------------------------------------------------------------------------------------------------
@@ -224,6 +246,10 @@ TEST_F(StackActions, PutAPrefixBeforeTheStep)
     EXPECT_EQ(undo->text(), "Re&vert:");
     stack.add(new ProbeCommand("move"));
     EXPECT_EQ(undo->text(), "Re&vert: move");
+    const QAction* redo = state->createRedoAction(&context, "&Again:");
+    EXPECT_EQ(redo->text(), "&Again:");
+    stack.undo();
+    EXPECT_EQ(redo->text(), "&Again: move");
 }
 
 TEST_F(StackActions, ShowTextsAsTheyAre)
@@ -248,6 +274,9 @@ TEST_F(StackActions, MadeLaterShowThePresentState)
     EXPECT_EQ(state->createUndoAction(&context)->text(), "Undo a");
     EXPECT_EQ(state->createRedoAction(&context)->text(), "Redo b");
     EXPECT_TRUE(state->createRedoAction(&context)->isEnabled());
+    stack.redo();
+    EXPECT_TRUE(state->createUndoAction(&context)->isEnabled());
+    EXPECT_FALSE(state->createRedoAction(&context)->isEnabled());
 }
 
 TEST_F(StackActions, AreDisabledOnceTheStateIsDestroyed)

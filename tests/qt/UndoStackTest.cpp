@@ -177,6 +177,123 @@ TEST_F(QtUndoStack, ReportsAJumpOnceAndKeepsItsIndexWhenACommandOnTheWayThrows)
     EXPECT_EQ(stack.index(), 0);
 }
 
+// --- commands that turn obsolete ------------------------------------------------------------------------------------
+
+/// Three commands are done; the two upper ones can be told to turn obsolete when they are undone or redone.
+class QtUndoStackWithObsoleteCommands : public QtUndoStack
+{
+protected:
+    QtUndoStackWithObsoleteCommands()
+    {
+        for (LoggingCommand* each : {a, b, c})
+            stack.push(each);
+        take();
+    }
+
+    static std::function<void()> turn(LoggingCommand* command)
+    {
+        return [command] { command->setObsolete(true); };
+    }
+
+    LoggingCommand* const a = command("a", 1);
+    LoggingCommand* const b = command("b", 2);
+    LoggingCommand* const c = command("c", 3);
+};
+
+TEST_F(QtUndoStackWithObsoleteCommands, DeletesTheOneThatItUndoesAndMoves)
+{
+    c->onUndo = turn(c);
+    stack.undo();
+    EXPECT_THAT(take(), ElementsAre("undo c", "delete c", "index 2 of 2"));
+}
+
+TEST_F(QtUndoStackWithObsoleteCommands, DeletesTheOneThatItRedoesAndTellsNothing)
+{
+    stack.undo();
+    c->onRedo = turn(c);
+    take();
+    stack.redo();
+    EXPECT_THAT(take(), ElementsAre("redo c", "delete c"));
+    EXPECT_EQ(stack.index(), 2);
+}
+
+TEST_F(QtUndoStackWithObsoleteCommands, DeletesThemInAJumpAndReportsItOnce)
+{
+    c->onUndo = turn(c);
+    a->onRedo = turn(a);
+    stack.setIndex(0);
+    EXPECT_THAT(take(), ElementsAre("undo c", "delete c", "undo b", "undo a", "index 0 of 2"));
+    stack.setIndex(2);
+    EXPECT_THAT(take(), ElementsAre("redo a", "delete a", "redo b", "index 1 of 1"));
+}
+
+TEST_F(QtUndoStackWithObsoleteCommands, StillCountsThemBelowItsIndexWhenAJumpBackThrowsAfterwards)
+{
+    c->onUndo = turn(c);
+    b->onUndo = fail;
+    EXPECT_THROW(stack.setIndex(0), std::runtime_error);
+    EXPECT_THAT(take(), ElementsAre("undo c", "delete c", "undo b"));
+    EXPECT_EQ(stack.count(), 2);
+    EXPECT_EQ(stack.index(), 3) << "a push, undo, redo or jump would read past the end";
+    stack.clear();
+    EXPECT_EQ(stack.index(), 0);
+    push("d");
+    EXPECT_EQ(stack.index(), 1);
+}
+
+TEST_F(QtUndoStackWithObsoleteCommands, CountsRightWhenAJumpForwardThrowsAfterwards)
+{
+    stack.setIndex(0);
+    b->onRedo = turn(b);
+    c->onRedo = fail;
+    EXPECT_THROW(stack.setIndex(3), std::runtime_error);
+    EXPECT_EQ(stack.count(), 2);
+    EXPECT_EQ(stack.index(), 0);
+}
+
+TEST_F(QtUndoStackWithObsoleteCommands, CountsRightAfterEachStepOfAJumpThatIsMadeStepByStep)
+{
+    c->onUndo = turn(c);
+    b->onUndo = fail;
+    stack.setIndex(2);
+    EXPECT_THROW(stack.setIndex(1), std::runtime_error);
+    EXPECT_EQ(stack.count(), 2);
+    EXPECT_EQ(stack.index(), 2);
+}
+
+TEST_F(QtUndoStackWithObsoleteCommands, KeepsTheOneThatThrowsAfterItHasTurned)
+{
+    c->onUndo = [this] {
+        c->setObsolete(true);
+        fail();
+    };
+    EXPECT_THROW(stack.undo(), std::runtime_error);
+    EXPECT_EQ(stack.count(), 3);
+    EXPECT_EQ(stack.index(), 3);
+}
+
+TEST_F(QtUndoStackWithObsoleteCommands, KeepsTheOneThatThrowsWhenANewerOneIsMerged)
+{
+    c->onMerge = [this]() -> bool {
+        c->setObsolete(true);
+        fail();
+    };
+    const std::unique_ptr<LoggingCommand> newer(command("newer", 3));
+    EXPECT_THROW(stack.push(newer.get()), std::runtime_error);
+    EXPECT_EQ(stack.count(), 3);
+    EXPECT_EQ(stack.index(), 3);
+}
+
+TEST_F(QtUndoStackWithObsoleteCommands, ReportsAStepBackWhenTheTopOneTurnsAsANewerOneIsMerged)
+{
+    c->onMerge = [this] {
+        c->setObsolete(true);
+        return true;
+    };
+    stack.push(command("newer", 3));
+    EXPECT_THAT(take(), ElementsAre("redo newer", "merge newer into c", "delete newer", "delete c", "index 2 of 2"));
+}
+
 // --- clear and the end ----------------------------------------------------------------------------------------------
 
 TEST_F(QtUndoStack, DeletesAllCommandsWhenItIsClearedAndThenReportsIndexZero)

@@ -217,8 +217,15 @@ bool moStackCalls::isAdding() const
 namespace {
 
 const moStackCall closing{Kind::Clear};
+const moStackCall clearing{Kind::Clear};
 
 } // namespace
+
+void moStackCalls::turnIntoClear()
+{
+    m_atHand = &clearing;
+    m_outlook.reset();
+}
 
 void moStackCalls::close()
 {

@@ -123,6 +123,9 @@ public:
     /// Whether the call at hand adds something: a push, or the end of a macro.
     bool isAdding() const;
 
+    /// The call at hand becomes one that clears the stack.
+    void turnIntoClear();
+
     /// From now on the queries answer as for an empty stack, and calls are ignored. The caller still owns the commands
     /// that it pushes.
     void close();

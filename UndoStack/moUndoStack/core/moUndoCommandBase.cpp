@@ -1,5 +1,6 @@
 #include <moUndoStack/core/moUndoCommandBase.h>
 
+#include <moUndoStack/core/moCommandSort_p.h>
 #include <moUndoStack/core/moStep.h>
 
 #include <moUndoUtils/moUndoString.h>
@@ -16,6 +17,7 @@ moUndoCommandBase::moUndoCommandBase(const moUndoString& text, QUndoCommand* par
 moUndoCommandBase::~moUndoCommandBase()
 {
     if (m_changed) --s_changedCount;
+    moCommandSort::forget(this);
 }
 
 QUndoCommand* moUndoCommandBase::parent() const

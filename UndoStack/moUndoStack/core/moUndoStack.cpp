@@ -1,22 +1,23 @@
 #include <moUndoStack/core/moUndoStack.h>
 
+#include <moUndoStack/core/moCommandSort_p.h>
 #include <moUndoStack/core/moHistoryWindow_p.h>
 #include <moUndoStack/core/moMultiCommand.h>
 #include <moUndoStack/core/moStackCalls_p.h>
 #include <moUndoStack/core/moStep.h>
-#include <moUndoStack/core/moUndoCommand.h>
+#include <moUndoStack/core/moUndoCommandBase.h>
 
 #include <moUndoUtils/moUndoString.h>
 #include <moUtils/moLog.h>
 #include <moUtils/moMessage.h>
 
 #include <QUndoStack>
+#include <QtCore/QSignalBlocker>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
 #include <memory>
 #include <string>
-#include <typeinfo>
 
 unsigned int moUndoStack::s_undoEnableCount = 0;
 unsigned int moUndoStack::s_blockUndoCount = 0;
@@ -46,43 +47,16 @@ std::string toUtf8(const QString& text)
     return bytes;
 }
 
-/// What the library knows of a class of commands.
-enum class Sort
-{
-    Foreign,   ///< no moUndoCommandBase
-    Described, ///< a moUndoCommandBase
-    Speaking   ///< one that adds keys of its own to a message
-};
-
-Sort sortByCasting(const QUndoCommand& command)
-{
-    if (dynamic_cast<const moUndoCommand*>(&command)) return Sort::Speaking;
-    if (dynamic_cast<const moMultiCommand*>(&command)) return Sort::Speaking;
-    return dynamic_cast<const moUndoCommandBase*>(&command) ? Sort::Described : Sort::Foreign;
-}
-
-/// Casts only if the class is another one than the last time: a dynamic_cast takes a third of an undo.
-Sort sortOf(const QUndoCommand& command)
-{
-    static const std::type_info* s_class = nullptr;
-    static Sort s_sort = Sort::Foreign;
-    if (s_class != &typeid(command)) {
-        s_sort = sortByCasting(command);
-        s_class = &typeid(command);
-    }
-    return s_sort;
-}
-
 void fill(moMessage& message, const QUndoCommand& command, int index, bool added)
 {
     message.set("index", index, true);
     message.set("added", added, true);
     message.set("text", toUtf8(command.text()), true);
-    const Sort sort = sortOf(command);
-    if (sort == Sort::Foreign) return;
+    const moCommandSort::Sort sort = moCommandSort::of(command);
+    if (sort == moCommandSort::Foreign) return;
     const auto& ours = static_cast<const moUndoCommandBase&>(command);
     message.set("description", toUtf8(ours.getDescription()), true);
-    if (sort == Sort::Speaking) ours.makeMessage(message);
+    if (sort == moCommandSort::Speaking) ours.makeMessage(message);
 }
 
 } // namespace
@@ -324,11 +298,75 @@ void moUndoStack::pushNow(QUndoCommand* command)
     }
 }
 
+/// Goes to an index. Qt deletes a command that turns obsolete on the way, but moves its index only when the jump is done.
+/// If a command throws before that, the index counts those that were deleted, and Qt's next step would read past the
+/// end. Nothing but clear() brings such an index back. See docs/oddities.md#a-jump-that-fails-behind-an-obsolete-command.
+void moUndoStack::jump(int index)
+{
+    if (m_holdsForeign) {
+        walk(index);
+        return;
+    }
+    const int count = m_stack->count();
+    const int before = m_stack->index();
+    try {
+        m_stack->setIndex(index);
+    } catch (...) {
+        if (index < before && m_stack->count() < count) moStep::takeBack([this] { giveUpHistory(); });
+        throw;
+    }
+}
+
+/// Jumps step by step, so that Qt's index is right whatever throws, and reports it as one step. It costs several times
+/// as much, so only a stack that holds commands of classes foreign to the library does it.
+void moUndoStack::walk(int index)
+{
+    const int before = m_stack->index();
+    const auto report = [this, before] {
+        if (m_stack->index() != before) indexChanged(m_stack->index());
+    };
+    try {
+        const QSignalBlocker quiet(m_stack);
+        int goal = index;
+        bool moves = true; // false at either end, and while a macro is open
+        while (moves && m_stack->index() != goal) {
+            const int from = m_stack->index();
+            const int count = m_stack->count();
+            m_stack->setIndex(from < goal ? from + 1 : from - 1);
+            const int deleted = count - m_stack->count();
+            if (from < goal) goal -= deleted;
+            moves = deleted > 0 || m_stack->index() != from;
+        }
+    } catch (...) {
+        moStep::takeBack(report);
+        throw;
+    }
+    report();
+}
+
+void moUndoStack::deleteHistory()
+{
+    m_calls->setMark(0);
+    m_stack->clear();
+    m_lastIndex = 0;
+    m_holdsForeign = false;
+}
+
+/// Clears a history whose index cannot be told. No state of it is clean any more.
+void moUndoStack::giveUpHistory()
+{
+    m_calls->turnIntoClear();
+    deleteHistory();
+    m_stack->resetClean();
+    moStep::afterwards([this] { Q_EMIT cleared(); });
+}
+
 /// Inlined in moStackCalls::perform().
 Q_ALWAYS_INLINE void moUndoStack::carryOut(const moStackCall& call)
 {
     switch (call.kind) {
     case Kind::Push:
+        m_holdsForeign = m_holdsForeign || moCommandSort::of(*call.command) == moCommandSort::Foreign;
         pushNow(call.command);
         break;
     case Kind::Undo:
@@ -338,19 +376,17 @@ Q_ALWAYS_INLINE void moUndoStack::carryOut(const moStackCall& call)
         m_stack->redo();
         break;
     case Kind::Jump:
-        m_stack->setIndex(call.number);
+        jump(call.number);
         break;
     case Kind::Mark:
         m_calls->setMark(m_stack->index());
         break;
     case Kind::Reset:
-        m_stack->setIndex(m_calls->mark());
+        jump(m_calls->mark());
         break;
     case Kind::Clear:
-        m_calls->setMark(0);
-        m_stack->clear();
+        deleteHistory();
         m_stack->setClean(); // Qt's clear() forgets it if there is no command
-        m_lastIndex = 0;
         clearMultiCommands();
         moStep::afterwards([this] { Q_EMIT cleared(); });
         break;
@@ -616,6 +652,7 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)
 {
-    if (moUndoCommandBase::s_changedCount == 0 || !command || sortOf(*command) == Sort::Foreign) return;
+    if (moUndoCommandBase::s_changedCount == 0 || !command) return;
+    if (moCommandSort::of(*command) == moCommandSort::Foreign) return;
     static_cast<const moUndoCommandBase*>(command)->callChangedCB(done);
 }
