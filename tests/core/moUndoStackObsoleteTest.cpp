@@ -126,50 +126,6 @@ TEST_F(Obsolete, StepsMayBeAllThatAJumpRuns)
     expectTheStackToWork();
 }
 
-TEST_F(Obsolete, StepsLeaveAJumpBackThatFailsBehindThemWhereItCameTo)
-{
-    push("later");
-    stack.undo();
-    d->undone = turn(d);
-    a->undone = fail;
-    take();
-    Trace trace(stack);
-    EXPECT_THROW(stack.reset(), std::runtime_error);
-    EXPECT_THAT(take(), ElementsAre("undo d", "undo c", "undo b", "undo a"));
-    EXPECT_THAT(trace.take(),
-                ElementsAre("signal undo \"b\"", HasSubstr("index=int:1 added=bool:false text=string:\"b\"")));
-    EXPECT_EQ(texts(), "a|bclater") << "what is done, and what can be done again";
-    stack.setIndex(2);
-    EXPECT_THAT(take(), ElementsAre("redo b"));
-    expectTheStackToWork();
-}
-
-TEST_F(Obsolete, StepsLeaveAJumpForwardThatFailsBehindThemWhereItCameTo)
-{
-    stack.setIndex(0);
-    b->redone = turn(b);
-    d->redone = fail;
-    take();
-    Trace trace(stack);
-    EXPECT_THROW(stack.setIndex(4), std::runtime_error);
-    EXPECT_THAT(take(), ElementsAre("redo a", "redo b", "redo c", "redo d"));
-    EXPECT_THAT(trace.take(),
-                ElementsAre("signal redo \"c\"", HasSubstr("index=int:1 added=bool:false text=string:\"c\"")));
-    EXPECT_EQ(texts(), "ac|d");
-    expectTheStackToWork();
-}
-
-TEST_F(Obsolete, StepsDoNotHideTheExceptionOfTheStepBehindThatOfAListener)
-{
-    d->undone = turn(d);
-    b->undone = fail;
-    QObject context;
-    QObject::connect(&stack, &moUndoStack::undoPerformed, &context, [] { throw std::logic_error("listener"); });
-    EXPECT_THROW(stack.reset(), std::runtime_error);
-    EXPECT_THAT(log.take(), ElementsAre("error: moUndoStack: another exception in the same operation: listener"));
-    EXPECT_EQ(texts(), "ab|c");
-}
-
 TEST_F(Obsolete, StepsInAJumpLetCallsFromInsideWait)
 {
     d->undone = turn(d);
@@ -212,7 +168,7 @@ TEST_F(Obsolete, StepsOfTheOtherStackChangeNothing)
     EXPECT_EQ(texts(), "abcd|");
 }
 
-/// The same where all commands are moUndoCommands, over which Qt itself jumps.
+/// The same with commands of the library's classes; and steps that fail in the same jump.
 class ObsoleteOfOurs : public UndoTest
 {
 protected:

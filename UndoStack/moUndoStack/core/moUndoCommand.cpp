@@ -13,8 +13,6 @@ moUndoCommand::moUndoCommand(const moUndoString& text, QUndoCommand* parent)
 {
 }
 
-moUndoCommand::~moUndoCommand() = default;
-
 void moUndoCommand::makeMessage(moMessage& message) const
 {
     message.set("id", id(), true);

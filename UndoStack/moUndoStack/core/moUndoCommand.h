@@ -30,7 +30,7 @@ public:
     /// \param parent  null means the composite that is being composed, if recording is on and there is one
     ///                (moUndoStack::getCurrentCommandParent()).
     moUndoCommand(const moUndoString& text, QUndoCommand* parent);
-    ~moUndoCommand() override;
+    ~moUndoCommand() override = default;
 
     /// Sets "id" (int).
     void makeMessage(moMessage& message) const override;

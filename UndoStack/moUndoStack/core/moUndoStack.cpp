@@ -12,7 +12,6 @@
 #include <moUtils/moMessage.h>
 
 #include <QUndoStack>
-#include <QtCore/QSignalBlocker>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -303,10 +302,6 @@ void moUndoStack::pushNow(QUndoCommand* command)
 /// end. Nothing but clear() brings such an index back. See docs/oddities.md#a-jump-that-fails-behind-an-obsolete-command.
 void moUndoStack::jump(int index)
 {
-    if (m_holdsForeign) {
-        walk(index);
-        return;
-    }
     const int count = m_stack->count();
     const int before = m_stack->index();
     try {
@@ -317,39 +312,11 @@ void moUndoStack::jump(int index)
     }
 }
 
-/// Jumps step by step, so that Qt's index is right whatever throws, and reports it as one step. It costs several times
-/// as much, so only a stack that holds commands of classes foreign to the library does it.
-void moUndoStack::walk(int index)
-{
-    const int before = m_stack->index();
-    const auto report = [this, before] {
-        if (m_stack->index() != before) indexChanged(m_stack->index());
-    };
-    try {
-        const QSignalBlocker quiet(m_stack);
-        int goal = index;
-        bool moves = true; // false at either end, and while a macro is open
-        while (moves && m_stack->index() != goal) {
-            const int from = m_stack->index();
-            const int count = m_stack->count();
-            m_stack->setIndex(from < goal ? from + 1 : from - 1);
-            const int deleted = count - m_stack->count();
-            if (from < goal) goal -= deleted;
-            moves = deleted > 0 || m_stack->index() != from;
-        }
-    } catch (...) {
-        moStep::takeBack(report);
-        throw;
-    }
-    report();
-}
-
 void moUndoStack::deleteHistory()
 {
     m_calls->setMark(0);
     m_stack->clear();
     m_lastIndex = 0;
-    m_holdsForeign = false;
 }
 
 /// Clears a history whose index cannot be told. No state of it is clean any more.
@@ -366,7 +333,6 @@ Q_ALWAYS_INLINE void moUndoStack::carryOut(const moStackCall& call)
 {
     switch (call.kind) {
     case Kind::Push:
-        m_holdsForeign = m_holdsForeign || moCommandSort::of(*call.command) == moCommandSort::Foreign;
         pushNow(call.command);
         break;
     case Kind::Undo:

@@ -59,11 +59,9 @@ struct moStackCall;
 ///    command. Steps that could have been redone are deleted, as with any push.
 ///  - a command fails to write in the middle of a jump over several steps (reset(), or a click into the history) or of
 ///    a macro: the index stays where it was, but the commands before the failing one have been run, and QUndoStack
-///    offers no way to move the index. Call clear() then: the history no longer fits the scene. A stack that holds a
-///    command of a class not derived from moUndoCommandBase jumps step by step: its index says how far it came.
+///    offers no way to move the index. Call clear() then: the history no longer fits the scene.
 ///  - the same in a jump back, after a command of your own turned obsolete (QUndoCommand::setObsolete()) and was
-///    deleted by Qt: the history is cleared, unless the stack jumps step by step. See
-///    docs/oddities.md#a-jump-that-fails-behind-an-obsolete-command.
+///    deleted by Qt: the history is cleared. See docs/oddities.md#a-jump-that-fails-behind-an-obsolete-command.
 ///
 /// The stack cannot put back a destroyed container, nor what a function of a moGenericFunctionUndoCommand or a command
 /// class of your own wrote before it threw.
@@ -319,7 +317,6 @@ private:
     void pushNow(QUndoCommand* command);
     void carryOut(const moStackCall& call);
     void jump(int index);
-    void walk(int index);
     void deleteHistory();
     void giveUpHistory();
     void deleteCommands();
@@ -344,7 +341,6 @@ private:
     MessageCallback m_messageCallback = nullptr;
     moUndoDetail::HeldFunction<void(const char*, moMessage&, int)> m_messageListener;
     bool m_hadSlots = false;
-    bool m_holdsForeign = false; ///< a command that is no moUndoCommandBase was pushed since the last clear()
 };
 
 // For listeners that keep a signal's arguments as variants.
