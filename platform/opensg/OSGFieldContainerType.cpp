@@ -46,16 +46,6 @@ bool FieldContainerType::isAttachment() const
     return isDerivedFrom(Attachment::getClassType());
 }
 
-FieldDescription* FieldContainerType::getFieldDescription(UInt32 fieldId)
-{
-    return fieldId - 1 < m_descriptions.size() ? &m_descriptions[fieldId - 1] : nullptr;
-}
-
-const FieldDescription* FieldContainerType::getFieldDescription(UInt32 fieldId) const
-{
-    return fieldId - 1 < m_descriptions.size() ? &m_descriptions[fieldId - 1] : nullptr;
-}
-
 FieldDescription* FieldContainerType::findFieldDescription(const Char8* name)
 {
     const auto found = m_idsByName.find(std::string_view(name ? name : ""));

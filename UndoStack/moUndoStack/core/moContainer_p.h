@@ -54,6 +54,14 @@ private:
     osg::BitVector m_mask;
 };
 
+/// An edit that writes nothing: announces a change. If a listener throws, the step stands (see moStep). Does nothing for
+/// a null container.
+inline void announceChange(const osg::FieldContainerPtr& container, osg::BitVector mask)
+{
+    osg::beginEditCP(container, mask, osg::ChangedOrigin::External);
+    moStep::afterwards([&] { osg::endEditCP(container, mask, osg::ChangedOrigin::External); });
+}
+
 /// Adds a reference. For the few commands that give a field its reference; all others use ContainerReference. A null
 /// handle is ignored.
 inline void addReference(const osg::FieldContainerPtr& container)

@@ -7,7 +7,7 @@ MO_UNDO_COMMAND_ID_IMPL(moBoolFieldUndoCommand)
 
 moBoolFieldUndoCommand::moBoolFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container,
                                                const std::string& fieldName, bool value, QUndoCommand* parent)
-    : moFieldBaseUndoCommand<>(text, container, fieldName, parent), m_value(value)
+    : moFieldBaseUndoCommand<>(text, container, moFieldAccess::idOf(container, fieldName), parent), m_value(value)
 {
 }
 

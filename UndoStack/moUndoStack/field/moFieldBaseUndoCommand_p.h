@@ -4,11 +4,24 @@
 #include <moUndoStack/core/moStep.h>
 #include <moUndoStack/field/moFieldBaseUndoCommand.h>
 #include <moUndoStack/field/moTypedField_p.h>
+#include <moUndoStack/field/moUndoUtil.h>
+
+#include <OpenSG/OSGFieldDescription.h>
+
+#include <string>
 
 /// How the library's field commands reach their field. In a private header because it needs the private helpers.
 class moFieldAccess
 {
 public:
+    /// Id of the field of that name; 0, which no field has, if there is none. The commands hand it to the base in place
+    /// of the name, of which the base would take a copy.
+    static int idOf(const osg::FieldContainerPtr& container, const std::string& name)
+    {
+        const osg::FieldDescription* const description = moUndoUtil::findField(container, name);
+        return description ? static_cast<int>(description->getFieldId()) : 0;
+    }
+
     /// The field; null if the container was destroyed or the field is no FieldType.
     template<class FieldType>
     static FieldType* find(const moFieldBaseUndoCommand<>& command)
@@ -32,7 +45,7 @@ public:
                 writeTo(*field);
             }
             afterEdit();
-            command.notify(); // last: a notify function may use the command
+            if (command.m_notify || command.m_wrappers) command.notify(); // last: a notify function may use the command
         });
         return true;
     }

@@ -10,7 +10,7 @@ MO_UNDO_COMMAND_ID_TEMPLATE_IMPL(moFieldUndoCommand, T)
 template<class T>
 moFieldUndoCommand<T>::moFieldUndoCommand(const moUndoString& text, osg::FieldContainerPtr container,
                                           const std::string& fieldName, T value, QUndoCommand* parent)
-    : moFieldBaseUndoCommand<>(text, container, fieldName, parent), m_value(value)
+    : moFieldBaseUndoCommand<>(text, container, moFieldAccess::idOf(container, fieldName), parent), m_value(value)
 {
 }
 

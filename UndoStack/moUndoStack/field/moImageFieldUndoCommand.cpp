@@ -17,7 +17,7 @@ moUndoString setTexture()
 
 moImageFieldUndoCommand::moImageFieldUndoCommand(osg::FieldContainerPtr container, const std::string& fieldName,
                                                  osg::ImagePtr image, QUndoCommand* parent)
-    : moFieldBaseUndoCommand<>(setTexture(), container, fieldName, parent)
+    : moFieldBaseUndoCommand<>(setTexture(), container, moFieldAccess::idOf(container, fieldName), parent)
 {
     hold(image);
 }

@@ -80,7 +80,9 @@ moTextFieldUndoCommand<Field, Value>::moTextFieldUndoCommand(const Row& row, con
                                                              osg::FieldContainerPtr container,
                                                              const std::string& fieldName, Value value,
                                                              QUndoCommand* parent)
-    : moFieldBaseUndoCommand<>(text, container, fieldName, parent), m_row(row), m_new(std::move(value))
+    : moFieldBaseUndoCommand<>(text, container, moFieldAccess::idOf(container, fieldName), parent),
+      m_row(row),
+      m_new(std::move(value))
 {
     readOld();
 }

@@ -14,6 +14,8 @@
 
 #include <QtCore/QScopeGuard>
 
+#include <cstring>
+
 namespace {
 
 /// Not toupper(): field names are ASCII, and the C library's locale may have more letters.
@@ -81,7 +83,7 @@ struct ImageField
 osg::FieldDescription* moUndoUtil::findField(osg::FieldContainerPtr container, const std::string& name)
 {
     // The type takes a C string: it would find "on" for a name of "on", zero byte, "off".
-    if (container == osg::NullFC || name.empty() || name.find('\0') != std::string::npos) return nullptr;
+    if (container == osg::NullFC || name.empty() || std::strlen(name.c_str()) != name.size()) return nullptr;
 
     osg::FieldContainerType& type = container->getType();
     if (auto* const description = type.findFieldDescription(name.c_str())) return description;

@@ -9,7 +9,7 @@
 void moContainerTouch::touch(unsigned int containerId, unsigned long long fieldMask)
 {
     // Intended: nothing is written. See docs/oddities.md#a-change-is-announced-though-nothing-was-written.
-    const ContainerEdit edit(findContainer<osg::FieldContainerPtr>(containerId), fieldMask);
+    announceChange(findContainer<osg::FieldContainerPtr>(containerId), fieldMask);
 }
 
 void moContainerTouch::touchSettingsAndMaterial(unsigned int settingsId, unsigned int materialId)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 MO_UNDO_COMMAND_ID_IMPL(moTransformVariantMoveCommand)
@@ -15,15 +16,15 @@ static std::uint64_t listPosition(int position)
     return static_cast<std::uint64_t>(position);
 }
 
-/// The expected position if the variant is there, else its first position in the list; the count if it is not listed.
-static std::uint64_t find(const moVariantList& list, unsigned int variantId, std::uint64_t expected)
+/// The expected position if the variant is there, else its first position in the list; none if it is not listed.
+/// \param variantId  never 0, the id of what stands past the end.
+static std::optional<std::uint64_t> find(const moVariantList& list, unsigned int variantId, std::uint64_t expected)
 {
-    const std::uint64_t count = list.count();
-    if (expected < count && containerId(list.at(expected)) == variantId) return expected;
-    std::uint64_t position = 0;
-    while (position < count && containerId(list.at(position)) != variantId)
-        ++position;
-    return position;
+    if (containerId(list.at(expected)) == variantId) return expected;
+    for (std::uint64_t position = 0, count = list.count(); position < count; ++position) {
+        if (containerId(list.at(position)) == variantId) return position;
+    }
+    return std::nullopt;
 }
 
 moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, const std::vector<int>& from, int to,
@@ -35,6 +36,7 @@ moTransformVariantMoveCommand::moTransformVariantMoveCommand(osg::NodePtr node, 
 {
     const std::uint64_t count = moNodeUtils::getTransformVariantCount(node);
     if (listPosition(to) >= count || from.size() > count - listPosition(to)) return;
+    m_moves.reserve(from.size());
     for (const int position : from)
         if (listPosition(position) < count && record(node, position, to)) ++to;
 }
@@ -66,10 +68,11 @@ bool moTransformVariantMoveCommand::move(const Moves& source, Position from, con
     list.edit([&] {
         // From the highest position down, so that the positions of the others stay valid.
         std::vector<unsigned int> taken;
+        taken.reserve(source.size());
         for (auto move = source.rbegin(); move != source.rend(); ++move) {
-            const std::uint64_t position = find(list, move->variantId, listPosition((*move).*from));
-            if (position == list.count()) continue;
-            list.remove(position);
+            const auto position = find(list, move->variantId, listPosition((*move).*from));
+            if (!position) continue;
+            list.remove(*position);
             taken.push_back(move->variantId);
         }
         for (const Move& move : target) {
@@ -78,9 +81,9 @@ bool moTransformVariantMoveCommand::move(const Moves& source, Position from, con
             const auto own = std::find(taken.begin(), taken.end(), move.variantId);
             if (own != taken.end())
                 taken.erase(own);
-            else if (find(list, move.variantId, 0) < list.count())
+            else if (find(list, move.variantId, 0))
                 continue;
-            list.insert(std::min(listPosition(move.*to), list.count()), variant);
+            list.insertOrAppend(listPosition(move.*to), variant);
         }
     });
     return true;

@@ -4,6 +4,7 @@
 
 #include <moOpenSGUtils/moNodeUtils.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -32,28 +33,31 @@ public:
 
     void create()
     {
-        note(Change::List, 0, attachment());
+        note(Change::List, 0, 0, attachment());
         moStep::writeThroughSibling([this] { moNodeUtils::createTransformVariantsAttachment(node()); });
     }
     void putOn(const osg::TransformVariantsAttachmentPtr& list)
     {
-        note(Change::List, 0, attachment());
+        note(Change::List, 0, 0, attachment());
         moStep::writeThroughSibling([&] { moNodeUtils::setTransformVariantsAttachment(node(), list); });
     }
     void takeOff()
     {
-        note(Change::List, 0, attachment());
+        note(Change::List, 0, 0, attachment());
         moStep::writeThroughSibling([this] { moNodeUtils::removeTransformVariantsAttachment(node()); });
     }
-    void insert(std::uint64_t index, const osg::TransformVariantPtr& variant)
+    /// Does nothing past the end.
+    void insert(std::uint64_t index, const osg::TransformVariantPtr& variant) { insert(index, variant, count()); }
+    /// Past the end: at the end.
+    void insertOrAppend(std::uint64_t index, const osg::TransformVariantPtr& variant)
     {
-        note(Change::Insertion, index, variant);
-        moStep::writeThroughSibling([&] { moNodeUtils::insertTransformVariant(node(), index, variant); });
+        const std::uint64_t end = count();
+        insert(std::min(index, end), variant, end);
     }
     /// Holds a reference on the variant until the edit ends.
     void remove(std::uint64_t index)
     {
-        note(Change::Removal, index, at(index));
+        note(Change::Removal, index, count(), at(index));
         moStep::writeThroughSibling([&] { moNodeUtils::removeTransformVariant(node(), index); });
     }
 
@@ -69,15 +73,22 @@ private:
         };
         Kind kind;
         std::uint64_t index;
-        std::uint64_t countBefore;
+        std::uint64_t countBefore;    ///< of the variants; not used for a list
         ContainerReference container; ///< the former list, or the variant
     };
 
     osg::NodePtr node() const { return findContainer<osg::NodePtr>(m_nodeId); }
 
-    void note(Change::Kind kind, std::uint64_t index, const osg::FieldContainerPtr& container)
+    void insert(std::uint64_t index, const osg::TransformVariantPtr& variant, std::uint64_t countBefore)
     {
-        m_changes.push_back({kind, index, count(), ContainerReference(container)});
+        note(Change::Insertion, index, countBefore, variant);
+        moStep::writeThroughSibling([&] { moNodeUtils::insertTransformVariant(node(), index, variant); });
+    }
+
+    void note(Change::Kind kind, std::uint64_t index, std::uint64_t countBefore,
+              const osg::FieldContainerPtr& container)
+    {
+        m_changes.push_back({kind, index, countBefore, ContainerReference(container)});
     }
 
     void takeBack()

@@ -44,8 +44,14 @@ public:
     bool isAttachment() const;
 
     /// Ids count from 1 over the whole hierarchy, inherited fields first; any other id gives null.
-    FieldDescription* getFieldDescription(UInt32 fieldId);
-    const FieldDescription* getFieldDescription(UInt32 fieldId) const;
+    FieldDescription* getFieldDescription(UInt32 fieldId)
+    {
+        return fieldId - 1 < m_descriptions.size() ? &m_descriptions[fieldId - 1] : nullptr;
+    }
+    const FieldDescription* getFieldDescription(UInt32 fieldId) const
+    {
+        return fieldId - 1 < m_descriptions.size() ? &m_descriptions[fieldId - 1] : nullptr;
+    }
     /// The exact name, inherited fields included; null if there is none.
     FieldDescription* findFieldDescription(const Char8* name);
     const FieldDescription* findFieldDescription(const Char8* name) const;
