@@ -23,6 +23,7 @@
 #include <exception>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -32,15 +33,8 @@ namespace {
 using namespace bench;
 
 // Many short repetitions of all cases in random order, so that other load of the machine affects all cases alike.
-constexpr const char* defaultArguments[] = {"--benchmark_repetitions=21", "--benchmark_min_time=0.005",
+constexpr const char* defaultArguments[] = {"--benchmark_min_time=0.005",
                                             "--benchmark_enable_random_interleaving=true"};
-
-/// Runs of one side in a block, so that each side is measured with about the heap that it makes for itself.
-int runsInABlock(const Case& measured)
-{
-    constexpr int stepsInABlock = 20000;
-    return std::max(1, stepsInABlock / (measured.steps + measured.comparison->before));
-}
 
 /// Processor time of this thread, without the time in which it waits for its turn.
 double secondsUsed()
@@ -50,18 +44,32 @@ double secondsUsed()
     return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-/// Time of a block. One run before it is not measured.
+/// Whether a run takes so long that it is its own average, so that fewer repetitions do.
+bool isLong(const Case& measured)
+{
+    constexpr int manySteps = 100000;
+    return measured.steps + measured.comparison->before >= manySteps;
+}
+
+/// Time of an operation. Runs one side several times in a block, so that each side is measured with about the heap that
+/// it makes for itself. One run before it is not measured.
 double secondsFor(const MakeWork& make, const Case& measured)
 {
-    double seconds = 0.0;
+    constexpr int stepsInABlock = 20000;
+    constexpr double longestBlock = 0.1;
+    const int most = std::max(1, stepsInABlock / (measured.steps + measured.comparison->before));
     make(measured.steps)->run();
-    for (int i = 0; i < runsInABlock(measured); ++i) {
+    const double end = secondsUsed() + longestBlock;
+    double seconds = 0.0;
+    int runs = 0;
+    do {
         const std::unique_ptr<Work> work = make(measured.steps);
         const double start = secondsUsed();
         work->run();
         seconds += secondsUsed() - start;
-    }
-    return seconds;
+        ++runs;
+    } while (runs < most && secondsUsed() < end);
+    return seconds / runs / measured.steps;
 }
 
 /// Measures both sides in turn, so that a machine that is slow for a while is slow for both.
@@ -70,14 +78,14 @@ void measure(benchmark::State& state, const Case& measured)
     double ours = 0.0;
     double bare = 0.0;
     for ([[maybe_unused]] auto iteration : state) {
-        const double before = ours + bare;
+        const double start = secondsUsed();
         ours += secondsFor(measured.comparison->ours, measured);
         bare += secondsFor(measured.comparison->bare, measured);
-        state.SetIterationTime(ours + bare - before);
+        state.SetIterationTime(secondsUsed() - start);
     }
-    const double operations = static_cast<double>(state.iterations()) * runsInABlock(measured) * measured.steps;
-    state.counters["ours"] = ours / operations;
-    state.counters["bare"] = bare / operations;
+    const auto iterations = static_cast<double>(state.iterations());
+    state.counters["ours"] = ours / iterations;
+    state.counters["bare"] = bare / iterations;
 }
 
 double quantile(std::vector<double> values, double fraction)
@@ -144,9 +152,10 @@ std::vector<Row> measureTimes(int argc, char** argv, const std::vector<Case>& ca
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) throw std::runtime_error("unknown option");
 
     for (const Case& measured : cases) {
-        benchmark::RegisterBenchmark(measured.name().c_str(), [&measured](benchmark::State& state) {
-            measure(state, measured);
-        })->UseManualTime();
+        benchmark::RegisterBenchmark(measured.name().c_str(),
+                                     [&measured](benchmark::State& state) { measure(state, measured); })
+            ->UseManualTime()
+            ->Repetitions(isLong(measured) ? 7 : 21);
     }
     std::fprintf(stderr, "measuring %zu cases ...\n", cases.size());
     Collector collector;
@@ -201,6 +210,7 @@ double countInstructions(const MakeWork& make, int steps, const std::string& fil
 std::vector<Row> measureInstructions(const std::string& file, const std::vector<Case>& cases)
 {
     std::vector<Row> rows;
+    rows.reserve(cases.size()); // a list that grew meanwhile would leave another heap to each case
     for (const Case& counted : cases) {
         const double ours = countInstructions(counted.comparison->ours, counted.steps, file);
         const double bare = countInstructions(counted.comparison->bare, counted.steps, file);
@@ -267,6 +277,14 @@ int renewGuard(const std::string& counts, const std::string& file)
     return EXIT_SUCCESS;
 }
 
+/// Windows need no display here. Without them there is less on the heap, whose state a count depends on.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv, bool withWindows)
+{
+    if (!withWindows) return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -277,9 +295,7 @@ int main(int argc, char** argv)
     const std::string counts = takeOption(argc, argv, "--instructions");
     const std::string guarded = takeOption(argc, argv, "--guard");
     const std::string renewed = takeOption(argc, argv, "--renew");
-    // Views are shown, and need no display for it.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv, counts.empty());
     osg::osgInit(argc, argv);
 
     try {

@@ -168,7 +168,7 @@ void writePlot(const std::string& file, const std::vector<Row>& rows)
 {
     constexpr int lineHeight = 18;
     constexpr int top = 44;
-    constexpr int left = 210;
+    constexpr int left = 230;
     constexpr int width = 560;
     double highest = 2.0;
     for (const Row& row : rows)
