@@ -162,6 +162,7 @@ std::vector<Row> measureTimes(int argc, char** argv, const std::vector<Case>& ca
     benchmark::RunSpecifiedBenchmarks(&collector);
 
     std::vector<Row> rows;
+    rows.reserve(cases.size());
     for (const Case& measured : cases)
         rows.push_back(collector.row(measured));
     return rows;

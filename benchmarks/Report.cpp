@@ -150,7 +150,8 @@ std::vector<Row> readJson(const std::string& file)
     if (!document.isArray()) throw std::runtime_error("cannot read a table from " + file);
 
     std::vector<Row> rows;
-    for (const QJsonValue& value : document.array()) {
+    const QJsonArray array = document.array();
+    for (const auto& value : array) {
         const QJsonObject object = value.toObject();
         const auto judged =
             std::find(std::begin(judgedNames), std::end(judgedNames), object["judged"].toString().toStdString());

@@ -24,6 +24,7 @@ protected:
     static std::vector<std::string> names(const std::vector<Case>& cases)
     {
         std::vector<std::string> names;
+        names.reserve(cases.size());
         for (const Case& one : cases)
             names.push_back(one.name());
         return names;
