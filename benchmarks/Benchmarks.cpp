@@ -1,6 +1,7 @@
 // Measures the comparisons: how long both sides take or, with --instructions=FILE under callgrind, how many
 // instructions they execute. FILE is callgrind's --callgrind-out-file, from whose parts the counts are read.
-// Further options: --filter=REGEX, --json=FILE for tools, --plot=FILE for a picture; with --instructions also --guard=FILE, and --renew=FILE.
+// Further options: --filter=REGEX, --memory=FILE with the rows that moAllocations wrote, --json=FILE for tools,
+// --plot=FILE for a picture; with --instructions also --guard=FILE, and --renew=FILE.
 
 #include <Compare.h>
 #include <Guard.h>
@@ -8,7 +9,7 @@
 
 #include <OpenSG/OSGBaseFunctions.h>
 
-#include <QtCore/QCoreApplication>
+#include <QtWidgets/QApplication>
 
 #include <benchmark/benchmark.h>
 #include <sys/wait.h>
@@ -22,6 +23,7 @@
 #include <exception>
 #include <fstream>
 #include <map>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -31,15 +33,8 @@ namespace {
 using namespace bench;
 
 // Many short repetitions of all cases in random order, so that other load of the machine affects all cases alike.
-constexpr const char* defaultArguments[] = {"--benchmark_repetitions=21", "--benchmark_min_time=0.005",
+constexpr const char* defaultArguments[] = {"--benchmark_min_time=0.005",
                                             "--benchmark_enable_random_interleaving=true"};
-
-/// Runs of one side in a block, so that each side is measured with about the heap that it makes for itself.
-int runsInABlock(int steps)
-{
-    constexpr int stepsInABlock = 20000;
-    return std::max(1, stepsInABlock / steps);
-}
 
 /// Processor time of this thread, without the time in which it waits for its turn.
 double secondsUsed()
@@ -49,18 +44,32 @@ double secondsUsed()
     return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
 
-/// Time of a block. One run before it is not measured.
-double secondsFor(const MakeWork& make, int steps)
+/// Whether a run takes so long that it is its own average, so that fewer repetitions do.
+bool isLong(const Case& measured)
 {
+    constexpr int manySteps = 100000;
+    return measured.steps + measured.comparison->before >= manySteps;
+}
+
+/// Time of an operation. Runs one side several times in a block, so that each side is measured with about the heap that
+/// it makes for itself. One run before it is not measured.
+double secondsFor(const MakeWork& make, const Case& measured)
+{
+    constexpr int stepsInABlock = 20000;
+    constexpr double longestBlock = 0.1;
+    const int most = std::max(1, stepsInABlock / (measured.steps + measured.comparison->before));
+    make(measured.steps)->run();
+    const double end = secondsUsed() + longestBlock;
     double seconds = 0.0;
-    make(steps)->run();
-    for (int i = 0; i < runsInABlock(steps); ++i) {
-        const std::unique_ptr<Work> work = make(steps);
+    int runs = 0;
+    do {
+        const std::unique_ptr<Work> work = make(measured.steps);
         const double start = secondsUsed();
         work->run();
         seconds += secondsUsed() - start;
-    }
-    return seconds;
+        ++runs;
+    } while (runs < most && secondsUsed() < end);
+    return seconds / runs / measured.steps;
 }
 
 /// Measures both sides in turn, so that a machine that is slow for a while is slow for both.
@@ -69,14 +78,14 @@ void measure(benchmark::State& state, const Case& measured)
     double ours = 0.0;
     double bare = 0.0;
     for ([[maybe_unused]] auto iteration : state) {
-        const double before = ours + bare;
-        ours += secondsFor(measured.comparison->ours, measured.steps);
-        bare += secondsFor(measured.comparison->bare, measured.steps);
-        state.SetIterationTime(ours + bare - before);
+        const double start = secondsUsed();
+        ours += secondsFor(measured.comparison->ours, measured);
+        bare += secondsFor(measured.comparison->bare, measured);
+        state.SetIterationTime(secondsUsed() - start);
     }
-    const double operations = static_cast<double>(state.iterations()) * runsInABlock(measured.steps) * measured.steps;
-    state.counters["ours"] = ours / operations;
-    state.counters["bare"] = bare / operations;
+    const auto iterations = static_cast<double>(state.iterations());
+    state.counters["ours"] = ours / iterations;
+    state.counters["bare"] = bare / iterations;
 }
 
 double quantile(std::vector<double> values, double fraction)
@@ -110,8 +119,14 @@ public:
         const Repetitions& found = m_repetitions.at(measured.name());
         const double spread = quantile(found.ratio, 0.75) - quantile(found.ratio, 0.25);
         const double ratio = quantile(found.ratio, 0.5);
-        return {measured, quantile(found.ours, 0.5) * nanoseconds, quantile(found.bare, 0.5) * nanoseconds, ratio,
-                spread / ratio};
+        return {measured.comparison->name,
+                measured.steps,
+                "ns",
+                quantile(found.ours, 0.5) * nanoseconds,
+                quantile(found.bare, 0.5) * nanoseconds,
+                ratio,
+                spread / ratio,
+                measured.comparison->target};
     }
 
 private:
@@ -125,7 +140,7 @@ private:
     std::map<std::string, Repetitions> m_repetitions;
 };
 
-/// No rows if Google Benchmark refuses an argument.
+/// Throws if Google Benchmark refuses an argument.
 std::vector<Row> measureTimes(int argc, char** argv, const std::vector<Case>& cases)
 {
     std::vector<char*> arguments{argv[0]};
@@ -134,18 +149,20 @@ std::vector<Row> measureTimes(int argc, char** argv, const std::vector<Case>& ca
     arguments.insert(arguments.end(), argv + 1, argv + argc);
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return {};
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) throw std::runtime_error("unknown option");
 
     for (const Case& measured : cases) {
-        benchmark::RegisterBenchmark(measured.name().c_str(), [&measured](benchmark::State& state) {
-            measure(state, measured);
-        })->UseManualTime();
+        benchmark::RegisterBenchmark(measured.name().c_str(),
+                                     [&measured](benchmark::State& state) { measure(state, measured); })
+            ->UseManualTime()
+            ->Repetitions(isLong(measured) ? 7 : 21);
     }
     std::fprintf(stderr, "measuring %zu cases ...\n", cases.size());
     Collector collector;
     benchmark::RunSpecifiedBenchmarks(&collector);
 
     std::vector<Row> rows;
+    rows.reserve(cases.size());
     for (const Case& measured : cases)
         rows.push_back(collector.row(measured));
     return rows;
@@ -194,12 +211,13 @@ double countInstructions(const MakeWork& make, int steps, const std::string& fil
 std::vector<Row> measureInstructions(const std::string& file, const std::vector<Case>& cases)
 {
     std::vector<Row> rows;
+    rows.reserve(cases.size()); // a list that grew meanwhile would leave another heap to each case
     for (const Case& counted : cases) {
         const double ours = countInstructions(counted.comparison->ours, counted.steps, file);
         const double bare = countInstructions(counted.comparison->bare, counted.steps, file);
         if (ours <= 0.0 || bare <= 0.0)
             throw std::runtime_error("nothing was counted: run this under valgrind --tool=callgrind");
-        rows.push_back({counted, ours, bare, ours / bare});
+        rows.push_back(countedRow(counted, "instr", ours, bare, counted.comparison->target));
     }
     return rows;
 }
@@ -218,35 +236,31 @@ std::string takeOption(int& argc, char** argv, const std::string& option)
     return value;
 }
 
-/// Where the table goes besides the terminal; empty: nowhere.
+/// Files besides the terminal; empty: none.
 struct Files
 {
+    std::string memory; ///< rows that were counted already
     std::string json;
     std::string plot;
-
-    void write(const std::vector<Row>& rows, const std::string& unit) const
-    {
-        if (!json.empty()) writeJson(json, rows, unit);
-        if (!plot.empty()) writePlot(plot, rows, unit);
-    }
 };
 
-int compareTimes(int argc, char** argv, const std::string& filter, const Files& files)
+int show(std::vector<Row> rows, const Files& files)
 {
-    const std::vector<Row> rows = measureTimes(argc, argv, casesMatching(filter));
-    if (rows.empty()) return EXIT_FAILURE;
-    printTable(rows, "ns");
-    printGrowth(rows);
-    files.write(rows, "ns");
+    if (!files.plot.empty()) writePlot(files.plot, rows);
+    if (!files.memory.empty()) {
+        const std::vector<Row> memory = readJson(files.memory);
+        rows.insert(rows.end(), memory.begin(), memory.end());
+    }
+    std::printf("%s", table(rows).c_str());
+    if (!files.json.empty()) writeJson(files.json, rows);
     return EXIT_SUCCESS;
 }
 
-int compareInstructions(const std::string& counts, const std::string& filter, const Files& files)
+/// Throws if there is none.
+const std::vector<Case>& matched(const std::vector<Case>& cases)
 {
-    const std::vector<Row> rows = measureInstructions(counts, shortCasesMatching(filter));
-    printTable(rows, "instr");
-    files.write(rows, "instr");
-    return EXIT_SUCCESS;
+    if (cases.empty()) throw std::runtime_error("no case matches that");
+    return cases;
 }
 
 int guardInstructions(const std::string& counts, const std::string& file)
@@ -264,23 +278,32 @@ int renewGuard(const std::string& counts, const std::string& file)
     return EXIT_SUCCESS;
 }
 
+/// Windows need no display here. Without them there is less on the heap, whose state a count depends on.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char** argv, bool withWindows)
+{
+    if (!withWindows) return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     const std::string filter = takeOption(argc, argv, "--filter");
-    const Files files{takeOption(argc, argv, "--json"), takeOption(argc, argv, "--plot")};
+    const Files files{takeOption(argc, argv, "--memory"), takeOption(argc, argv, "--json"),
+                      takeOption(argc, argv, "--plot")};
     const std::string counts = takeOption(argc, argv, "--instructions");
     const std::string guarded = takeOption(argc, argv, "--guard");
     const std::string renewed = takeOption(argc, argv, "--renew");
-    QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv, counts.empty());
     osg::osgInit(argc, argv);
 
     try {
         if (!guarded.empty()) return guardInstructions(counts, guarded);
         if (!renewed.empty()) return renewGuard(counts, renewed);
-        if (!counts.empty()) return compareInstructions(counts, filter, files);
-        return compareTimes(argc, argv, filter, files);
+        if (!counts.empty()) return show(measureInstructions(counts, matched(countedCasesMatching(filter))), files);
+        return show(measureTimes(argc, argv, matched(casesMatching(filter))), files);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return EXIT_FAILURE;

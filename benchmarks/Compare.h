@@ -29,24 +29,41 @@ public:
 
 using MakeWork = std::function<std::unique_ptr<Work>(int steps)>;
 
-/// The highest ratio of our cost to the bare side's that is allowed, and the one that we would like. 0: no target.
+/// What our cost is judged by: its ratio to the bare side's, or itself. At most the first number, better the second.
 struct Target
 {
+    enum Of
+    {
+        Nothing,
+        Ratio,
+        Ours
+    };
+
+    Target() = default;
+    Target(double hardest, double wish, Of judged = Ratio) : hard(hardest), wished(wish), of(judged) {}
+
     double hard = 0.0;
     double wished = 0.0;
+    Of of = Nothing;
 };
 
 struct Comparison
 {
     /// Path-like, e.g. "undo/callback". Filters are matched against the name and the steps.
     std::string name;
-    /// Numbers of operations to measure with; counting of instructions and allocations uses the first only.
+    /// Numbers of operations to measure with.
     std::vector<int> steps;
     MakeWork ours;
     MakeWork bare;
-    Target target;
-    /// Whether ours must not allocate.
-    bool allocationFree = false;
+    /// Of time, in nanoseconds, and of instructions.
+    Target target{};
+    /// Of the allocations and the bytes of one operation.
+    Target allocations{};
+    Target bytes{};
+    /// Steps that stand before the first operation.
+    int before = 0;
+    /// Whether time is measured only: a window's instructions and memory are those of Qt.
+    bool timeOnly = false;
 };
 
 /// Comparisons in the order in which they were added.
@@ -66,10 +83,13 @@ struct Case
 
     std::string name() const { return comparison->name + '/' + std::to_string(steps); }
 };
-/// The cases whose "name/steps" a regular expression matches somewhere; all if it is empty. Throws std::runtime_error if
-/// there is none.
+
+/// The cases whose "name/steps" a regular expression matches somewhere; all if it is empty.
 std::vector<Case> casesMatching(const std::string& filter);
-/// The same, each comparison only with its first number of steps.
-std::vector<Case> shortCasesMatching(const std::string& filter);
+/// Those to count instructions of: each comparison with its first number of steps and, if its growth up to a million is
+/// measured, with the largest that callgrind runs in seconds.
+std::vector<Case> countedCasesMatching(const std::string& filter);
+/// Those to count memory of: each comparison with its first number of steps.
+std::vector<Case> memoryCasesMatching(const std::string& filter);
 
 } // namespace bench

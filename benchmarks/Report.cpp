@@ -4,23 +4,17 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QStringList>
 
 #include <algorithm>
-#include <cstdio>
+#include <iterator>
 #include <stdexcept>
 
 namespace bench {
 
 namespace {
 
-constexpr int growthWorthALine = 1000;
-
-const char* verdict(double ratio, const Target& target)
-{
-    if (target.hard <= 0.0) return "";
-    if (ratio <= target.wished) return "reached";
-    return ratio <= target.hard ? "ok" : "over";
-}
+constexpr const char* judgedNames[] = {"", "ratio", "ours"}; // by Target::Of
 
 void writeText(const std::string& file, const QByteArray& text)
 {
@@ -29,57 +23,157 @@ void writeText(const std::string& file, const QByteArray& text)
         throw std::runtime_error("cannot write " + file);
 }
 
-} // namespace
-
-void printTable(const std::vector<Row>& rows, const std::string& unit)
+/// The first row of the same name and unit; null for that row itself, or if one of its sides costs nothing.
+const Row* startOfGrowth(const std::vector<Row>& rows, const Row& row)
 {
-    std::size_t width = 4;
-    for (const Row& row : rows)
-        width = std::max(width, row.measured.comparison->name.size());
-    const int nameWidth = static_cast<int>(width);
-
-    std::printf("%-*s %8s %12s %12s %6s %7s %15s  %s\n", nameWidth, "case", "steps", ("ours, " + unit).c_str(),
-                ("bare, " + unit).c_str(), "spread", "ratio", "hard | wished", "verdict");
-    for (const Row& row : rows) {
-        const Target& target = row.measured.comparison->target;
-        std::printf("%-*s %8d %12.1f %12.1f %5.0f%% %7.2f ", nameWidth, row.measured.comparison->name.c_str(),
-                    row.measured.steps, row.ours, row.bare, row.spread * 100.0, row.ratio);
-        if (target.hard > 0.0)
-            std::printf("%8.2f | %4.2f", target.hard, target.wished);
-        else
-            std::printf("%15s", "");
-        std::printf("  %s\n", verdict(row.ratio, target));
-    }
+    const auto isSame = [&](const Row& other) { return other.name == row.name && other.unit == row.unit; };
+    const Row& first = *std::find_if(rows.begin(), rows.end(), isSame);
+    return &first == &row || first.ours <= 0.0 || first.bare <= 0.0 ? nullptr : &first;
 }
 
-void writeJson(const std::string& file, const std::vector<Row>& rows, const std::string& unit)
+QString fixed(double number, int decimals)
+{
+    return QString::number(number, 'f', decimals);
+}
+
+/// Two numbers of ours and the bare side, or of a target.
+QString pair(double first, double second, int decimals)
+{
+    return fixed(first, decimals) + QLatin1String(" | ") + fixed(second, decimals);
+}
+
+QString ratioText(double ratio)
+{
+    constexpr double small = 0.1;
+    if (ratio <= 0.0) return {};
+    return fixed(ratio, ratio < small ? 5 : 2);
+}
+
+/// 0 if the ratio has no target.
+double wishedRatio(const Row& row)
+{
+    return row.target.of == Target::Ratio ? row.target.wished : 0.0;
+}
+
+QString targetText(const Target& target)
+{
+    if (target.of == Target::Nothing) return {};
+    return pair(target.hard, target.wished, target.of == Target::Ratio ? 2 : 0);
+}
+
+QStringList cells(const std::vector<Row>& rows, const Row& row)
+{
+    const Row* const start = startOfGrowth(rows, row);
+    return {QString::fromStdString(row.name),
+            QString::number(row.steps),
+            QString::fromStdString(row.unit),
+            fixed(row.ours, 1),
+            fixed(row.bare, 1),
+            row.spread > 0.0 ? fixed(row.spread * 100.0, 0) + '%' : QString(),
+            ratioText(row.ratio),
+            targetText(row.target),
+            QString::fromStdString(verdict(row)),
+            start ? pair(row.ours / start->ours, row.bare / start->bare, 2) : QString()};
+}
+
+} // namespace
+
+Row countedRow(const Case& counted, const std::string& unit, double ours, double bare, const Target& target)
+{
+    return {counted.comparison->name, counted.steps, unit, ours, bare, bare > 0.0 ? ours / bare : 0.0, 0.0, target};
+}
+
+std::string verdict(const Row& row)
+{
+    if (row.target.of == Target::Nothing) return {};
+    const bool ofRatio = row.target.of == Target::Ratio;
+    const double cost = ofRatio ? row.ratio : row.ours;
+    const double rounding = ofRatio ? 0.005 : 0.0;
+    if (cost <= row.target.wished + rounding) return "reached";
+    return cost <= row.target.hard + rounding ? "ok" : "over";
+}
+
+std::string table(const std::vector<Row>& rows)
+{
+    std::vector<QStringList> lines{
+        {"case", "steps", "unit", "ours", "bare", "spread", "ratio", "hard | wished", "verdict", "growth"}};
+    for (const Row& row : rows)
+        lines.push_back(cells(rows, row));
+
+    const auto isText = [](int column) { return column == 0 || column == 2 || column == 8; };
+    QString text;
+    for (const QStringList& line : lines) {
+        QStringList padded;
+        for (int column = 0; column < line.size(); ++column) {
+            int width = 0;
+            for (const QStringList& other : lines)
+                width = std::max(width, static_cast<int>(other[column].size()));
+            padded << (isText(column) ? line[column].leftJustified(width) : line[column].rightJustified(width));
+        }
+        QString joined = padded.join(QLatin1String("  "));
+        while (joined.endsWith(' '))
+            joined.chop(1);
+        text += joined + '\n';
+    }
+    return text.toStdString();
+}
+
+void writeJson(const std::string& file, const std::vector<Row>& rows)
 {
     QJsonArray array;
     for (const Row& row : rows) {
-        const Comparison& comparison = *row.measured.comparison;
-        array.append(QJsonObject{{"case", QString::fromStdString(comparison.name)},
-                                 {"steps", row.measured.steps},
-                                 {"unit", QString::fromStdString(unit)},
-                                 {"ours", row.ours},
-                                 {"bare", row.bare},
-                                 {"ratio", row.ratio},
-                                 {"spread", row.spread},
-                                 {"hard", comparison.target.hard},
-                                 {"wished", comparison.target.wished},
-                                 {"verdict", verdict(row.ratio, comparison.target)}});
+        QJsonObject object{{"case", QString::fromStdString(row.name)},
+                           {"steps", row.steps},
+                           {"unit", QString::fromStdString(row.unit)},
+                           {"ours", row.ours},
+                           {"bare", row.bare},
+                           {"ratio", row.ratio},
+                           {"spread", row.spread},
+                           {"judged", judgedNames[row.target.of]},
+                           {"hard", row.target.hard},
+                           {"wished", row.target.wished},
+                           {"verdict", QString::fromStdString(verdict(row))}};
+        if (const Row* const start = startOfGrowth(rows, row)) {
+            object["growth"] = row.ours / start->ours;
+            object["bareGrowth"] = row.bare / start->bare;
+        }
+        array.append(object);
     }
     writeText(file, QJsonDocument(array).toJson());
 }
 
-void writePlot(const std::string& file, const std::vector<Row>& rows, const std::string& unit)
+std::vector<Row> readJson(const std::string& file)
+{
+    QFile in(QString::fromStdString(file));
+    const bool opened = in.open(QIODevice::ReadOnly);
+    const QJsonDocument document = QJsonDocument::fromJson(opened ? in.readAll() : QByteArray());
+    if (!document.isArray()) throw std::runtime_error("cannot read a table from " + file);
+
+    std::vector<Row> rows;
+    const QJsonArray array = document.array();
+    for (const auto& value : array) {
+        const QJsonObject object = value.toObject();
+        const auto judged =
+            std::find(std::begin(judgedNames), std::end(judgedNames), object["judged"].toString().toStdString());
+        if (judged == std::end(judgedNames)) throw std::runtime_error(file + " judges by what no table knows");
+        const auto of = static_cast<Target::Of>(judged - std::begin(judgedNames));
+        rows.push_back({object["case"].toString().toStdString(), object["steps"].toInt(),
+                        object["unit"].toString().toStdString(), object["ours"].toDouble(), object["bare"].toDouble(),
+                        object["ratio"].toDouble(), object["spread"].toDouble(),
+                        Target(object["hard"].toDouble(), object["wished"].toDouble(), of)});
+    }
+    return rows;
+}
+
+void writePlot(const std::string& file, const std::vector<Row>& rows)
 {
     constexpr int lineHeight = 18;
     constexpr int top = 44;
-    constexpr int left = 210;
+    constexpr int left = 230;
     constexpr int width = 560;
     double highest = 2.0;
     for (const Row& row : rows)
-        highest = std::max({highest, row.ratio, row.measured.comparison->target.hard});
+        highest = std::max({highest, row.ratio, wishedRatio(row)});
     const auto x = [&](double ratio) { return QString::number(left + ratio / highest * width, 'f', 1); };
     const int bottom = top + lineHeight * static_cast<int>(rows.size());
 
@@ -90,7 +184,7 @@ void writePlot(const std::string& file, const std::vector<Row>& rows, const std:
                                  "Mark: the ratio we want.</text>\n")
                       .arg(left + width + 50)
                       .arg(bottom + 10)
-                      .arg(QString::fromStdString(unit));
+                      .arg(QString::fromStdString(rows.empty() ? std::string() : rows.front().unit));
     for (int ratio = 0; ratio <= static_cast<int>(highest); ++ratio) {
         svg += QStringLiteral("<line x1=\"%1\" x2=\"%1\" y1=\"%2\" y2=\"%3\" stroke=\"#ddd\"/>"
                               "<text x=\"%1\" y=\"%4\" text-anchor=\"middle\">%5</text>\n")
@@ -102,23 +196,23 @@ void writePlot(const std::string& file, const std::vector<Row>& rows, const std:
     }
     int y = top;
     for (const Row& row : rows) {
-        const Target& target = row.measured.comparison->target;
-        const bool missed = target.wished > 0.0 && row.ratio > target.wished;
+        const double wished = wishedRatio(row);
+        const bool missed = wished > 0.0 && verdict(row) != "reached";
         svg += QStringLiteral("<text x=\"%1\" y=\"%2\" text-anchor=\"end\">%3</text>"
                               "<rect x=\"%4\" y=\"%5\" width=\"%6\" height=\"12\" fill=\"%7\"/>"
                               "<text x=\"%8\" y=\"%2\" dx=\"4\">%9</text>")
                    .arg(left - 6)
                    .arg(y + 13)
-                   .arg(QString::fromStdString(row.measured.name()))
+                   .arg(QString::fromStdString(row.name) + '/' + QString::number(row.steps))
                    .arg(left)
                    .arg(y + 3)
                    .arg(row.ratio / highest * width, 0, 'f', 1)
                    .arg(missed ? QStringLiteral("#e6a23c") : QStringLiteral("#5b8db8"))
-                   .arg(x(std::max(row.ratio, target.wished)))
+                   .arg(x(std::max(row.ratio, wished)))
                    .arg(row.ratio, 0, 'f', 2);
-        if (target.wished > 0.0) {
+        if (wished > 0.0) {
             svg += QStringLiteral("<line x1=\"%1\" x2=\"%1\" y1=\"%2\" y2=\"%3\" stroke=\"black\" stroke-width=\"2\"/>")
-                       .arg(x(target.wished))
+                       .arg(x(wished))
                        .arg(y + 1)
                        .arg(y + 17);
         }
@@ -126,19 +220,6 @@ void writePlot(const std::string& file, const std::vector<Row>& rows, const std:
         y += lineHeight;
     }
     writeText(file, (svg + QLatin1String("</svg>\n")).toUtf8());
-}
-
-void printGrowth(const std::vector<Row>& rows)
-{
-    for (const Row& small : rows) {
-        for (const Row& large : rows) {
-            if (small.measured.comparison != large.measured.comparison) continue;
-            if (large.measured.steps / small.measured.steps < growthWorthALine) continue;
-            std::printf("%s: one of %d costs %.2f times one of %d (bare: %.2f)\n",
-                        small.measured.comparison->name.c_str(), large.measured.steps, large.ours / small.ours,
-                        small.measured.steps, large.bare / small.bare);
-        }
-    }
 }
 
 } // namespace bench

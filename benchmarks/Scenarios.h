@@ -2,14 +2,19 @@
 
 #include <Compare.h>
 
+#include <moUndoStack/core/moUndoHistoryModel.h>
 #include <moUndoStack/core/moUndoStack.h>
 #include <moUtils/moMessage.h>
 
 #include <QUndoStack>
+#include <QUndoView>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QString>
+#include <QtWidgets/QTreeView>
 
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -19,7 +24,8 @@
 //
 //     struct Ours
 //     {
-//         Ours();                                                  // sets the scene up; its destructor takes it down
+//         Ours();                                                  // sets the scene up; its destructor takes it down.
+//                                                                  // Or Ours(int steps), if the scene depends on them.
 //         QUndoCommand* operator()(int step, QUndoCommand* parent) const;
 //     };
 
@@ -31,14 +37,15 @@ enum class Listener
     None,
     Callback, ///< a message callback that does not look at the message
     Reader,   ///< a message callback that looks six keys up, as a host does
-    Slots     ///< a slot connected to each signal
+    Slots,    ///< a slot connected to each signal
+    View      ///< a view of the history, see showHistory()
 };
 
 class OurStack
 {
 public:
     explicit OurStack(Listener listener)
-        : m_stack(moUndoStack::get(listener == Listener::Slots ? moUndoStack::SecondStack : moUndoStack::DefaultStack))
+        : m_stack(moUndoStack::get(leavesATrace(listener) ? moUndoStack::SecondStack : moUndoStack::DefaultStack))
     {
         moUndoStack::beginUndo();
         if (listener == Listener::Callback) m_stack.setMessageCallback(receive);
@@ -47,6 +54,7 @@ public:
     }
     ~OurStack()
     {
+        m_view.reset();
         m_stack.setMessageCallback(nullptr);
         m_stack.clear();
         moUndoStack::endUndo();
@@ -72,8 +80,18 @@ public:
     void mark() { m_stack.mark(); }
     void reset() { m_stack.reset(); }
     void clear() { m_stack.clear(); }
+    void showHistory()
+    {
+        auto view = std::make_unique<QTreeView>();
+        (new moUndoHistoryModel(m_stack, view.get()))->showIn(*view);
+        m_view = std::move(view);
+        m_view->show();
+    }
 
 private:
+    /// A stack emits signals from the first connection on, also after the last disconnection. Such cases get a stack
+    /// that the others do not use.
+    static bool leavesATrace(Listener listener) { return listener == Listener::Slots || listener == Listener::View; }
     static bool receive(const char*, moMessage& message, int) { return message.entries().empty(); }
     static bool read(const char*, moMessage& message, int)
     {
@@ -85,8 +103,6 @@ private:
         }
         return s_read != 0;
     }
-    /// On a stack that no other case uses: it emits signals from the first connection on, also after the last
-    /// disconnection.
     void connectSlots()
     {
         const auto heard = [this] { ++m_heard; };
@@ -102,6 +118,7 @@ private:
 
     moUndoStack& m_stack;
     QObject m_receiver;
+    std::unique_ptr<QWidget> m_view;
     int m_heard = 0;
 };
 
@@ -130,9 +147,15 @@ public:
     void mark() { m_mark = m_stack.index(); }
     void reset() { m_stack.setIndex(m_mark); }
     void clear() { m_stack.clear(); }
+    void showHistory()
+    {
+        m_view = std::make_unique<QUndoView>(&m_stack);
+        m_view->show();
+    }
 
 private:
     QUndoStack m_stack;
+    std::unique_ptr<QWidget> m_view;
     int m_mark = 0;
 };
 
@@ -141,7 +164,7 @@ template<class Stack, class Commands>
 class Scenario : public Work
 {
 public:
-    Scenario(int steps, Listener listener) : m_steps(steps), m_stack(listener) {}
+    Scenario(int steps, Listener listener) : m_steps(steps), m_commands(commandsFor(steps)), m_stack(listener) {}
 
 protected:
     void pushAll()
@@ -150,6 +173,16 @@ protected:
             m_stack.push(m_commands, i);
     }
 
+private:
+    static Commands commandsFor(int steps)
+    {
+        if constexpr (std::is_constructible_v<Commands, int>)
+            return Commands(steps);
+        else
+            return Commands();
+    }
+
+protected:
     int m_steps;
     Commands m_commands;
     Stack m_stack;
@@ -244,6 +277,50 @@ struct CompositesOf
     };
 };
 
+/// A history of so many steps in a window; one operation is one more step.
+template<int length>
+struct ShownHistoryOf
+{
+    template<class Stack, class Commands>
+    class Push : public Scenario<Stack, Commands>
+    {
+    public:
+        Push(int steps, Listener listener) : Scenario<Stack, Commands>(steps, listener)
+        {
+            for (int i = 0; i < length; ++i)
+                this->m_stack.push(this->m_commands, i);
+            this->m_stack.showHistory();
+            QCoreApplication::processEvents();
+        }
+        void run() override { this->pushAll(); }
+    };
+
+    /// The program returns to its event loop after each step, and the window shows it.
+    template<class Stack, class Commands>
+    class PushAndPaint : public Push<Stack, Commands>
+    {
+    public:
+        using Push<Stack, Commands>::Push;
+        void run() override
+        {
+            for (int i = 0; i < this->m_steps; ++i) {
+                this->m_stack.push(this->m_commands, i);
+                QCoreApplication::processEvents();
+            }
+        }
+    };
+};
+
+/// Goals of the bytes that a step holds, and of a case that must not allocate.
+inline Target bytes(double hard, double wished)
+{
+    return {hard, wished, Target::Ours};
+}
+inline Target none()
+{
+    return {0.0, 0.0, Target::Ours};
+}
+
 /// Compares both sides in one scenario, e.g. compare<Undo, Ours, Bare>("undo", {1000}).
 template<template<class, class> class In, class Ours, class Bare>
 Comparison& compare(const std::string& name, std::vector<int> steps, Listener listener = Listener::None,
@@ -251,15 +328,18 @@ Comparison& compare(const std::string& name, std::vector<int> steps, Listener li
 {
     const MakeWork ours = [listener](int n) { return std::make_unique<In<OurStack, Ours>>(n, listener); };
     const MakeWork bare = [listener](int n) { return std::make_unique<In<BareStack, Bare>>(n, listener); };
-    return comparisons().emplace_back(Comparison{name, std::move(steps), ours, bare, target, false});
+    return comparisons().emplace_back(Comparison{name, std::move(steps), ours, bare, target});
 }
 
 /// The usual three scenarios of a command class: "name/add", "name/undo", "name/redo" without a listener. Its commands
 /// must not merge.
+///
+/// \param held  the bytes that a step may hold.
 template<class Ours, class Bare>
-void compareCommands(const std::string& name, const Target& add = {}, const Target& step = {}, int steps = 1000)
+void compareCommands(const std::string& name, const Target& add = {}, const Target& step = {}, const Target& held = {})
 {
-    compare<Add, Ours, Bare>(name + "/add", {steps}, Listener::None, add);
+    const int steps = 1000;
+    compare<Add, Ours, Bare>(name + "/add", {steps}, Listener::None, add).bytes = held;
     compare<Undo, Ours, Bare>(name + "/undo", {steps}, Listener::None, step);
     compare<Redo, Ours, Bare>(name + "/redo", {steps}, Listener::None, step);
 }

@@ -6,6 +6,9 @@
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGNode.h>
 
+#include <string>
+#include <vector>
+
 namespace {
 
 using namespace bench;
@@ -127,6 +130,42 @@ struct Bare : Nodes
     }
 };
 
+/// So many nodes that live until the program ends: ids are not used again, so a new scene for each run would grow
+/// OpenSG's list of containers.
+class ManyNodes
+{
+public:
+    explicit ManyNodes(int count)
+    {
+        while (static_cast<int>(nodes().size()) < count) {
+            nodes().push_back(osg::Node::create());
+            osg::addRefCP(nodes().back());
+        }
+    }
+
+protected:
+    static const osg::NodePtr& node(int step) { return nodes()[static_cast<std::size_t>(step)]; }
+
+private:
+    static std::vector<osg::NodePtr>& nodes()
+    {
+        static std::vector<osg::NodePtr> s_nodes;
+        return s_nodes;
+    }
+};
+
+/// Each command is about a node of its own.
+struct OursOfMany : ManyNodes
+{
+    using ManyNodes::ManyNodes;
+    QUndoCommand* operator()(int step, QUndoCommand*) const { return new OurEdit(node(step), true); }
+};
+struct BareOfMany : ManyNodes
+{
+    using ManyNodes::ManyNodes;
+    QUndoCommand* operator()(int step, QUndoCommand* parent) const { return new BareEdit(node(step), true, parent); }
+};
+
 /// Commands of one class on one node: all merge into the first.
 struct OursMerging : Nodes
 {
@@ -156,6 +195,22 @@ struct BareRefused : Nodes
     }
 };
 
+/// A window shows the history while steps are pushed.
+template<int length>
+void compareShownHistory()
+{
+    constexpr double goal = 2e6; // a step stays below what an eye sees as a pause, however long the history is
+    const std::string name = "history/" + std::to_string(length);
+    Comparison& push = compare<ShownHistoryOf<length>::template Push, Ours, Bare>(name + "/push", {3}, Listener::View,
+                                                                                  {goal, goal, Target::Ours});
+    push.before = length;
+    push.timeOnly = true;
+    Comparison& paint = compare<ShownHistoryOf<length>::template PushAndPaint, Ours, Bare>(name + "/push-and-paint",
+                                                                                           {3}, Listener::View);
+    paint.before = length;
+    paint.timeOnly = true;
+}
+
 /// The steps of the core as one listener hears them. The bare side has nobody to tell in any case.
 void compareSteps(const std::string& suffix, Listener listener, const Target& add, const Target& merged,
                   const Target& undo, const Target& redo)
@@ -170,29 +225,36 @@ void compareSteps(const std::string& suffix, Listener listener, const Target& ad
 const Comparisons s_comparisons([] {
     const std::vector<int> sizes{1000, 100000};
     const std::vector<int> toAMillion{1000, 100000, 1000000};
-    const Listener none = Listener::None;
+    const Listener nobody = Listener::None;
 
-    compare<Add, Ours, Bare>("add", toAMillion, none, {1.51, 1.42});
-    compare<Add, OursRefused, BareRefused>("add/merge-refused", sizes, none, {1.51, 1.42});
-    compare<Add, OursMerging, BareMerging>("add/merged", toAMillion, none, {1.55, 1.47});
-    compare<Undo, Ours, Bare>("undo", toAMillion, none, {1.64, 1.47}).allocationFree = true;
-    compare<Redo, Ours, Bare>("redo", toAMillion, none, {1.62, 1.47}).allocationFree = true;
-    compare<Jump, Ours, Bare>("jump", toAMillion, none, {1.8, 1.4}).allocationFree = true;
-    compare<Clear, Ours, Bare>("clear", toAMillion, none, {1.44, 1.1}).allocationFree = true;
+    compare<Add, Ours, Bare>("add", toAMillion, nobody, {1.51, 1.42}).bytes = bytes(120, 120);
+    compare<Add, OursRefused, BareRefused>("add/merge-refused", sizes, nobody, {1.51, 1.42});
+    compare<Add, OursMerging, BareMerging>("add/merged", toAMillion, nobody, {1.55, 1.47});
+    compare<Undo, Ours, Bare>("undo", toAMillion, nobody, {1.64, 1.47}).allocations = none();
+    compare<Redo, Ours, Bare>("redo", toAMillion, nobody, {1.62, 1.47}).allocations = none();
+    compare<Jump, Ours, Bare>("jump", toAMillion, nobody, {1.8, 1.4}).allocations = none();
+    compare<Clear, Ours, Bare>("clear", toAMillion, nobody, {1.44, 1.1}).allocations = none();
 
-    compare<CompositesOf<10>::Add, Ours, Bare>("composite/10/add", sizes, none, {1.4, 1.2});
-    compare<CompositesOf<10>::Undo, Ours, Bare>("composite/10/undo", sizes, none, {1.8, 1.5});
-    compare<CompositesOf<1000>::Add, Ours, Bare>("composite/1000/add", sizes, none, {1.4, 1.2});
-    compare<CompositesOf<1000>::Undo, Ours, Bare>("composite/1000/undo", sizes, none, {1.8, 1.5});
-    compare<CompositesOf<100000>::Add, Ours, Bare>("composite/100000/add", {100000}, none, {1.4, 1.2});
-    compare<CompositesOf<100000>::Undo, Ours, Bare>("composite/100000/undo", {100000}, none, {1.8, 1.5});
+    compare<Add, OursOfMany, BareOfMany>("load", toAMillion, nobody, {1.51, 1.42}).bytes = bytes(120, 120);
+    compare<Clear, OursOfMany, BareOfMany>("load/clear", toAMillion, nobody, {1.44, 1.1}).allocations = none();
+
+    // What a child takes more is that of a step of a jump, what every command is made with, and Qt's child().
+    compare<CompositesOf<10>::Add, Ours, Bare>("composite/10/add", sizes, nobody, {1.4, 1.35});
+    compare<CompositesOf<10>::Undo, Ours, Bare>("composite/10/undo", sizes, nobody, {1.8, 1.6});
+    compare<CompositesOf<1000>::Add, Ours, Bare>("composite/1000/add", sizes, nobody, {1.4, 1.35});
+    compare<CompositesOf<1000>::Undo, Ours, Bare>("composite/1000/undo", sizes, nobody, {1.8, 1.6});
+    compare<CompositesOf<100000>::Add, Ours, Bare>("composite/100000/add", {100000}, nobody, {1.4, 1.25});
+    compare<CompositesOf<100000>::Undo, Ours, Bare>("composite/100000/undo", {100000}, nobody, {1.8, 1.6});
 
     compareSteps("/callback", Listener::Callback, {3.93, 3.2}, {}, {5.55, 4.4}, {5.52, 4.4});
     compareSteps("/reader", Listener::Reader, {}, {}, {}, {});
     compareSteps("/slots", Listener::Slots, {}, {}, {}, {});
     compare<Jump, Ours, Bare>("jump/callback", sizes, Listener::Callback, {1.8, 1.4});
-    compare<CompositesOf<100>::Add, Ours, Bare>("composite/100/callback", sizes, Listener::Callback, {1.5, 1.2});
+    compare<CompositesOf<100>::Add, Ours, Bare>("composite/100/callback", sizes, Listener::Callback, {1.5, 1.25});
     compare<Clear, Ours, Bare>("clear/callback", sizes, Listener::Callback, {1.44, 1.1});
+
+    compareShownHistory<1000>();
+    compareShownHistory<100000>();
 });
 
 } // namespace

@@ -208,11 +208,11 @@ void compareLookup(const std::string& what, const std::string& name)
 {
     const MakeWork ours = [name](int steps) { return std::make_unique<Lookup>(steps, name, false); };
     const MakeWork bare = [](int steps) { return std::make_unique<Lookup>(steps, "shininess", true); };
-    comparisons().push_back({"field/find/" + what, {1000}, ours, bare, {}, false});
+    comparisons().push_back({"field/find/" + what, {1000}, ours, bare});
 }
 
 const Comparisons s_comparisons([] {
-    compareCommands<OurShininess, BareShininess>("field/name", {1.93, 1.93}, {1.81, 1.51});
+    compareCommands<OurShininess, BareShininess>("field/name", {1.93, 1.93}, {1.81, 1.51}, bytes(152, 152));
     compare<Add, OurDraggedShininess, BareDraggedShininess>("field/name/merged", {1000}, Listener::None, {2.16, 1.77});
     compareCommands<OurLitById, BareLit>("field/id");
     compare<Add, OurTyping, BareTyping>("field/string/merged", {1000});

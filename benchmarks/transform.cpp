@@ -253,11 +253,11 @@ struct BareMoving : Scene
 const Comparisons s_comparisons([] {
     compare<Add, OursTranslating<true>, BareTranslating<true>>("translation/drag", {1000}, Listener::None,
                                                                {1.84, 1.75});
-    compare<Add, OursTranslating<false>, BareTranslating<false>>("translation/add", {10000});
-    compare<Undo, OursTranslating<false>, BareTranslating<false>>("translation/undo", {10000}).allocationFree = true;
-    compare<Redo, OursTranslating<false>, BareTranslating<false>>("translation/redo", {10000}).allocationFree = true;
-    compareCommands<OursApplying, BareApplying>("apply-variant", {2.6, 2.2});
-    compareCommands<OursMoving, BareMoving>("move-variant", {2.67, 2.4});
+    compare<Add, OursTranslating<false>, BareTranslating<false>>("translation/add", {10000}).bytes = bytes(285, 200);
+    compare<Undo, OursTranslating<false>, BareTranslating<false>>("translation/undo", {10000}).allocations = none();
+    compare<Redo, OursTranslating<false>, BareTranslating<false>>("translation/redo", {10000}).allocations = none();
+    compareCommands<OursApplying, BareApplying>("apply-variant", {2.6, 2.2}, {}, bytes(616, 616));
+    compareCommands<OursMoving, BareMoving>("move-variant", {2.67, 2.4}, {}, bytes(584, 300));
 });
 
 } // namespace
