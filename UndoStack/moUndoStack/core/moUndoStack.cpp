@@ -553,11 +553,13 @@ void moUndoStack::showHistory()
 void moUndoStack::setMessageCallback(MessageCallback callback)
 {
     m_messageCallback = callback;
+    m_isHeard = m_hadSlots || hasMessages();
 }
 
 void moUndoStack::setMessageListener(MessageListener listener)
 {
     m_messageListener.set(std::move(listener));
+    m_isHeard = m_hadSlots || hasMessages();
 }
 
 /// Signals are emitted from the first connection on: emitting one that has no slot takes a tenth of an undo. A
@@ -565,6 +567,7 @@ void moUndoStack::setMessageListener(MessageListener listener)
 void moUndoStack::connectNotify(const QMetaMethod& signal)
 {
     m_hadSlots = true;
+    m_isHeard = true;
     QObject::connectNotify(signal);
 }
 
@@ -575,7 +578,7 @@ void moUndoStack::indexChanged(int i)
 {
     const bool forward = m_lastIndex <= i;
     m_lastIndex = i;
-    if (m_hadSlots || hasMessages() || moUndoCommandBase::s_changedCount > 0)
+    if (m_isHeard || moUndoCommandBase::s_changedCount > 0)
         report(i, forward);
     else
         m_calls->settle();

@@ -341,6 +341,7 @@ private:
     MessageCallback m_messageCallback = nullptr;
     moUndoDetail::HeldFunction<void(const char*, moMessage&, int)> m_messageListener;
     bool m_hadSlots = false;
+    bool m_isHeard = false; ///< whether there was a slot or is a message callback or listener
 };
 
 // For listeners that keep a signal's arguments as variants.
