@@ -228,7 +228,7 @@ const Comparisons s_comparisons([] {
     const Listener nobody = Listener::None;
 
     compare<Add, Ours, Bare>("add", toAMillion, nobody, {1.51, 1.42}).bytes = bytes(120, 120);
-    compare<Add, OursRefused, BareRefused>("add/merge-refused", sizes, nobody, {1.51, 1.42});
+    compare<Add, OursRefused, BareRefused>("add/merge-refused", sizes, nobody, {1.55, 1.47});
     compare<Add, OursMerging, BareMerging>("add/merged", toAMillion, nobody, {1.55, 1.47});
     compare<Undo, Ours, Bare>("undo", toAMillion, nobody, {1.64, 1.47}).allocations = none();
     compare<Redo, Ours, Bare>("redo", toAMillion, nobody, {1.62, 1.47}).allocations = none();
