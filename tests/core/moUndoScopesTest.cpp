@@ -380,7 +380,7 @@ TEST_F(MacroScope, LeavesNoMacroOpenIfItCannotBeMade)
     QObject::connect(&state, &moUndoStackState::canUndoChanged, &context, [](bool can) {
         if (!can) throw std::runtime_error("listener");
     });
-    EXPECT_THROW(moMacroScope(stack, "macro"), std::runtime_error);
+    EXPECT_THROW(const moMacroScope macro(stack, "macro"), std::runtime_error);
     EXPECT_EQ(describe(stack), "2 steps, at \"macro\", undo, no redo");
 }
 
