@@ -109,6 +109,18 @@ TEST_F(Allocation, UndoRedoAndResetAllocateNothingWithoutAMessageCallback)
     EXPECT_FALSE(stack.canUndo()) << "the steps were not taken";
 }
 
+TEST_F(Allocation, ACommandTakesNoMemoryForOptionsThatAreTheDefault)
+{
+    SwitchCommand command({}, osg::NullFC, true);
+    const long before = s_allocations;
+    command.setMergeEnabled(true);
+    command.setMergeResponseDelta(moUndoCommand::defaultMergeResponseDelta);
+    command.setChangedCB({});
+    EXPECT_EQ(s_allocations, before);
+    command.setMergeEnabled(false);
+    EXPECT_GT(s_allocations, before) << "nothing was counted";
+}
+
 TEST_F(Allocation, NoMessageIsBuiltWithoutAMessageCallback)
 {
     pushSome();

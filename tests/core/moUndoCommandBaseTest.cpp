@@ -161,6 +161,19 @@ TEST_F(ChangedCallbacks, AreReleasedWithTheirCommand)
     EXPECT_EQ(held.use_count(), 1);
 }
 
+TEST_F(ChangedCallbacks, FireAlsoAfterACommandWhoseOwnWasRemovedIsDestroyed)
+{
+    auto* command = new BareCommand(moUndoString("a", ""), nullptr);
+    command->setChangedCB(note("a"));
+    {
+        BareCommand without(moUndoString("b", ""), nullptr);
+        without.setChangedCB(note("b"));
+        without.setChangedCB({});
+    }
+    stack.add(command);
+    EXPECT_THAT(calls, testing::ElementsAre("a done"));
+}
+
 TEST_F(ChangedCallbacks, ReachAChildThatACallbackAddedWhileTheyFire)
 {
     auto* root = new BareCommand(moUndoString("root", ""), nullptr);

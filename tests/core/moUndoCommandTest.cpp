@@ -236,6 +236,13 @@ TEST_F(MergeInterval, IsKeptWhileMergingIsDisabledAndEnabledAgain)
     }
 }
 
+TEST_F(MergeInterval, CanBeSetBackToTheDefault)
+{
+    later(0.3).setMergeResponseDelta(0.2);
+    newer->setMergeResponseDelta(moUndoCommand::defaultMergeResponseDelta);
+    EXPECT_TRUE(older->canMergeWith(newer.get()));
+}
+
 TEST_F(MergeInterval, AsksTheNewerCommandOnlyWhetherMergingIsEnabled)
 {
     older->setMergeEnabled(false);
@@ -250,14 +257,10 @@ TEST_F(MergeInterval, SlidesWithTheCreationTimeTakenOver)
     EXPECT_FALSE(older->canMergeWith(&later(0.5)));
 }
 
-/// Somebody else's command; mistaken for one of ours it would look willing: merging enabled, made at the very start.
-class ForeignCommand : public QUndoCommand
+/// Somebody else's command; mistaken for one of ours it would look willing: no merge options, made at the very start.
+struct ForeignCommand : QUndoCommand
 {
-public:
-    ForeignCommand() { m_content.fill('\x01'); }
-
-private:
-    std::array<char, 200> m_content;
+    std::array<char, 200> content{};
 };
 
 TEST_F(MergeInterval, RefusesWhatIsNoCommandOfOurs)

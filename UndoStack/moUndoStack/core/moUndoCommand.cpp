@@ -1,5 +1,6 @@
 #include <moUndoStack/core/moUndoCommand.h>
 
+#include <moUndoStack/core/moCommandOptions_p.h>
 #include <moUndoStack/core/moUndoClock_p.h>
 #include <moUndoStack/core/moUndoStack.h>
 
@@ -22,9 +23,12 @@ bool moUndoCommand::canMergeWith(const QUndoCommand* other) const
 {
     if (!other || other->id() != id()) return false;
     const auto* newer = castLike(*this, other);
-    if (!newer || !newer->m_mergeEnabled) return false;
-    if (!(newer->m_mergeResponseDelta >= 0.0)) return true;
-    return m_creationTime > newer->m_creationTime - newer->m_mergeResponseDelta;
+    if (!newer) return false;
+    const Options* const given = newer->m_options.get();
+    if (given && !given->mergeEnabled) return false;
+    const double interval = given ? given->mergeResponseDelta : defaultMergeResponseDelta;
+    if (!(interval >= 0.0)) return true;
+    return m_creationTime > newer->m_creationTime - interval;
 }
 
 int moUndoCommand::makeId(std::type_index type)
@@ -40,10 +44,10 @@ int moUndoCommand::makeId(std::type_index type)
 
 void moUndoCommand::setMergeResponseDelta(const double& seconds)
 {
-    m_mergeResponseDelta = seconds;
+    if (m_options || seconds != defaultMergeResponseDelta) options().mergeResponseDelta = seconds;
 }
 
 void moUndoCommand::setMergeEnabled(bool enabled)
 {
-    m_mergeEnabled = enabled;
+    if (m_options || !enabled) options().mergeEnabled = enabled;
 }

@@ -41,7 +41,8 @@ public:
     /// docs/oddities.md#the-newer-command-decides-or-the-older-composite. False for anything that is no moUndoCommand.
     bool canMergeWith(const QUndoCommand* other) const override;
 
-    /// The id of a class: 1, 2, 3 ... in the order of the first calls, the same until the process ends.
+    /// The id of a class: 1, 2, 3 ... in the order of the first calls, the same until the process ends. The types are
+    /// kept and compared, so a plugin with command classes that have ids must stay loaded.
     static int makeId(std::type_index type);
 
     /// Sets the merge interval in seconds. Negative, or not a number: no limit. 0: never merges.
@@ -68,6 +69,4 @@ protected:
 
 private:
     double m_creationTime;
-    double m_mergeResponseDelta = defaultMergeResponseDelta;
-    bool m_mergeEnabled = true;
 };

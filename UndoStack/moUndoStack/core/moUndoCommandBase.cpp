@@ -1,5 +1,6 @@
 #include <moUndoStack/core/moUndoCommandBase.h>
 
+#include <moUndoStack/core/moCommandOptions_p.h>
 #include <moUndoStack/core/moCommandSort_p.h>
 #include <moUndoStack/core/moStep.h>
 
@@ -16,7 +17,7 @@ moUndoCommandBase::moUndoCommandBase(const moUndoString& text, QUndoCommand* par
 
 moUndoCommandBase::~moUndoCommandBase()
 {
-    if (m_changed) --s_changedCount;
+    if (m_options && m_options->changed) --s_changedCount;
     moCommandSort::forget(this);
 }
 
@@ -37,9 +38,17 @@ QString moUndoCommandBase::getDescription() const
 
 void moUndoCommandBase::setChangedCB(std::function<void(bool)> changed)
 {
-    const bool had = bool(m_changed);
-    m_changed.set(std::move(changed));
-    s_changedCount += int(bool(m_changed)) - int(had);
+    if (!changed && !m_options) return;
+    auto& held = options().changed;
+    const bool had = bool(held);
+    held.set(std::move(changed));
+    s_changedCount += int(bool(held)) - int(had);
+}
+
+moUndoCommandBase::Options& moUndoCommandBase::options()
+{
+    if (!m_options) m_options = std::make_unique<Options>();
+    return *m_options;
 }
 
 void moUndoCommandBase::removeChangedCBs()
@@ -54,7 +63,7 @@ void moUndoCommandBase::removeChangedCBs()
 
 void moUndoCommandBase::callChangedCB(bool done) const
 {
-    moStep::afterwards([this, done] { m_changed(done); });
+    if (m_options) moStep::afterwards([this, done] { m_options->changed(done); });
     for (int i = 0; i < childCount(); ++i) {
         if (const auto* command = dynamic_cast<const moUndoCommandBase*>(child(i))) command->callChangedCB(done);
     }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moUndoStackExport.h>
 
 #include <QUndoCommand>
 #include <QtCore/QString>
 
 #include <functional>
+#include <memory>
 
 class moMessage;
 class moUndoString;
@@ -46,16 +46,21 @@ public:
 
 private:
     friend class moMultiCommand;
+    friend class moUndoCommand;
     friend class moUndoStack;
+    struct Options;
 
     void callChangedCB(bool done) const;
     void removeChangedCBs();
+
+    /// Makes them if there are none yet.
+    Options& options();
 
     /// How many commands have a changed callback. With none, a step skips the search for callbacks: the dynamic_cast
     /// alone takes 240 instructions, a fifth of an undo.
     Q_DECL_HIDDEN static int s_changedCount;
 
     QUndoCommand* m_parent;
-    moUndoDetail::HeldFunction<void(bool)> m_changed;
+    std::unique_ptr<Options> m_options; ///< null: all are the default
     QString m_description;
 };

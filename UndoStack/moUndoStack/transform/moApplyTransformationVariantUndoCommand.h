@@ -1,5 +1,6 @@
 #pragma once
 
+#include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/core/moUndoCommand.h>
 #include <moUndoStack/core/moUndoStackExport.h>
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <moUndoStack/core/moHeldFunction.h>
 #include <moUndoStack/transform/moTransformUndoCommand.h>
 
 #include <QtCore/QCoreApplication>
