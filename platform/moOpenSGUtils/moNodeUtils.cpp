@@ -281,29 +281,23 @@ void setTransformNodeValues(const osg::NodePtr& node, const osg::Vec3f& translat
 {
     const osg::Transform3DPtr transform = getTransform3D(node, variantIndex);
     if (transform == osg::NullFC) return;
-    const struct
-    {
-        const moTransformComponent& component;
-        osg::Vec3f value;
-    } values[] = {{component::translation, translation},
-                  {component::rotationOrientation, rotationOrientation},
-                  {component::rotation, rotation},
-                  {component::rotatePivot, rotatePivot},
-                  {component::rotatePivotTranslation, rotatePivotTranslation},
-                  {component::scale, scale},
-                  {component::scalePivot, scalePivot},
-                  {component::scalePivotTranslation, scalePivotTranslation},
-                  {component::rotationDirection, rotationDirection}};
-    osg::BitVector mask =
-        Base::RotationModeFieldMask | Base::EulerRotationOrderFieldMask | Base::RotationDirectionModeFieldMask;
-    for (const auto& [component, value] : values)
-        mask |= component.mask;
-
+    constexpr osg::BitVector mask =
+        Base::TranslationFieldMask | Base::EulerRotationOrientationFieldMask | Base::EulerRotationFieldMask |
+        Base::RotatePivotFieldMask | Base::RotatePivotTranslationFieldMask | Base::ScaleFieldMask |
+        Base::ScalePivotFieldMask | Base::ScalePivotTranslationFieldMask | Base::RotationModeFieldMask |
+        Base::EulerRotationOrderFieldMask | Base::RotationDirectionFieldMask | Base::RotationDirectionModeFieldMask;
     const Edit edit(transform, mask);
-    for (const auto& [component, value] : values)
-        component.set(transform, value);
+    transform->setTranslation(translation);
+    transform->setEulerRotationOrientation(rotationOrientation);
+    transform->setEulerRotation(rotation);
+    transform->setRotatePivot(rotatePivot);
+    transform->setRotatePivotTranslation(rotatePivotTranslation);
+    transform->setScale(scale);
+    transform->setScalePivot(scalePivot);
+    transform->setScalePivotTranslation(scalePivotTranslation);
     transform->setRotationMode(rotationMode);
     transform->setEulerRotationOrder(eulerRotationOrder);
+    transform->setRotationDirection(rotationDirection);
     transform->setRotationDirectionMode(rotationDirectionMode);
 
     osg::Vec3f direction;
