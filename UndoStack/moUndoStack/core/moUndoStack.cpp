@@ -578,7 +578,7 @@ void moUndoStack::indexChanged(int i)
 {
     const bool forward = m_lastIndex <= i;
     m_lastIndex = i;
-    if (m_isHeard || moUndoCommandBase::s_changedCount > 0)
+    if (m_isHeard || moUndoCommandBase::anyHasChangedCB())
         report(i, forward);
     else
         m_calls->settle();
@@ -621,7 +621,7 @@ void moUndoStack::sendMessage(const QUndoCommand* command, const char* name, int
 
 void moUndoStack::callChangedCB(const QUndoCommand* command, bool done)
 {
-    if (moUndoCommandBase::s_changedCount == 0 || !command) return;
+    if (!moUndoCommandBase::anyHasChangedCB() || !command) return;
     if (moCommandSort::of(*command) == moCommandSort::Foreign) return;
     static_cast<const moUndoCommandBase*>(command)->callChangedCB(done);
 }
